@@ -1,0 +1,28 @@
+# What every target of this project is compiled with, on one interface target.
+add_library(nira_compiler INTERFACE)
+if(MSVC)
+  target_compile_options(nira_compiler INTERFACE /W4 /WX /utf-8 /permissive-)
+else()
+  target_compile_options(nira_compiler INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+endif()
+target_compile_definitions(nira_compiler INTERFACE
+  QT_NO_CAST_FROM_BYTEARRAY QT_NO_FOREACH QT_NO_KEYWORDS QT_USE_QSTRINGBUILDER)
+
+if(NIRA_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+# lld links the test programs several times as fast as the default linker.
+find_program(NIRA_LLD ld.lld)
+if(NIRA_LLD AND CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+  add_link_options(-fuse-ld=lld)
+endif()
+
+# A lean precompiled header: the Qt headers that most files use, nothing of our own.
+function(nira_precompile target)
+  if(NIRA_PCH)
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+  endif()
+endfunction()

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+namespace nira {
+
+enum class Icon { None, Information, Question, Exclamation, Critical };
+enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel, RetryCancel };
+enum class Answer { Ok, Cancel, Yes, No, Retry };
+
+/// Everything that is asked of the operator or told to him goes through here. Texts are plain: what
+/// a file or a device sent is never taken as markup.
+class Prompts {
+ public:
+  virtual ~Prompts() = default;
+
+  /// Shows a text and waits for a button. An empty title is the program's own.
+  virtual Answer MsgBox(const QString& text, Buttons buttons, Icon icon,
+                        const QString& title = {}) = 0;
+
+  /// Asks for a line of text; none when the operator cancelled.
+  virtual std::optional<QString> InputBox(const QString& prompt, const QString& preset) = 0;
+};
+
+}  // namespace nira

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QSet>
+#include <QString>
+
+#include <string_view>
+
+namespace nira {
+
+/// Writes the tool's files: the new content replaces the old one at once, or not at all.
+class FileWriter {
+ public:
+  enum class Backup { No, Yes };
+
+  /// Replaces the file by `bytes`. With `Backup::Yes` the first replacing of a file in this run
+  /// keeps what stood there beside it, under its name with ".bak" added. Returns the system's
+  /// reason when it failed (the old file is whole then), empty when it succeeded.
+  QString Write(const QString& path, std::string_view bytes, Backup backup);
+
+ private:
+  QString KeepOld(const QString& path);
+
+  QSet<QString> kept_;
+};
+
+}  // namespace nira

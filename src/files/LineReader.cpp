@@ -1,0 +1,72 @@
+#include "files/LineReader.h"
+
+#include <QFileInfo>
+
+#include <cstring>
+
+namespace nira {
+
+namespace {
+
+constexpr std::size_t chunk = 4 * LineReader::MaxLine;
+
+}  // namespace
+
+LineReader::LineReader(const QString& path) : file_(path) {
+  const QFileInfo info(path);
+  if (info.exists() && !info.isFile()) {  // a pipe or a device could keep the reader for ever
+    error_ = QStringLiteral("is not a file");
+  } else if (!file_.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+    error_ = file_.errorString();
+  }
+  fileDone_ = !error_.isEmpty();
+}
+
+bool LineReader::Refill() {
+  if (fileDone_) return false;
+  if (buffer_.empty()) buffer_.resize(chunk);
+  std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);
+  end_ -= begin_;
+  begin_ = 0;
+  const qint64 got = file_.read(buffer_.data() + end_, static_cast<qint64>(chunk - end_));
+  if (got < 0) error_ = file_.errorString();
+  if (got <= 0) {
+    fileDone_ = true;
+    return false;
+  }
+  end_ += static_cast<std::size_t>(got);
+  return true;
+}
+
+bool LineReader::AtEnd() {
+  return begin_ == end_ && !Refill();
+}
+
+std::optional<std::string_view> LineReader::Next() {
+  if (overlong_ || AtEnd()) return std::nullopt;
+  std::size_t searched = 0;
+  std::size_t length = 0;
+  while (true) {
+    const char* start = buffer_.data() + begin_;
+    const std::size_t waiting = end_ - begin_;
+    const void* found = std::memchr(start + searched, '\n', waiting - searched);
+    if (found != nullptr) {
+      length = static_cast<std::size_t>(static_cast<const char*>(found) - start);
+      break;
+    }
+    searched = waiting;
+    length = waiting;
+    if (waiting > MaxLine || !Refill()) break;
+  }
+  std::string_view line(buffer_.data() + begin_, length);
+  begin_ += std::min(length + 1, end_ - begin_);
+  ++lineNumber_;
+  if (line.size() > MaxLine) {
+    overlong_ = true;
+    line = line.substr(0, MaxLine);
+  }
+  if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+  return line;
+}
+
+}  // namespace nira

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QFile>
+#include <QString>
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace nira {
+
+/// Reads a text file line by line in bounded memory. A line ends with CR LF or LF; the last one may
+/// end with the file. A line of more than `MaxLine` bytes ends the reading with `Overlong`.
+class LineReader {
+ public:
+  static constexpr std::size_t MaxLine = 65536;
+
+  /// Opens the file; `Error` says why when that failed (a folder cannot be read either).
+  explicit LineReader(const QString& path);
+
+  bool IsOpen() const { return error_.isEmpty(); }
+  /// The system's reason for a failed opening or reading; empty while all is well.
+  const QString& Error() const { return error_; }
+
+  /// The next line without its end, valid until the next call; none at the end of the file.
+  std::optional<std::string_view> Next();
+
+  bool AtEnd();
+  bool Overlong() const { return overlong_; }
+  /// Number of the line that `Next` returned last, from 1.
+  int LineNumber() const { return lineNumber_; }
+
+ private:
+  bool Refill();
+
+  QFile file_;
+  QString error_;
+  std::string buffer_;
+  std::size_t begin_ = 0;  // of what is not yet returned
+  std::size_t end_ = 0;
+  bool fileDone_ = false;
+  bool overlong_ = false;
+  int lineNumber_ = 0;
+};
+
+}  // namespace nira
