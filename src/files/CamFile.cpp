@@ -56,12 +56,16 @@ LoadResult CamFile::Read(LineReader& lines) {
   if (!good) {
     const std::string& line =
         functions.Line().empty() && lines.LineNumber() == 1 ? header : functions.Line();
-    return BadFile(lines.LineNumber(), line);
+    LoadResult result = BadFile(lines.LineNumber(), line);
+    result.cutOff = functions.CutOff();
+    return result;
   }
 
   SizeBlockReader sizes(program_, lines);
   std::string line = functions.Line();
-  int size = 0;  // no size line yet: a phase there belongs to no size
+  LoadResult result;
+  result.cutOff = true;  // until the last line is met
+  int size = 0;          // no size line yet: a phase there belongs to no size
   while (!lines.AtEnd()) {
     if (line.find(sizeWords) != std::string::npos) {
       size = static_cast<int>(NumericValue(Tail(line, 2)));
@@ -71,11 +75,12 @@ LoadResult CamFile::Read(LineReader& lines) {
     if (stop == SizeBlockReader::Stop::BadLine) return BadFile(lines.LineNumber(), sizes.Line());
     if (stop == SizeBlockReader::Stop::EndOfFile) break;
     line = sizes.Line();
-    if (line.find("END") != std::string::npos) break;
+    result.cutOff = line.find("END") == std::string::npos;
+    if (!result.cutOff) break;
   }
   // A medium that fails in the middle is no whole program: the last line read is the fault.
   if (!lines.Error().isEmpty()) return BadFile(lines.LineNumber(), lines.Error().toStdString());
-  return {};
+  return result;
 }
 
 LoadResult CamFile::CheckCounts(const std::string& header) {

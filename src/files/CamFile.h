@@ -23,6 +23,8 @@ struct LoadResult {
   Outcome outcome = Outcome::Loaded;
   int line = 0;  ///< number of the offending line, from 1; 0 when there is none
   QString text;  ///< the offending line
+  /// The file ends too early: after that line, or, when it was loaded, without its line "END".
+  bool cutOff = false;
   bool Refused() const { return outcome != Outcome::Loaded && outcome != Outcome::Missing; }
 };
 

@@ -8,20 +8,31 @@ namespace nira {
 
 namespace {
 
+/// Writes unbuffered and piece by piece: QSaveFile's own buffer would be flushed by `commit`, which
+/// renames also when the disk was full, and a large write may come back short without an error.
+/// The reason of a failure must be read before anything else is done with the file.
+bool WriteAll(QSaveFile& file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const qint64 written = file.write(bytes.data(), static_cast<qint64>(bytes.size()));
+    if (written <= 0) return false;
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return true;
+}
+
 QString Replace(const QString& path, std::string_view bytes) {
   QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly)) return file.errorString();
-  const auto size = static_cast<qint64>(bytes.size());
-  const bool written = file.write(bytes.data(), size) == size;
-  // After a failed write `commit` discards and its own error says nothing of the cause.
-  const QString reason = written ? QString() : file.errorString();
-  if (file.commit()) return {};
-  return reason.isEmpty() ? file.errorString() : reason;
+  if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return file.errorString();
+  if (!WriteAll(file, bytes)) return file.errorString();
+  return file.commit() ? QString() : file.errorString();
 }
 
 }  // namespace
 
 QString FileWriter::Write(const QString& path, std::string_view bytes, Backup backup) {
+  // A device, a pipe or a folder is not replaced by a file.
+  const QFileInfo target(path);
+  if (target.exists() && !target.isFile()) return QStringLiteral("is not a file");
   if (backup == Backup::Yes) {
     const QString reason = KeepOld(path);
     if (!reason.isEmpty()) return reason;
@@ -37,10 +48,12 @@ QString FileWriter::KeepOld(const QString& path) {
   QFile old(path);
   if (!old.open(QIODevice::ReadOnly)) return old.errorString();
   QSaveFile copy(path + QStringLiteral(".bak"));
-  if (!copy.open(QIODevice::WriteOnly)) return copy.errorString();
+  if (!copy.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return copy.errorString();
   while (!old.atEnd()) {
     const QByteArray piece = old.read(1 << 20);
-    if (piece.isEmpty() || copy.write(piece) != piece.size()) break;
+    if (piece.isEmpty()) break;
+    const std::string_view bytes(piece.constData(), static_cast<std::size_t>(piece.size()));
+    if (!WriteAll(copy, bytes)) return copy.errorString();
   }
   if (old.error() != QFileDevice::NoError) return old.errorString();
   if (!old.atEnd()) return copy.errorString();

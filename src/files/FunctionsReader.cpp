@@ -17,7 +17,8 @@ bool FunctionsReader::Read() {
 
 bool FunctionsReader::NextLine() {
   const auto line = lines_.Next();
-  if (!line) return false;
+  cutOff_ = !line;
+  if (cutOff_) return false;
   line_ = *line;
   return !lines_.Overlong();
 }
@@ -44,8 +45,9 @@ bool FunctionsReader::Advances() {
     block_.AdvanceOn = 1;
     return true;
   }
+  if (!Has("OFF")) return false;
   block_.AdvanceOn = 0;
-  return Has("OFF");
+  return true;
 }
 
 bool FunctionsReader::AdvanceEntries() {
@@ -68,8 +70,9 @@ bool FunctionsReader::Delays() {
     block_.DelayOn = 1;
     return true;
   }
+  if (!Has("OFF")) return false;
   block_.DelayOn = 0;
-  return Has("OFF");
+  return true;
 }
 
 bool FunctionsReader::Ratios() {
@@ -78,8 +81,9 @@ bool FunctionsReader::Ratios() {
     block_.Ratio25On = 1;
     return true;
   }
+  if (!Has("OFF")) return false;
   block_.Ratio25On = 0;
-  return Has("OFF");
+  return true;
 }
 
 }  // namespace nira

@@ -22,6 +22,9 @@ class FunctionsReader {
   /// The line read last: after a failure the offending one, or the one before the file's end.
   const std::string& Line() const { return line_; }
 
+  /// True when the file ended where a line was wanted.
+  bool CutOff() const { return cutOff_; }
+
  private:
   bool NextLine();
   bool Section(std::string_view keyword);
@@ -38,6 +41,7 @@ class FunctionsReader {
   FunctionsBlock& block_;
   int numCams_;
   std::string line_;
+  bool cutOff_ = false;
 };
 
 }  // namespace nira

@@ -56,16 +56,16 @@ std::optional<std::string_view> LineReader::Next() {
     }
     searched = waiting;
     length = waiting;
-    if (waiting > MaxLine || !Refill()) break;
+    if (waiting > MaxLine + 1 || !Refill()) break;
   }
   std::string_view line(buffer_.data() + begin_, length);
   begin_ += std::min(length + 1, end_ - begin_);
   ++lineNumber_;
+  if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
   if (line.size() > MaxLine) {
     overlong_ = true;
     line = line.substr(0, MaxLine);
   }
-  if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
   return line;
 }
 

@@ -18,15 +18,23 @@ bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
-/// True for " 350 010", the form in which phases are written.
-bool IsPlainPhase(std::string_view line) {
-  return line.size() == 8 && line[4] == ' ' && IsDigit(line[1]) && IsDigit(line[2]) &&
-         IsDigit(line[3]) && IsDigit(line[5]) && IsDigit(line[6]) && IsDigit(line[7]);
-}
-
 int PlainDegree(std::string_view line, std::size_t position) {
   return (line[position] - '0') * 100 + (line[position + 1] - '0') * 10 +
          (line[position + 2] - '0');
+}
+
+/// Characters of " 350 010", the form in which phases are written.
+constexpr std::size_t plainLength = 8;
+
+/// Length of the phase line in that form at the start of `bytes`, its end included; 0 when there
+/// is none.
+std::size_t PlainPhaseBytes(std::string_view bytes) {
+  if (bytes.size() < plainLength + 2 || bytes[0] != ' ' || bytes[4] != ' ') return 0;
+  for (const std::size_t i : {1U, 2U, 3U, 5U, 6U, 7U}) {
+    if (!IsDigit(bytes[i])) return 0;
+  }
+  if (bytes[plainLength] == '\n') return plainLength + 1;
+  return bytes[plainLength] == '\r' && bytes[plainLength + 1] == '\n' ? plainLength + 2 : 0;
 }
 
 }  // namespace
@@ -41,17 +49,22 @@ SizeBlockReader::Stop SizeBlockReader::SkipSizeBlock() {
 
 SizeBlockReader::Stop SizeBlockReader::Read(int size, bool skip) {
   while (true) {
-    auto line = lines_.Next();
-    if (!line) return Stop::EndOfFile;
-    if (line->empty() && !lines_.AtEnd()) line = lines_.Next();
+    const std::string_view waiting = lines_.Waiting();
+    const std::size_t plain = PlainPhaseBytes(waiting);
+    if (plain > 0) lines_.TakeLine(plain);
+    std::optional<std::string_view> line =
+        plain > 0 ? waiting.substr(0, plainLength) : lines_.Next();
+    if (line && line->empty() && !lines_.AtEnd()) line = lines_.Next();
     if (!line) return Stop::EndOfFile;
     try {
+      if (plain > 0) {
+        if (!skip) program_.SetPhase(size, cam_, PlainDegree(*line, 1), PlainDegree(*line, 5));
+        continue;
+      }
       if (lines_.Overlong()) throw IndexError("line length");
       const char first = line->empty() ? '\0' : line->front();
       if (first == 'C') {
         if (!skip) TakeCamLine(*line);
-      } else if (first == ' ' && IsPlainPhase(*line)) {
-        if (!skip) TakePhaseLine(*line, size);
       } else if (line->find("FORMATO N. ") != std::string_view::npos || *line == "END") {
         line_ = *line;
         return Stop::SizeOrEnd;
@@ -75,12 +88,8 @@ void SizeBlockReader::TakeCamLine(std::string_view line) {
 }
 
 void SizeBlockReader::TakePhaseLine(std::string_view line, int size) {
-  if (IsPlainPhase(line)) {
-    program_.SetPhase(size, cam_, PlainDegree(line, 1), PlainDegree(line, 5));
-  } else {
-    constexpr std::size_t width = PhaseList::EntryWidth + 1;
-    program_.SetPhase(size, cam_, Index(line.substr(0, width)), Index(Tail(line, width)));
-  }
+  constexpr std::size_t width = PhaseList::EntryWidth + 1;
+  program_.SetPhase(size, cam_, Index(line.substr(0, width)), Index(Tail(line, width)));
 }
 
 }  // namespace nira

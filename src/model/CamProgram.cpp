@@ -51,6 +51,7 @@ void CamProgram::SetLimits(int sizes, int cams, int messages) {
   if (sizes < 1 || sizes > MaxSizes) Outside("number of sizes", sizes);
   if (cams < 1 || cams > MaxCams) Outside("number of cams", cams);
   if (messages < 1 || messages > MaxMessages) Outside("number of messages", messages);
+  if (sizes != numSizes_ || cams != numCams_) ++revision_;
   numSizes_ = sizes;
   numCams_ = cams;
   numMessages_ = messages;
@@ -67,15 +68,19 @@ void CamProgram::DimensionModel() {
   }
 }
 
-void CamProgram::ClearStore() {
-  std::fill(map_.begin(), map_.end(), CamRow{});
+void CamProgram::Empty(CamRow& row) {
+  if (row == CamRow{}) return;
+  row.fill(0);
   ++revision_;
+}
+
+void CamProgram::ClearStore() {
+  for (CamRow& row : map_) Empty(row);
 }
 
 void CamProgram::ClearSize(int size) {
   CheckSize(size);
-  for (int cam = 0; cam < numCams_; ++cam) Row(size, cam).fill(0);
-  ++revision_;
+  for (int cam = 0; cam < numCams_; ++cam) Empty(Row(size, cam));
 }
 
 void CamProgram::ClearAllSizes() {
@@ -83,13 +88,18 @@ void CamProgram::ClearAllSizes() {
 }
 
 void CamProgram::ClearFunctions() {
-  functions_.Clear();
+  FunctionsBlock block = functions_;
+  block.Clear();
+  if (block == functions_) return;
+  functions_ = block;
   ++revision_;
 }
 
 void CamProgram::ClearCamLabels() {
-  for (QString& text : camText_) text.clear();
-  ++revision_;
+  for (QString& text : camText_) {
+    if (!text.isEmpty()) ++revision_;
+    text.clear();
+  }
 }
 
 void CamProgram::ResetProgram() {
@@ -105,16 +115,20 @@ void CamProgram::SetPhase(int size, int cam, int on, int off) {
   CheckDegree(on);
   CheckDegree(off);
   bool changed = false;
-  if (off > on) {
+  if (off >= on) {
     changed = Fill(row, on, off, 1);
-  } else if (off < on) {
+    changed |= CutForward(row, off);
+    changed |= CutBackward(row, on - 1);
+  } else {
+    const CamRow before = row;
     // The OFF degree is written as well and cut again below, and with it a run that begins one
     // degree after it: across the end of the cycle a phase needs a gap of two degrees.
-    if (off > 0) changed = Fill(row, 0, off + 1, 1);
-    changed |= Fill(row, on, Degrees, 1);
+    if (off > 0) Fill(row, 0, off + 1, 1);
+    Fill(row, on, Degrees, 1);
+    CutForward(row, off);
+    CutBackward(row, on - 1);
+    changed = row != before;
   }
-  changed |= CutForward(row, off);
-  changed |= CutBackward(row, on - 1);
   if (changed) ++revision_;
 }
 

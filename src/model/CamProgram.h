@@ -97,6 +97,7 @@ class CamProgram {
   void CheckSize(int size) const;
   void CheckCam(int cam) const;
   void ClearStore();
+  void Empty(CamRow& row);  // counted as a change only when there was something
 
   int numSizes_ = 22;
   int numCams_ = 32;

@@ -47,7 +47,10 @@ double Val(std::string_view text) {
   if (first != last && *first == '+') ++first;
   double value = 0;
   const auto [end, error] = std::from_chars(first, last, value, std::chars_format::fixed);
-  if (error == std::errc::result_out_of_range) return number.front() == '-' ? -1e300 : 1e300;
+  if (error == std::errc::result_out_of_range) {
+    if (number.find_first_of("123456789") > number.find('.')) return 0;
+    return number.front() == '-' ? -1e300 : 1e300;
+  }
   return error == std::errc() ? value : 0;
 }
 
