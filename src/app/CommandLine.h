@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QStringList>
+#include <QTextStream>
+
+namespace nira {
+
+/// Runs kplctl with its command line (the program's name first) and returns the exit status: that
+/// of the command, or 2 when the command line is not understood.
+int RunKplctl(const QStringList& arguments, QTextStream& out, QTextStream& err);
+
+}  // namespace nira

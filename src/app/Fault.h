@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+namespace nira {
+
+/// What is wrong with a file, and where.
+struct Fault {
+  int line = 0;  ///< from 1; 0 when it concerns the file as a whole
+  QString text;
+};
+
+}  // namespace nira

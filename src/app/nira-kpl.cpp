@@ -1,0 +1,87 @@
+#include "dialogs/QtPrompts.h"
+#include "editor/MainWindow.h"
+#include "files/OptionsFile.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QStandardPaths>
+
+namespace {
+
+using namespace nira;
+
+QString UsersFolder() {
+  const QString path = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
+  QDir().mkpath(path);
+  return path;
+}
+
+/// The text that a second instance shows comes from the script, which is not read yet; without one
+/// it is the built-in one.
+QString AlreadyRunningText(Instance& instance) {
+  OptionsFile(instance.Folder, instance.Settings, instance.Ask, instance.Writer).ReadQuietly();
+  MessageTable texts;
+  texts.Read(instance.Folder.Find(instance.Settings.ScriptFile));
+  const QString& text = texts.Text(TextNumber::AlreadyRunning);
+  return text.isEmpty() ? QStringLiteral("PROGRAMMA GIA' IN ESECUZIONE") : text;
+}
+
+/// The cam file of the command line, absolute, without the quotes that a shell may have left on it.
+QString StartFile(const QStringList& arguments) {
+  if (arguments.isEmpty()) return {};
+  QString path = arguments.constFirst();
+  if (path.size() > 1 && path.startsWith(u'"') && path.endsWith(u'"')) {
+    path = path.mid(1, path.size() - 2);
+  }
+  return path.isEmpty() ? path : QFileInfo(path).absoluteFilePath();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  // The menus stay in the window, under the operator's finger; looking for a desktop's own menu bar
+  // would cost a tenth of the start.
+  QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
+  QApplication::setStyle(QStringLiteral("Fusion"));
+  QApplication app(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("nira-kpl"));
+  QApplication::setApplicationVersion(QStringLiteral(NIRA_VERSION));
+
+  QCommandLineParser parser;
+  parser.setApplicationDescription(
+      QStringLiteral("Programs electronic cam programmers: phases, files, transfer."));
+  parser.addHelpOption();
+  parser.addVersionOption();
+  parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("Cam file to open."),
+                               QStringLiteral("[file.cam]"));
+  parser.process(app);
+  const QString startFile = StartFile(parser.positionalArguments());
+
+  const QString usersFolder = UsersFolder();
+  QDir::setCurrent(StartFolder(QDir::currentPath()));
+  const WorkingFolder folder =
+      WorkingFolder::Choose(QDir::currentPath(), usersFolder,
+                            WorkingFolder::InstalledScripts(QApplication::applicationDirPath()));
+  CamProgram program;
+  Globals settings;
+  MessageTable texts;
+  FileWriter writer;
+  QtPrompts prompts;
+  clsCommonDialog dialog;
+  Instance instance{program, settings, texts, writer, folder, prompts, dialog};
+
+  QLockFile lock(QDir(usersFolder).filePath(QStringLiteral("nira-kpl.lock")));
+  lock.setStaleLockTime(0);  // held as long as its process lives, whatever the clock says
+  if (!lock.tryLock() && lock.error() == QLockFile::LockFailedError) {
+    prompts.MsgBox(AlreadyRunningText(instance), Buttons::Ok, Icon::Exclamation, {});
+    return 1;
+  }
+
+  MainWindow window(instance);
+  if (!window.Form_Load(startFile)) return 1;
+  window.show();
+  return QApplication::exec();
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "dialogs/Prompts.h"
+#include "files/MessageTable.h"
+
+#include <QDialog>
+#include <QStringList>
+
+#include <optional>
+
+namespace nira {
+
+/// What the program is, its version, and a button for the platform's system information tool.
+class About : public QDialog {
+  Q_OBJECT
+
+ public:
+  About(const MessageTable& texts, Prompts& prompts, QWidget* parent);
+
+  /// Starts the first of `tools` that this machine has; tells the operator when it has none.
+  void ShowSystemInformation(const QStringList& tools);
+
+  /// Programs that show what a machine is made of, the usual ones of this platform.
+  static QStringList SystemTools();
+
+ private:
+  const MessageTable& texts_;
+  Prompts& prompts_;
+};
+
+}  // namespace nira

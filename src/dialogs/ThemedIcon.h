@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QIcon>
+#include <QPalette>
+#include <QString>
+
+namespace nira {
+
+/// A picture of the resources ("open" is icons/open.svg) with its lines in the palette's text
+/// colour, so that it reads on light and dark themes.
+QIcon ThemedIcon(const QString& name, const QPalette& palette);
+
+}  // namespace nira

@@ -1,0 +1,92 @@
+#include "dialogs/clsCommonDialog.h"
+
+#include <QColorDialog>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFontDialog>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QUrl>
+
+namespace nira {
+
+QStringList NameFilters(const QString& filter) {
+  const QStringList parts = filter.split(u'|');
+  QStringList filters;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+    const QString& pattern = parts.at(i + 1);
+    QString patterns = QStringLiteral("*");
+    if (pattern != QLatin1String("*.*")) {
+      patterns = pattern.toLower() + u' ' + pattern.toUpper();
+    }
+    filters.append(parts.at(i) + QStringLiteral(" (") + patterns + u')');
+  }
+  return filters;
+}
+
+clsCommonDialog::clsCommonDialog() = default;
+clsCommonDialog::~clsCommonDialog() = default;
+
+QString clsCommonDialog::FileTitle() const {
+  return QFileInfo(FileName).fileName();
+}
+
+QPrinter& clsCommonDialog::Printer() {
+  if (!printer_) printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  return *printer_;
+}
+
+bool clsCommonDialog::ShowOpen(QWidget* parent) {
+  return ShowFile(parent, false);
+}
+
+bool clsCommonDialog::ShowSave(QWidget* parent) {
+  return ShowFile(parent, true);
+}
+
+bool clsCommonDialog::ShowFile(QWidget* parent, bool save) {
+  QFileDialog dialog(parent, DialogTitle);
+  dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  const bool mustExist = (Flags & FileMustExist) != 0;
+  dialog.setFileMode(mustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+  dialog.setOption(QFileDialog::DontConfirmOverwrite, (Flags & OverwritePrompt) == 0);
+  dialog.setOption(QFileDialog::HideNameFilterDetails);
+  dialog.setNameFilters(NameFilters(Filter));
+  if (!FileName.isEmpty()) {
+    dialog.setDirectory(QFileInfo(FileName).absolutePath());
+    dialog.selectFile(QFileInfo(FileName).fileName());
+  } else if (!InitDir.isEmpty()) {
+    dialog.setDirectory(InitDir);
+  }
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return false;
+  FileName = dialog.selectedFiles().constFirst();
+  InitDir = QFileInfo(FileName).absolutePath();
+  return true;
+}
+
+bool clsCommonDialog::ShowColor(QWidget* parent) {
+  const QColor chosen = QColorDialog::getColor(Color, parent, DialogTitle);
+  if (!chosen.isValid()) return false;
+  Color = chosen;
+  return true;
+}
+
+bool clsCommonDialog::ShowFont(QWidget* parent) {
+  bool ok = false;
+  const QFont chosen = QFontDialog::getFont(&ok, Font, parent, DialogTitle);
+  if (ok) Font = chosen;
+  return ok;
+}
+
+bool clsCommonDialog::ShowPrinter(QWidget* parent) {
+  QPrintDialog dialog(&Printer(), parent);
+  if (!DialogTitle.isEmpty()) dialog.setWindowTitle(DialogTitle);
+  return dialog.exec() == QDialog::Accepted;
+}
+
+bool clsCommonDialog::ShowHelp(QWidget*) {
+  return QFileInfo::exists(HelpFile) && QDesktopServices::openUrl(QUrl::fromLocalFile(HelpFile));
+}
+
+}  // namespace nira

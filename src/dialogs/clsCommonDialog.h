@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QString>
+#include <QWidget>
+
+#include <memory>
+
+class QPrinter;
+
+namespace nira {
+
+/// The platform's common dialogs. Set the properties, call a `Show...`, read the properties: on
+/// Cancel they stand as they were, so an empty `FileName` comes back empty and a preset one as it
+/// was. Each `Show...` returns true when the operator confirmed.
+class clsCommonDialog {
+ public:
+  /// Values of `Flags` (the bits of the platform's own dialogs); others have no counterpart.
+  static constexpr int OverwritePrompt = 2;
+  static constexpr int PathMustExist = 2048;
+  static constexpr int FileMustExist = 4096;
+
+  clsCommonDialog();
+  virtual ~clsCommonDialog();
+  clsCommonDialog(const clsCommonDialog&) = delete;
+  clsCommonDialog& operator=(const clsCommonDialog&) = delete;
+
+  virtual bool ShowOpen(QWidget* parent);
+  virtual bool ShowSave(QWidget* parent);
+  virtual bool ShowColor(QWidget* parent);
+  virtual bool ShowFont(QWidget* parent);
+  virtual bool ShowPrinter(QWidget* parent);
+  /// Opens `HelpFile` with the platform's own reader.
+  virtual bool ShowHelp(QWidget* parent);
+
+  QString DialogTitle;
+  QString Filter;  ///< "label|pattern|label|pattern"
+  int Flags = 0;
+  QString FileName;  ///< path
+  QString InitDir;   ///< where the file dialogs start while `FileName` is empty
+  QColor Color = Qt::black;
+  QFont Font;
+  QString HelpFile;
+
+  /// `FileName` without folders.
+  QString FileTitle() const;
+
+  /// The printer of this run, made at its first use.
+  QPrinter& Printer();
+
+ private:
+  bool ShowFile(QWidget* parent, bool save);
+
+  std::unique_ptr<QPrinter> printer_;
+};
+
+/// A filter in the form of `Filter` as the list of name filters that Qt's dialogs take: names match
+/// in either case, and "*.*" stands for every file.
+QStringList NameFilters(const QString& filter);
+
+}  // namespace nira

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QLabel>
+
+namespace nira {
+
+/// A label of one cam that answers to the left mouse button. A text that is too long for its place
+/// ends in an ellipsis and is shown whole by its tooltip.
+class CamLabel : public QLabel {
+  Q_OBJECT
+
+ public:
+  explicit CamLabel(QWidget* parent);
+
+  void ShowText(const QString& text);
+
+ Q_SIGNALS:
+  void Click();
+  void DblClick();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+};
+
+}  // namespace nira

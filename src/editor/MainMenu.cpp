@@ -1,0 +1,130 @@
+#include "editor/MainMenu.h"
+
+#include <array>
+
+namespace nira {
+
+namespace {
+
+enum class State { On, Off };  // Off: its work is not built yet, or it waits for its moment
+
+struct Entry {
+  const char* name;  // null: a separator
+  const char* caption;
+  State state = State::On;
+  QKeySequence::StandardKey key = QKeySequence::UnknownKey;
+};
+
+constexpr Entry separator{nullptr, nullptr};
+
+constexpr std::array fileEntries = {
+    Entry{"f_newp", "&New", State::On, QKeySequence::New},
+    Entry{"f_open", "&Open", State::On, QKeySequence::Open},
+    Entry{"f_S", "&Save", State::On, QKeySequence::Save},
+    Entry{"f_save", "Save &As ..", State::On},
+    separator,
+    Entry{"f_New", "S&el Programmer", State::On},
+    separator,
+    Entry{"f_SelPr", "Se&lect Printer", State::Off},
+    Entry{"Pr_size", "&Print", State::Off},
+    separator,
+    Entry{"F_quit", "&Exit", State::On, QKeySequence::Quit},
+};
+
+constexpr std::array sizesEntries = {
+    Entry{"s_sel", "Se&lect Size", State::Off},
+    Entry{"O_Copy", "Copy &Size", State::Off},
+    Entry{"s_Clr", "&Erase Size", State::Off},
+    Entry{"S_Imp", "&Import Size", State::Off},
+    separator,
+    Entry{"O_CopyC", "Cop&y Cam", State::Off},
+    Entry{"o_Shc", "S&hift Cam", State::Off},
+    Entry{"O_ClC", "E&rase Cam", State::Off},
+    Entry{"o_MODC", "&Modify Cam", State::On},
+    Entry{"o_Undo", "&Undo", State::Off},
+    separator,
+    Entry{"Fu_Set", "Fu&nctions", State::Off},
+    Entry{"Al_Msg", "&Messages", State::Off},
+};
+
+constexpr std::array communicEntries = {
+    Entry{"Tr_Siz", "Size &Transmit", State::Off},
+    Entry{"Rc_Siz", "Size &Receive", State::Off},
+    Entry{"Msg_Trans", "&Alarm Msg Transmit", State::Off},
+    Entry{"Msg_Rec", "Alarm &Msg Receive", State::Off},
+    Entry{"Upd_Flash", "&Update FLASH", State::Off},
+};
+
+constexpr std::array optionsEntries = {
+    Entry{"setcom", "&Set CommPort", State::Off},
+    Entry{"o_Setlng", "Set &Language", State::On},
+};
+
+constexpr std::array demoEntries = {
+    Entry{"O_Rot", "&Rotate Demo", State::Off},
+    Entry{"o_Ant", "&Advance Demo", State::Off},
+};
+
+template <typename Entries>
+QMenu* Fill(QMenuBar* bar, const char* caption, const Entries& entries) {
+  QMenu* menu = bar->addMenu(QString::fromLatin1(caption));
+  for (const Entry& entry : entries) {
+    if (entry.name == nullptr) {
+      menu->addSeparator();
+      continue;
+    }
+    QAction* action = menu->addAction(QString::fromLatin1(entry.caption));
+    action->setObjectName(QString::fromLatin1(entry.name));
+    action->setEnabled(entry.state == State::On);
+    if (entry.key != QKeySequence::UnknownKey) action->setShortcut(entry.key);
+  }
+  return menu;
+}
+
+}  // namespace
+
+MainMenu::MainMenu(QMenuBar* bar) : QObject(bar), bar_(bar) {
+  file_ = Fill(bar, "&File", fileEntries);
+  Fill(bar, "&Sizes", sizesEntries);
+  Fill(bar, "&Communic", communicEntries);
+  Fill(bar, "&Options", optionsEntries);
+  Fill(bar, "&Demo", demoEntries)->menuAction()->setObjectName(QStringLiteral("Demo"));
+  QAction* info = bar->addAction(QStringLiteral("&Info"));
+  info->setObjectName(QStringLiteral("info"));
+  connect(info, &QAction::triggered, this, [this] { Q_EMIT Chosen(QStringLiteral("info")); });
+  for (QMenu* menu : bar->findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly)) {
+    connect(menu, &QMenu::triggered, this, [this](const QAction* action) {
+      const QString recent = action->data().toString();
+      if (action->data().isValid()) {
+        Q_EMIT RecentChosen(recent);
+      } else {
+        Q_EMIT Chosen(action->objectName());
+      }
+    });
+  }
+}
+
+QAction* MainMenu::Item(const QString& name) const {
+  return bar_->findChild<QAction*>(name);
+}
+
+void MainMenu::ShowRecent(const QStringList& paths) {
+  qDeleteAll(recent_);
+  recent_.clear();
+  if (paths.isEmpty()) return;
+  QAction* quit = Item(QStringLiteral("F_quit"));
+  int number = 0;
+  for (const QString& path : paths) {
+    // "&1 path": a "&" of the path itself is no mnemonic.
+    QString shown = path;
+    shown.replace(u'&', QStringLiteral("&&"));
+    auto* action = new QAction(u'&' + QString::number(++number) + u' ' + shown, file_);
+    action->setObjectName(QStringLiteral("F_Mnu_oldF_") + QString::number(number));
+    action->setData(path);
+    file_->insertAction(quit, action);
+    recent_.append(action);
+  }
+  recent_.append(file_->insertSeparator(quit));
+}
+
+}  // namespace nira

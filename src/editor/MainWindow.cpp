@@ -1,0 +1,442 @@
+#include "editor/MainWindow.h"
+
+#include "dialogs/About.h"
+#include "dialogs/ThemedIcon.h"
+#include "files/ScriptFile.h"
+#include "model/Text.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QScreen>
+#include <QStatusBar>
+
+#include <array>
+
+namespace nira {
+
+namespace {
+
+/// Width in pixels that the controls were drawn for; a wider window scales them once.
+constexpr int designWidth = 646;
+constexpr QSize largestStart(1280, 960);
+
+struct Tip {
+  const char* button;
+  TextNumber text;
+};
+constexpr std::array tips = {
+    Tip{"GoPrCam", TextNumber::TipGoPrCam},  Tip{"New_Fil", TextNumber::TipNewFil},
+    Tip{"OP_FIL", TextNumber::TipOpFil},     Tip{"Sv_Fil", TextNumber::TipSvFil},
+    Tip{"Sel_Form", TextNumber::TipSelForm}, Tip{"Azz_Form", TextNumber::TipAzzForm},
+};
+
+/// What step 12 of the start-up finds on the line.
+enum class Programmer { NoPort, Accepted, NotAccepted };
+
+/// The line to the programmer is not built yet: every start is one without a port.
+Programmer IdentifyProgrammer() {
+  return Programmer::NoPort;
+}
+
+QString FirstLocalFile(const QMimeData* data) {
+  const QList<QUrl> urls = data->urls();
+  return urls.isEmpty() ? QString() : urls.constFirst().toLocalFile();
+}
+
+}  // namespace
+
+MainWindow::MainWindow(Instance& instance)
+    : instance_(instance),
+      options_(instance.Folder, instance.Settings, instance.Ask, instance.Writer),
+      menu_(new MainMenu(menuBar())),
+      files_(new FileCommands(instance, this)),
+      status_(new StatusLine(instance, statusBar())) {
+  setObjectName(QStringLiteral("MainWindow"));
+  setAcceptDrops(true);
+  setContextMenuPolicy(Qt::NoContextMenu);
+  BuildToolbar();
+  BuildCentre();
+  BuildHandlers();
+  ConnectAll();
+  ShowPictures();
+  FitToScreen();
+  qApp->installEventFilter(this);  // the keys that select a cam come before every control
+}
+
+QToolButton* MainWindow::AddButton(QToolBar* bar, const char* name, const char* picture) {
+  auto* button = new QToolButton;
+  button->setObjectName(QString::fromLatin1(name));
+  button->setProperty("picture", QString::fromLatin1(picture));
+  button->setAutoRaise(true);
+  button->setFocusPolicy(Qt::NoFocus);
+  bar->addWidget(button);
+  return button;
+}
+
+void MainWindow::BuildToolbar() {
+  toolbar_ = addToolBar(QStringLiteral("toolbar"));
+  toolbar_->setObjectName(QStringLiteral("Toolbar"));
+  toolbar_->setMovable(false);
+  const auto command = [this](QToolButton* button, const char* item) {
+    connect(button, &QToolButton::clicked, this,
+            [this, item] { Command(QString::fromLatin1(item)); });
+  };
+  command(AddButton(toolbar_, "New_Fil", "new"), "f_newp");
+  command(AddButton(toolbar_, "OP_FIL", "open"), "f_open");
+  command(AddButton(toolbar_, "Sv_Fil", "save"), "f_S");
+  toolbar_->addSeparator();
+  QToolButton* select = AddButton(toolbar_, "Sel_Form", "size");
+  QToolButton* erase = AddButton(toolbar_, "Azz_Form", "erase");
+  select->setEnabled(false);  // with "Select Size" and "Erase Size", not built yet
+  erase->setEnabled(false);
+  command(select, "s_sel");
+  command(erase, "s_Clr");
+  command(AddButton(toolbar_, "GoPrCam", "cam"), "o_MODC");
+  toolbar_->addSeparator();
+
+  picture1_ = new SizeStepper(this);
+  picture1_->setObjectName(QStringLiteral("Picture1"));
+  toolbar_->addWidget(picture1_);
+  sizeCam_ = new QLabel(QStringLiteral("F00 C00"));
+  sizeCam_->setObjectName(QStringLiteral("SizeCam"));
+  sizeCam_->setTextFormat(Qt::PlainText);
+  sizeCam_->setContentsMargins(16, 0, 16, 0);
+  toolbar_->addWidget(sizeCam_);
+}
+
+void MainWindow::BuildCentre() {
+  auto* centre = new QWidget;
+  diagram_ = new CamDiagram(centre);
+  diagram_->setObjectName(QStringLiteral("Diagram"));
+  entry_ = new PhaseEntry(instance_, centre);
+  auto* layout = new QHBoxLayout(centre);
+  layout->setContentsMargins(12, 8, 12, 8);
+  layout->setSpacing(16);
+  layout->addWidget(diagram_, 1);
+  layout->addWidget(entry_);
+  setCentralWidget(centre);
+}
+
+void MainWindow::ConnectAll() {
+  connect(menu_, &MainMenu::Chosen, this, &MainWindow::Command);
+  connect(menu_, &MainMenu::RecentChosen, this, [this](const QString& path) {
+    entry_->LeaveForCommand();
+    files_->F_Mnu_oldF_Click(path);
+  });
+  connect(picture1_, &SizeStepper::Previous, this, [this] { Picture1_Step(-1); });
+  connect(picture1_, &SizeStepper::Next, this, [this] { Picture1_Step(1); });
+  connect(diagram_, &CamDiagram::LabCam_Click, this, &MainWindow::LabCam_Click);
+  connect(diagram_, &CamDiagram::LabCam_DblClick, this, &MainWindow::LabCam_DblClick);
+  connect(diagram_, &CamDiagram::Pressed, entry_, &PhaseEntry::LeaveForCommand);
+  connect(diagram_, &CamDiagram::DegreeUnderPointer, status_, &StatusLine::ShowDegree);
+  connect(entry_, &PhaseEntry::Committed, this, [this] {
+    menu_->Item(QStringLiteral("o_Undo"))->setEnabled(true);
+    ShowSizeCam();
+  });
+  connect(files_, &FileCommands::ProgramReplaced, this, &MainWindow::ProgramReplaced);
+  connect(files_, &FileCommands::Saved, status_, &StatusLine::TakeAsSaved);
+  connect(files_, &FileCommands::TitleChanged, this, &QWidget::setWindowTitle);
+  connect(files_, &FileCommands::RecentChanged, menu_, &MainMenu::ShowRecent);
+  connect(files_, &FileCommands::Note, statusBar(),
+          [this](const QString& text) { statusBar()->showMessage(text, 5000); });
+}
+
+/// Where each menu entry and toolbar button is answered.
+void MainWindow::BuildHandlers() {
+  handlers_ = {
+      {QStringLiteral("f_newp"), [this] { files_->f_newp_Click(); }},
+      {QStringLiteral("f_New"), [this] { files_->f_newp_Click(); }},
+      {QStringLiteral("f_open"), [this] { files_->f_Open(); }},
+      {QStringLiteral("f_S"), [this] { files_->f_S(); }},
+      {QStringLiteral("f_save"), [this] { files_->f_Save(); }},
+      {QStringLiteral("F_quit"), [this] { close(); }},
+      {QStringLiteral("o_MODC"), [this] { o_MODC_Click(); }},
+      {QStringLiteral("o_Undo"), [this] { o_Undo_Click(); }},
+      {QStringLiteral("o_Setlng"), [this] { SelectLanguage(); }},
+      {QStringLiteral("info"), [this] { About(instance_.Texts, instance_.Ask, this).exec(); }},
+  };
+}
+
+void MainWindow::Command(const QString& item) {
+  entry_->LeaveForCommand();
+  if (const auto handler = handlers_.constFind(item); handler != handlers_.constEnd()) (*handler)();
+}
+
+bool MainWindow::Form_Load(const QString& startFile) {
+  CamProgram& program = instance_.Program;
+  program.SelectSize(1);
+  entry_->HideBoxes();
+  program.IsSaved = true;
+  files_->SetRecent(options_.ReadOptions());
+  if (!LoadTexts()) return false;
+  program.SetLimits(22, 32, 255);
+  program.SelectCam(1);
+  program.SelectSize(1);
+  if (IdentifyProgrammer() == Programmer::NotAccepted) return false;
+  program.DimensionModel();
+  program.IsSaved = true;
+  instance_.Dialog.InitDir = instance_.Folder.Path();
+  ProgramReplaced();
+  if (!startFile.isEmpty()) files_->OpenAtStart(startFile);
+  return true;
+}
+
+/// Reads the script and puts its texts where they stay on the screen.
+bool MainWindow::LoadTexts() {
+  if (!ReadScript(instance_.Texts, instance_.Folder, instance_.Settings, instance_.Ask)) {
+    return false;
+  }
+  for (const Tip& tip : tips) {
+    auto* button = toolbar_->findChild<QToolButton*>(QString::fromLatin1(tip.button));
+    const QString& text = instance_.Text(tip.text);
+    button->setToolTip(text.toHtmlEscaped());
+    button->setAccessibleName(text);
+  }
+  return true;
+}
+
+void MainWindow::ProgramReplaced() {
+  menu_->Item(QStringLiteral("o_Undo"))->setEnabled(false);
+  ShowSizeCam();
+  status_->TakeAsSaved();
+}
+
+void MainWindow::ShowSizeCam() {
+  const CamProgram& program = instance_.Program;
+  sizeCam_->setText(
+      instance_.Text(TextNumber::SizeWord).left(1) + ZeroFilled(program.CurrentSize(), 2) + u' ' +
+      instance_.Text(TextNumber::CamWord).left(1) + ZeroFilled(program.CurrentCam() + 1, 2));
+  diagram_->ShowRows(program.NumCams());
+  for (int cam = 0; cam < program.NumCams(); ++cam) RefreshCam(cam);
+  status_->Show();
+}
+
+void MainWindow::RefreshCam(int cam) {
+  const CamProgram& program = instance_.Program;
+  const PhaseList phases = PhaseList::Of(program.CamMap(program.CurrentSize(), cam));
+  const bool selected = cam == program.CurrentCam();
+  diagram_->ShowCam(cam, phases.runs, selected, program.CamText(cam));
+  if (selected) entry_->ShowPhases(phases);
+}
+
+void MainWindow::LabCam_Click(int cam) {
+  entry_->LeaveForCommand();
+  if (cam < 0 || cam >= instance_.Program.NumCams()) {
+    instance_.Ask.MsgBox(instance_.Text(TextNumber::CamNotAvailable), Buttons::Ok, Icon::Critical);
+    return;
+  }
+  instance_.Program.SelectCam(cam);
+  ShowSizeCam();
+}
+
+void MainWindow::LabCam_DblClick(int cam) {
+  entry_->LeaveForCommand();
+  if (cam == instance_.Program.CurrentCam()) entry_->Open();
+}
+
+void MainWindow::o_MODC_Click() {
+  LabCam_DblClick(instance_.Program.CurrentCam());
+}
+
+void MainWindow::o_Undo_Click() {
+  instance_.Program.RestoreUndoRow();
+  menu_->Item(QStringLiteral("o_Undo"))->setEnabled(false);
+  ShowSizeCam();
+}
+
+void MainWindow::Picture1_Step(int step) {
+  entry_->LeaveForCommand();
+  CamProgram& program = instance_.Program;
+  const int size = program.CurrentSize() + step;
+  if (size < 1 || size > program.NumSizes()) return;
+  program.SelectSize(size);
+  ShowSizeCam();
+}
+
+bool MainWindow::KeyDown(int key) {
+  const int last = instance_.Program.NumCams() - 1;
+  const auto select = [this](auto cam) {
+    entry_->LeaveForCommand();  // may itself have stepped to another cam
+    LabCam_Click(cam(instance_.Program.CurrentCam()));
+    return true;
+  };
+  switch (key) {
+    case Qt::Key_PageUp:
+      return select([last](int cam) { return cam > 0 ? cam - 1 : last; });
+    case Qt::Key_PageDown:
+      return select([last](int cam) { return cam < last ? cam + 1 : 0; });
+    case Qt::Key_End:
+      return select([last](int) { return last; });
+    case Qt::Key_Home:
+      return select([](int) { return 0; });
+    default:
+      return false;
+  }
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) return false;
+  if (static_cast<QWidget*>(watched)->window() != this) return false;
+  const auto* key = static_cast<QKeyEvent*>(event);
+  if ((key->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return false;
+  return KeyDown(key->key());
+}
+
+void MainWindow::SelectLanguage() {
+  clsCommonDialog& dialog = instance_.Dialog;
+  dialog.DialogTitle = QStringLiteral("SELECT LANGUAGE");
+  dialog.Filter = QStringLiteral("File Script Lang. (*.Scr)|*.scr|All Files (*.*)|*.*");
+  dialog.Flags = 0;
+  dialog.FileName.clear();
+  const QString start = std::exchange(dialog.InitDir, instance_.Folder.Path());
+  dialog.ShowOpen(this);
+  dialog.InitDir = start;
+  if (dialog.FileTitle().isEmpty()) return;
+  // The options file could not hold a name with a quote or a line break in it.
+  const bool keepable = !dialog.FileName.contains(u'"') && !dialog.FileName.contains(u'\n');
+  if (!QFileInfo::exists(dialog.FileName) || !keepable) {
+    instance_.Ask.MsgBox(QStringLiteral("FILE ERROR"), Buttons::Ok, Icon::Critical);
+    return;
+  }
+  instance_.Settings.ScriptFile = dialog.FileName;
+  const QString reason = options_.WriteOptions();
+  if (reason.isEmpty()) {
+    files_->SetRecent(options_.ReadOptions());
+  } else {  // the choice holds for this run
+    ReportWrite(QString::fromLatin1(WorkingFolder::OptionsName), reason);
+  }
+  if (!LoadTexts()) {
+    QCoreApplication::exit(1);
+    return;
+  }
+  ShowSizeCam();
+  Form_Activate();
+}
+
+void MainWindow::ReportWrite(const QString& name, const QString& reason) {
+  instance_.Ask.MsgBox(instance_.Text(TextNumber::CannotWrite) + u'\n' + name + u'\n' + reason,
+                       Buttons::Ok, Icon::Critical);
+}
+
+void MainWindow::Form_Activate() {
+  if (factor_ == 0) {
+    if (width() > designWidth) factor_ = static_cast<double>(width()) / designWidth;
+    Rescale(factor_ > 0 ? factor_ : 1);
+  }
+  diagram_->SetScale();
+  const CamProgram& program = instance_.Program;
+  setWindowTitle(QStringLiteral("NIRA-KPL ") + instance_.Text(TextNumber::ProgramName) +
+                 QStringLiteral(" QX") + QString::number(program.NumCams()) + u'-' +
+                 ZeroFilled(program.NumSizes(), 2) + QStringLiteral("F  ") +
+                 QString::number(program.NumMessages()) + QStringLiteral("-Msg  ") + FileTitle());
+  diagram_->ShowRows(program.NumCams());
+}
+
+QString MainWindow::FileTitle() const {
+  return QFileInfo(instance_.Settings.CurrentFile).fileName();
+}
+
+/// Fonts and fixed sizes for a scale factor. The design sizes are halves of what a window of twice
+/// the design width shows, in the type size of the desktop.
+void MainWindow::Rescale(double factor) {
+  const double base = QFontInfo(QApplication::font()).pixelSize() / 2.0;
+  const auto scaled = [factor](double design) { return std::max(1, qRound(design * factor)); };
+  const auto pixels = [&](double part) { return std::max(6, scaled(base * part)); };
+  QFont large = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  large.setPixelSize(pixels(1.8));
+  large.setBold(true);
+  sizeCam_->setFont(large);
+  toolbar_->setIconSize({scaled(12), scaled(12)});
+  for (QToolButton* button : toolbar_->findChildren<QToolButton*>()) {
+    button->setIconSize(toolbar_->iconSize());
+  }
+  picture1_->Rescale({scaled(36), scaled(15)});
+  diagram_->Rescale(pixels(1.08), pixels(0.92));
+  entry_->Rescale(pixels(1.2), pixels(2.4), scaled(106));
+}
+
+void MainWindow::FitToScreen() {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  const QRect room = screen->availableGeometry();
+  constexpr QSize frame(8, 40);  // what borders and title bar take, on the generous side
+  resize(largestStart.boundedTo(room.size() - frame));
+  const QSize left = room.size() - size() - frame;
+  move(room.topLeft() + QPoint(left.width() / 2, left.height() / 2));
+}
+
+void MainWindow::ShowPictures() {
+  setWindowIcon(ThemedIcon(QStringLiteral("nira-kpl"), palette()));
+  for (QToolButton* button : toolbar_->findChildren<QToolButton*>()) {
+    const QString picture = button->property("picture").toString();
+    if (!picture.isEmpty()) button->setIcon(ThemedIcon(picture, palette()));
+  }
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) Form_Activate();
+  if (event->type() == QEvent::PaletteChange) ShowPictures();
+}
+
+void MainWindow::showEvent(QShowEvent* event) {
+  QMainWindow::showEvent(event);
+  Form_Activate();  // before the first picture, so that it comes in its final size
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  bool cancel = false;
+  Form_QueryUnload(cancel);
+  event->setAccepted(!cancel);
+  if (!cancel) Form_Unload();
+}
+
+void MainWindow::Form_QueryUnload(bool& cancel) {
+  entry_->LeaveForCommand();
+  const QString reason = options_.WriteOptions();
+  if (!reason.isEmpty()) ReportWrite(QString::fromLatin1(WorkingFolder::OptionsName), reason);
+  if (instance_.Program.IsSaved) return;
+  switch (instance_.Ask.MsgBox(instance_.Text(TextNumber::NotSaved), Buttons::YesNoCancel,
+                               Icon::Exclamation)) {
+    case Answer::Yes:
+      cancel = !files_->f_S();
+      break;
+    case Answer::No:
+      break;
+    default:
+      cancel = true;
+  }
+}
+
+/// The program ends with its last window.
+void MainWindow::Form_Unload() {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window != this) window->close();
+  }
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  const QString path = FirstLocalFile(event->mimeData());
+  if (path.isEmpty()) return;
+  event->acceptProposedAction();
+  // After the drop: questions must not keep the program waiting from which the file came.
+  QMetaObject::invokeMethod(
+      this,
+      [this, path] {
+        entry_->LeaveForCommand();
+        files_->F_Mnu_oldF_Click(path);
+      },
+      Qt::QueuedConnection);
+}
+
+}  // namespace nira

@@ -1,0 +1,329 @@
+#include "editor/PhaseEntry.h"
+
+#include "model/Text.h"
+
+#include <QFontDatabase>
+#include <QFrame>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace nira {
+
+namespace {
+
+constexpr int maxDegree = CamProgram::Degrees - 1;
+
+bool IsDigit(char16_t code) {
+  return code >= u'0' && code <= u'9';
+}
+
+/// Codes 33 to 36, which step through the cams: "!", a quote, "#" and "$".
+bool IsStep(char16_t code) {
+  return code >= 33 && code <= 36;
+}
+
+/// Zero-filled to the width of the boxes, 359 at most.
+QString Normalised(const QString& text) {
+  const QString filled =
+      QString(QStringLiteral("000") + TrimLeft(text)).right(PhaseList::EntryWidth);
+  return NumericValue(filled) > maxDegree ? QString::number(maxDegree) : filled;
+}
+
+/// The pair may be restored from a list that shows 360, or hold a stepping key.
+int DegreeOf(const DegreeBox& box) {
+  return static_cast<int>(std::clamp<std::int64_t>(NumericValue(box.text()), 0, maxDegree));
+}
+
+void KeepPlaceWhenHidden(QWidget* widget) {
+  QSizePolicy policy = widget->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  widget->setSizePolicy(policy);
+}
+
+}  // namespace
+
+PhaseEntry::PhaseEntry(Instance& instance, QWidget* parent) : QWidget(parent), instance_(instance) {
+  BuildControls();
+  BuildLayout();
+  // A selection made with mouse or arrow keys is a click; the list's own refilling is not. A click
+  // on the line that is selected already loads it once more.
+  connect(fase_, &QListWidget::itemSelectionChanged, this, &PhaseEntry::Fase_Click);
+  fase_->installEventFilter(this);
+  connect(fase_, &QListWidget::itemClicked, this, &PhaseEntry::Fase_Click);
+  connect(fase_, &QListWidget::itemDoubleClicked, this, &PhaseEntry::Fase_DblClick);
+  connect(gradiOn_, &DegreeBox::FocusGained, this, [this] { Gained(Box::On); });
+  connect(gradiOff_, &DegreeBox::FocusGained, this, [this] { Gained(Box::Off); });
+  connect(gradiOn_, &DegreeBox::FocusLost, this, &PhaseEntry::Lost);
+  connect(gradiOff_, &DegreeBox::FocusLost, this, &PhaseEntry::Lost);
+}
+
+void PhaseEntry::BuildControls() {
+  const auto named = [](auto* widget, const char* name) {
+    widget->setObjectName(QString::fromLatin1(name));
+    return widget;
+  };
+  lfOnOf_ = named(new QLabel(QStringLiteral("Fase  ON  OFF"), this), "LfONOF");
+  fase_ = named(new QListWidget(this), "Fase");
+  tFasi_ = named(new QLabel(this), "t_fasi");
+  totFasi_ = named(new QLabel(QStringLiteral("000"), this), "Tot_fasi");
+  lGrad_ = named(new QLabel(QStringLiteral(" ON    DEGR  OFF"), this), "LGrad");
+  constexpr int width = PhaseList::EntryWidth;
+  const auto onFilter = [this](char16_t& code) { return GRADION_KeyPress(code); };
+  const auto offFilter = [this](char16_t& code) { return GRADIOFF_KeyPress(code); };
+  gradiOn_ = named(new DegreeBox(width, onFilter, this), "GRADION");
+  gradiOff_ = named(new DegreeBox(width, offFilter, this), "GRADIOFF");
+  for (DegreeBox* box : {gradiOn_, gradiOff_}) box->setText(QStringLiteral("0000"));
+
+  fase_->setAccessibleName(QStringLiteral("Fase"));
+  gradiOn_->setAccessibleName(QStringLiteral("ON"));
+  gradiOff_->setAccessibleName(QStringLiteral("OFF"));
+  fase_->setUniformItemSizes(true);
+  fase_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  for (QLabel* label : {tFasi_, totFasi_}) label->setTextFormat(Qt::PlainText);
+  lGrad_->setAlignment(Qt::AlignCenter);
+  for (QWidget* widget : {static_cast<QWidget*>(lGrad_), static_cast<QWidget*>(gradiOn_),
+                          static_cast<QWidget*>(gradiOff_)}) {
+    KeepPlaceWhenHidden(widget);
+  }
+  setTabOrder(fase_, gradiOn_);
+  setTabOrder(gradiOn_, gradiOff_);
+}
+
+void PhaseEntry::BuildLayout() {
+  auto* count = new QHBoxLayout;
+  count->addWidget(tFasi_);
+  count->addStretch();
+  count->addWidget(totFasi_);
+  auto* line = new QFrame;
+  line->setFrameShape(QFrame::HLine);
+  line->setFrameShadow(QFrame::Sunken);
+  auto* boxes = new QHBoxLayout;
+  boxes->setSpacing(8);
+  boxes->addWidget(gradiOn_);
+  boxes->addWidget(gradiOff_);
+
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(8);
+  layout->addWidget(lfOnOf_);
+  layout->addWidget(fase_, 1);
+  layout->addLayout(count);
+  layout->addWidget(line);
+  layout->addWidget(lGrad_);
+  layout->addLayout(boxes);
+}
+
+void PhaseEntry::Rescale(int dataPixels, int entryPixels, int width) {
+  QFont digits = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  digits.setPixelSize(dataPixels);
+  QFont entry = digits;
+  entry.setPixelSize(entryPixels);
+  for (QWidget* widget : {static_cast<QWidget*>(lfOnOf_), static_cast<QWidget*>(fase_),
+                          static_cast<QWidget*>(totFasi_), static_cast<QWidget*>(lGrad_)}) {
+    widget->setFont(digits);
+  }
+  QFont heading = font();
+  heading.setPixelSize(dataPixels);
+  tFasi_->setFont(heading);
+  for (DegreeBox* box : {gradiOn_, gradiOff_}) {
+    box->setFont(entry);
+    box->setFixedHeight(QFontMetrics(entry).height() + 12);
+  }
+  setFixedWidth(width);
+}
+
+void PhaseEntry::ShowPhases(const PhaseList& phases) {
+  tFasi_->setText(instance_.Text(TextNumber::PhasesHeading));
+  const QSignalBlocker quiet(fase_);
+  fase_->clear();
+  fase_->addItems(phases.Lines());
+  totFasi_->setText(ZeroFilled(static_cast<std::int64_t>(phases.phases.size()), 3));
+}
+
+void PhaseEntry::ShowBoxes() {
+  lGrad_->show();
+  gradiOn_->show();
+  gradiOff_->show();
+}
+
+void PhaseEntry::HideBoxes() {
+  lGrad_->hide();
+  gradiOn_->hide();
+  gradiOff_->hide();
+}
+
+void PhaseEntry::Open() {
+  ShowBoxes();
+  gradiOff_->setEnabled(true);
+  const QListWidgetItem* first = fase_->item(0);
+  LoadFromLine(first == nullptr ? QString() : first->text());
+  entered_ = Box::None;  // the ON box is entered anew, also when it has the focus already
+  if (gradiOn_->hasFocus()) {
+    Gained(Box::On);
+  } else {
+    gradiOn_->setFocus(Qt::OtherFocusReason);
+  }
+}
+
+/// The first arrow key in the refilled list selects its first line instead of stepping over it.
+bool PhaseEntry::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == fase_ && event->type() == QEvent::KeyPress && fase_->selectedItems().isEmpty()) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if ((key == Qt::Key_Down || key == Qt::Key_Up) && fase_->count() > 0) {
+      fase_->setCurrentRow(0);
+      return true;
+    }
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+void PhaseEntry::Fase_Click() {
+  const QList<QListWidgetItem*> selected = fase_->selectedItems();
+  if (selected.isEmpty()) return;
+  ShowBoxes();
+  LoadFromLine(selected.constFirst()->text());
+}
+
+void PhaseEntry::Fase_DblClick() {
+  gradiOff_->setEnabled(true);
+  Fase_Click();
+}
+
+void PhaseEntry::LoadFromLine(const QString& line) {
+  OnText = OnField(line);
+  OffText = OffField(line);
+  Load(OnText, OffText);
+}
+
+void PhaseEntry::Load(const QString& on, const QString& off) {
+  gradiOn_->setText(on);
+  gradiOff_->setText(off);
+  loadedOn_ = on;
+  loadedOff_ = off;
+}
+
+void PhaseEntry::Gained(Box box) {
+  if (entered_ == box) return;  // back from a menu, a message or another program
+  Leave();
+  entered_ = box;
+  if (box == Box::On) {
+    GRADION_GotFocus();
+  } else {
+    GRADIOFF_GotFocus();
+  }
+}
+
+void PhaseEntry::Lost(Qt::FocusReason reason) {
+  switch (reason) {
+    case Qt::PopupFocusReason:
+    case Qt::MenuBarFocusReason:
+    case Qt::ActiveWindowFocusReason:
+      return;  // the operator is still at this entry
+    default:
+      Leave();
+  }
+}
+
+void PhaseEntry::Leave() {
+  const Box left = std::exchange(entered_, Box::None);
+  if (left == Box::On) GRADION_LostFocus();
+  if (left == Box::Off) GRADIOFF_LostFocus();
+}
+
+void PhaseEntry::LeaveForCommand() {
+  if (entered_ != Box::Off) return;
+  if (gradiOn_->text() == loadedOn_ && gradiOff_->text() == loadedOff_) entered_ = Box::None;
+  Leave();
+  gradiOff_->deselect();
+  if (gradiOff_->hasFocus()) fase_->setFocus(Qt::OtherFocusReason);
+}
+
+void PhaseEntry::GRADION_GotFocus() {
+  Load(OnText, OffText);
+  gradiOn_->SelectAllText();
+  OnTyped = false;
+  instance_.Program.IsSaved = false;
+}
+
+void PhaseEntry::GRADIOFF_GotFocus() {
+  gradiOff_->setText(OffText);
+  loadedOff_ = OffText;
+  gradiOff_->SelectAllText();
+}
+
+bool PhaseEntry::GRADION_KeyPress(char16_t& code) {
+  bool insert = true;
+  if (code == DegreeBox::Enter || code == DegreeBox::Tab) {
+    gradiOff_->setFocus(Qt::TabFocusReason);
+    gradiOn_->deselect();
+    insert = false;
+  } else if (!IsStep(code) && !IsDigit(code)) {
+    code = u'0';
+  }
+  OnTyped = true;
+  return insert;
+}
+
+bool PhaseEntry::GRADIOFF_KeyPress(char16_t& code) {
+  if (code == DegreeBox::Enter || code == DegreeBox::Tab) {
+    gradiOff_->deselect();
+    gradiOn_->setFocus(Qt::TabFocusReason);
+    return false;
+  }
+  if (IsStep(code)) {
+    StepCam(code);
+  } else if (!IsDigit(code)) {
+    code = u'0';
+  }
+  return true;
+}
+
+/// The guards of the first two look the wrong way round; operators know them so. Nothing is
+/// redrawn: the new cam shows at the next commit.
+void PhaseEntry::StepCam(char16_t code) {
+  CamProgram& program = instance_.Program;
+  const int last = program.NumCams() - 1;
+  int cam = program.CurrentCam();
+  switch (code) {
+    case 33:
+      if (cam < last) --cam;
+      break;
+    case 34:
+      if (cam > 0) ++cam;
+      break;
+    case 35:
+      cam = last;
+      break;
+    case 36:
+      cam = 0;
+      break;
+    default:
+      break;
+  }
+  program.SelectCam(std::clamp(cam, 0, last));
+}
+
+void PhaseEntry::GRADION_LostFocus() {
+  gradiOn_->deselect();
+  gradiOn_->setText(OnTyped ? Normalised(gradiOn_->text()) : OnText);
+}
+
+void PhaseEntry::GRADIOFF_LostFocus() {
+  gradiOff_->setText(Normalised(gradiOff_->text()));
+  OffText = gradiOff_->text();
+  gradiOff_->deselect();
+  CamProgram& program = instance_.Program;
+  program.KeepUndoRow();
+  program.SetPhase(program.CurrentSize(), program.CurrentCam(), DegreeOf(*gradiOn_),
+                   DegreeOf(*gradiOff_));
+  loadedOn_ = gradiOn_->text();
+  loadedOff_ = gradiOff_->text();
+  Q_EMIT Committed();
+}
+
+}  // namespace nira
