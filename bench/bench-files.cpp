@@ -1,0 +1,165 @@
+// How long the largest cam files take to read and to write, beside `wc -l` on the same file.
+
+#include "files/CamFile.h"
+#include "files/CamLines.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTextStream>
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace nira;
+
+constexpr int runs = 21;
+
+/// Answers nothing that matters: the files measured here are good.
+class NoPrompts : public Prompts {
+ public:
+  Answer MsgBox(const QString& /*text*/, Buttons /*buttons*/, Icon /*icon*/,
+                const QString& /*title*/) override {
+    return Answer::Cancel;
+  }
+  std::optional<QString> InputBox(const QString& /*prompt*/, const QString& /*preset*/) override {
+    return std::nullopt;
+  }
+};
+
+/// Every second degree ON in every cam of every size: no program has more phases.
+CamProgram FullProgram(int sizes, int cams) {
+  CamProgram program;
+  program.SetLimits(sizes, cams, CamProgram::MaxMessages);
+  program.ResetProgram();
+  for (int size = 1; size <= sizes; ++size) {
+    for (int cam = 0; cam < cams; ++cam) {
+      for (int on = 0; on < CamProgram::Degrees; on += 2) program.SetPhase(size, cam, on, on + 1);
+    }
+  }
+  return program;
+}
+
+/// The median of several runs in milliseconds, after one that fills the caches.
+double Median(const std::function<void()>& work) {
+  work();
+  std::vector<double> times;
+  for (int run = 0; run < runs; ++run) {
+    QElapsedTimer timer;
+    timer.start();
+    work();
+    times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+  }
+  std::nth_element(times.begin(), times.begin() + runs / 2, times.end());
+  return times[runs / 2];
+}
+
+[[noreturn]] void Fail(const QString& reason) {
+  QTextStream(stderr) << reason << '\n';
+  std::exit(1);
+}
+
+qint64 CountLines(const QString& path) {
+  static std::vector<char> buffer(1 << 17);
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) Fail(file.errorString());
+  qint64 lines = 0;
+  qint64 got = 0;
+  while ((got = file.read(buffer.data(), static_cast<qint64>(buffer.size()))) > 0) {
+    const char* from = buffer.data();
+    const char* end = from + got;
+    const auto next = [&] {
+      return static_cast<const char*>(
+          std::memchr(from, '\n', static_cast<std::size_t>(end - from)));
+    };
+    for (const char* found = next(); found != nullptr; found = next()) {
+      ++lines;
+      from = found + 1;
+    }
+  }
+  return lines;
+}
+
+/// `wc -l` as a process; 0 where there is none.
+double WordCount(const QString& path) {
+  QProcess probe;
+  probe.start(QStringLiteral("wc"), {QStringLiteral("--version")});
+  if (!probe.waitForFinished() || probe.exitCode() != 0) return 0;
+  return Median([&path] {
+    QProcess process;
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.start(QStringLiteral("wc"), {QStringLiteral("-l"), path});
+    if (!process.waitForFinished() || process.exitCode() != 0) Fail(QStringLiteral("wc failed"));
+  });
+}
+
+void Report(const char* what, double ms, double megabytes) {
+  QTextStream(stdout) << "  " << qSetFieldWidth(32) << Qt::left << what << qSetFieldWidth(0)
+                      << QString::asprintf("%8.2f ms %8.1f MB/s\n", ms, megabytes / ms * 1000);
+}
+
+void ReportRatio(const char* what, double ratio) {
+  QTextStream(stdout) << "  " << qSetFieldWidth(32) << Qt::left << what << qSetFieldWidth(0)
+                      << QString::asprintf("%8.2f\n", ratio);
+}
+
+void Measure(const QString& path, int sizes, int cams) {
+  CamProgram program = FullProgram(sizes, cams);
+  const std::string expected = WriteCamFile(program);
+  const double megabytes = static_cast<double>(expected.size()) / 1e6;
+  QTextStream(stdout) << sizes << " sizes, " << cams
+                      << " cams: " << QString::number(megabytes, 'f', 2) << " MB, "
+                      << std::count(expected.begin(), expected.end(), '\n') << " lines\n";
+
+  FileWriter writer;
+  std::string bytes;
+  const double building = Median([&] { bytes = WriteCamFile(program); });
+  const double saving = Median([&] {
+    const QString reason = writer.Write(path, WriteCamFile(program), FileWriter::Backup::No);
+    if (!reason.isEmpty()) Fail(reason);
+  });
+
+  NoPrompts prompts;
+  const MessageTable texts;
+  Globals globals;
+  CamProgram loaded;
+  loaded.SetLimits(sizes, cams, CamProgram::MaxMessages);
+  CamFile file(loaded, globals, prompts, texts, writer);
+  const double loading = Median([&] {
+    if (file.LoadCamFile(path).outcome != LoadResult::Outcome::Loaded) Fail(path);
+  });
+  if (bytes != expected || WriteCamFile(loaded) != expected) Fail(QStringLiteral("not the same"));
+
+  const qint64 lines = std::count(expected.begin(), expected.end(), '\n');
+  const double counting = Median([&path, lines] {
+    if (CountLines(path) != lines) Fail(QStringLiteral("lines are missing"));
+  });
+  const double process = WordCount(path);
+  Report("load", loading, megabytes);
+  Report("write in memory", building, megabytes);
+  Report("write to the file", saving, megabytes);
+  Report("count lines in this process", counting, megabytes);
+  if (process > 0) Report("wc -l as a process", process, megabytes);
+  ReportRatio("load / count in this process", loading / counting);
+  if (process > 0) ReportRatio("load / wc -l as a process", loading / process);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  const QTemporaryDir folder;
+  if (!folder.isValid()) Fail(folder.errorString());
+  Measure(folder.filePath(QStringLiteral("wide.CAM")), 99, 16);
+  Measure(folder.filePath(QStringLiteral("deep.CAM")), 89, 32);
+  return 0;
+}

@@ -1,0 +1,128 @@
+// Measures what an operator waits for at the main window, on the platform that Qt finds:
+//   bench-window start     start of the program to its first painted window, against an empty
+//   window bench-window switch    switching the size, 32 cams of 180 phases each, until it is
+//   painted
+// Figures are medians in milliseconds; `start` runs both windows in turn, each in its own process.
+
+#include "FirstPaint.h"
+#include "dialogs/QtPrompts.h"
+#include "editor/MainWindow.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTextStream>
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+using namespace nira;
+
+double Median(std::vector<double> values) {
+  std::sort(values.begin(), values.end());
+  return values.at(values.size() / 2);
+}
+
+/// The program's state and main window, as its own `main` makes them, in a folder of the bench.
+struct Running {
+  explicit Running(const QString& path) : folder(path), window(instance) {}
+
+  CamProgram program;
+  Globals settings;
+  MessageTable texts;
+  FileWriter writer;
+  QtPrompts prompts;
+  clsCommonDialog dialog;
+  WorkingFolder folder;
+  Instance instance{program, settings, texts, writer, folder, prompts, dialog};
+  MainWindow window;
+};
+
+/// A child of `start`: paints one window and prints when that was.
+int Child(QApplication& app, const QString& folder) {
+  Running running(folder);
+  if (!running.window.Form_Load(QDir(folder).filePath(QStringLiteral("press.CAM")))) return 1;
+  new FirstPaint(running.window.centralWidget());
+  running.window.show();
+  return app.exec();
+}
+
+double StartOf(const QString& program, const QStringList& arguments) {
+  QProcess process;
+  const double begin = Now();
+  process.start(program, arguments);
+  if (!process.waitForFinished() || process.exitCode() != 0) qFatal("the window did not start");
+  return process.readAllStandardOutput().trimmed().toDouble() - begin;
+}
+
+bool PrepareFolder(const QString& folder) {
+  const QDir to(folder);
+  const QDir source(QStringLiteral(NIRA_SOURCE_FOLDER));
+  QFile options(to.filePath(QString::fromLatin1(WorkingFolder::OptionsName)));
+  return QFile::copy(source.filePath(QStringLiteral("lang/p32qx_IT.SCR")),
+                     to.filePath(QString::fromLatin1(Globals::DefaultScript))) &&
+         QFile::copy(source.filePath(QStringLiteral("samples/press.CAM")),
+                     to.filePath(QStringLiteral("press.CAM"))) &&
+         options.open(QIODevice::WriteOnly) && options.write("\"p32qx_IT.SCR\",1,9600\r\n") > 0;
+}
+
+void MeasureStart(const QString& folder, QTextStream& out) {
+  const QString self = QCoreApplication::applicationDirPath();
+  std::vector<double> empty;
+  std::vector<double> program;
+  for (int run = 0; run < 21; ++run) {
+    empty.push_back(StartOf(self + QStringLiteral("/bench-empty"), {}));
+    program.push_back(
+        StartOf(self + QStringLiteral("/bench-window"), {QStringLiteral("child"), folder}));
+  }
+  out << "start to first painted window: empty " << Median(empty) << " ms, program "
+      << Median(program) << " ms, ratio " << Median(program) / Median(empty) << Qt::endl;
+}
+
+void MeasureSwitch(const QString& folder, QTextStream& out) {
+  Running running(folder);
+  if (!running.window.Form_Load({})) qFatal("the window did not load");
+  for (int size = 1; size <= 2; ++size) {
+    for (int cam = 0; cam < running.program.NumCams(); ++cam) {
+      for (int degree = size - 1; degree < 359; degree += 2) {
+        running.program.SetPhase(size, cam, degree, degree + 1);
+      }
+    }
+  }
+  running.window.show();
+  QApplication::processEvents();
+  std::vector<double> times;
+  for (int run = 0; run < 101; ++run) {
+    running.program.SelectSize(1 + run % 2);
+    QElapsedTimer timer;
+    timer.start();
+    running.window.ShowSizeCam();
+    running.window.repaint();
+    QApplication::processEvents();
+    times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+  }
+  out << "switch of the size, 32 cams x 180 phases: " << Median(times) << " ms, at most "
+      << *std::max_element(times.begin(), times.end()) << " ms (a 60 Hz frame is 16.7 ms)"
+      << Qt::endl;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
+  QApplication::setStyle(QStringLiteral("Fusion"));
+  QApplication app(argc, argv);
+  const QStringList arguments = QApplication::arguments();
+  const QString mode = arguments.value(1);
+  if (mode == QLatin1String("child")) return Child(app, arguments.value(2));
+  QTemporaryDir folder;
+  if (!folder.isValid() || !PrepareFolder(folder.path())) return 1;
+  QTextStream out(stdout);
+  if (mode != QLatin1String("switch")) MeasureStart(folder.path(), out);
+  if (mode != QLatin1String("start")) MeasureSwitch(folder.path(), out);
+  return 0;
+}
