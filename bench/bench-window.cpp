@@ -5,6 +5,7 @@
 // Figures are medians in milliseconds; `start` runs both windows in turn, each in its own process.
 
 #include "FirstPaint.h"
+#include "dialogs/ProgramStyle.h"
 #include "dialogs/QtPrompts.h"
 #include "editor/MainWindow.h"
 
@@ -114,7 +115,7 @@ void MeasureSwitch(const QString& folder, QTextStream& out) {
 
 int main(int argc, char** argv) {
   QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
-  QApplication::setStyle(QStringLiteral("Fusion"));
+  QApplication::setStyle(new nira::ProgramStyle);
   QApplication app(argc, argv);
   const QStringList arguments = QApplication::arguments();
   const QString mode = arguments.value(1);

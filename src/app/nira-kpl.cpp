@@ -1,3 +1,4 @@
+#include "dialogs/ProgramStyle.h"
 #include "dialogs/QtPrompts.h"
 #include "editor/MainWindow.h"
 #include "files/OptionsFile.h"
@@ -45,7 +46,7 @@ int main(int argc, char** argv) {
   // The menus stay in the window, under the operator's finger; looking for a desktop's own menu bar
   // would cost a tenth of the start.
   QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
-  QApplication::setStyle(QStringLiteral("Fusion"));
+  QApplication::setStyle(new nira::ProgramStyle);
   QApplication app(argc, argv);
   QApplication::setApplicationName(QStringLiteral("nira-kpl"));
   QApplication::setApplicationVersion(QStringLiteral(NIRA_VERSION));

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 
 namespace nira {
@@ -99,11 +100,13 @@ Answer QtPrompts::MsgBox(const QString& text, Buttons buttons, Icon icon, const 
 
 std::optional<QString> QtPrompts::InputBox(const QString& prompt, const QString& preset) {
   const PlainPointer pointer;
-  bool ok = false;
-  const QString answer = QInputDialog::getText(QApplication::activeWindow(), TitleOr({}),
-                                               Printable(prompt), QLineEdit::Normal, preset, &ok);
-  if (!ok) return std::nullopt;
-  return answer;
+  QInputDialog box(QApplication::activeWindow());
+  box.setWindowTitle(TitleOr({}));
+  box.setLabelText(Printable(prompt));
+  if (auto* label = box.findChild<QLabel*>()) label->setTextFormat(Qt::PlainText);
+  box.setTextValue(preset);
+  if (box.exec() != QDialog::Accepted) return std::nullopt;
+  return box.textValue();
 }
 
 }  // namespace nira

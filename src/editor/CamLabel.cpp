@@ -1,9 +1,9 @@
 #include "editor/CamLabel.h"
 
+#include "dialogs/PlainTip.h"
+
 #include <QMouseEvent>
 #include <QPainter>
-#include <QStyle>
-#include <QToolTip>
 
 namespace nira {
 
@@ -15,8 +15,7 @@ CamLabel::CamLabel(QWidget* parent) : QLabel(parent) {
 void CamLabel::ShowText(const QString& text) {
   setText(text);
   const bool cut = fontMetrics().horizontalAdvance(text) > contentsRect().width() - 2 * margin();
-  setToolTip(cut ? QStringLiteral("<p>") + text.toHtmlEscaped() + QStringLiteral("</p>")
-                 : QString());
+  setToolTip(cut ? PlainTip(text) : QString());
 }
 
 void CamLabel::paintEvent(QPaintEvent*) {

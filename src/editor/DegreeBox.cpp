@@ -11,6 +11,18 @@
 
 namespace nira {
 
+namespace {
+
+/// True for a key that stands for a character. Ctrl and Alt together are AltGr on some systems.
+bool IsTyped(const QKeyEvent& event) {
+  const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::ShiftModifier;
+  const QString text = event.text();
+  return !text.isEmpty() && text.at(0).category() != QChar::Other_Control &&
+         modifiers != Qt::ControlModifier && modifiers != Qt::MetaModifier;
+}
+
+}  // namespace
+
 DegreeBox::DegreeBox(int length, KeyFilter filter, QWidget* parent)
     : QLineEdit(parent), filter_(std::move(filter)) {
   setMaxLength(length);
@@ -31,16 +43,18 @@ bool DegreeBox::event(QEvent* event) {
 }
 
 void DegreeBox::keyPressEvent(QKeyEvent* event) {
-  constexpr auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
-  const QString text = event->text();
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
     Key(Enter);
   } else if (event == QKeySequence::Paste) {
     Type(QApplication::clipboard()->text());
-  } else if (!text.isEmpty() && text.at(0).isPrint() && !(event->modifiers() & commands)) {
-    Type(text);
+  } else if (IsTyped(*event)) {
+    Type(event->text());
   } else {
-    QLineEdit::keyPressEvent(event);
+    // Editing keys go on without their text: no character comes past the filter.
+    QKeyEvent editing(event->type(), event->key(), event->modifiers(), QString(),
+                      event->isAutoRepeat());
+    QLineEdit::keyPressEvent(&editing);
+    event->setAccepted(editing.isAccepted());
   }
 }
 
@@ -71,9 +85,10 @@ void DegreeBox::mouseReleaseEvent(QMouseEvent* event) {
 
 void DegreeBox::contextMenuEvent(QContextMenuEvent* event) {
   const std::unique_ptr<QMenu> menu(createStandardContextMenu());
-  if (auto* paste = menu->findChild<QAction*>(QStringLiteral("edit-paste"))) {
-    paste->disconnect();
-    connect(paste, &QAction::triggered, this, [this] { Type(QApplication::clipboard()->text()); });
+  for (QAction* action : menu->actions()) {
+    if (!action->text().startsWith(QLineEdit::tr("&Paste"))) continue;
+    disconnect(action, &QAction::triggered, nullptr, nullptr);
+    connect(action, &QAction::triggered, this, [this] { Type(QApplication::clipboard()->text()); });
   }
   menu->exec(event->globalPos());
 }
@@ -86,7 +101,11 @@ void DegreeBox::focusInEvent(QFocusEvent* event) {
 
 void DegreeBox::focusOutEvent(QFocusEvent* event) {
   focusedByMouse_ = false;
+  const int start = selectionStart();
+  const int length = selectionLength();
   QLineEdit::focusOutEvent(event);
+  // A look into a menu leaves the selection as it is; the base class drops it.
+  if (event->reason() == Qt::MenuBarFocusReason && start >= 0) setSelection(start, length);
   Q_EMIT FocusLost(event->reason());
 }
 

@@ -1,6 +1,7 @@
 #include "editor/MainWindow.h"
 
 #include "dialogs/About.h"
+#include "dialogs/PlainTip.h"
 #include "dialogs/ThemedIcon.h"
 #include "files/ScriptFile.h"
 #include "model/Text.h"
@@ -142,7 +143,7 @@ void MainWindow::ConnectAll() {
   });
   connect(files_, &FileCommands::ProgramReplaced, this, &MainWindow::ProgramReplaced);
   connect(files_, &FileCommands::Saved, status_, &StatusLine::TakeAsSaved);
-  connect(files_, &FileCommands::TitleChanged, this, &QWidget::setWindowTitle);
+  connect(files_, &FileCommands::TitleChanged, this, &MainWindow::ShowTitle);
   connect(files_, &FileCommands::RecentChanged, menu_, &MainMenu::ShowRecent);
   connect(files_, &FileCommands::Note, statusBar(),
           [this](const QString& text) { statusBar()->showMessage(text, 5000); });
@@ -196,9 +197,10 @@ bool MainWindow::LoadTexts() {
   for (const Tip& tip : tips) {
     auto* button = toolbar_->findChild<QToolButton*>(QString::fromLatin1(tip.button));
     const QString& text = instance_.Text(tip.text);
-    button->setToolTip(text.toHtmlEscaped());
+    button->setToolTip(PlainTip(text));
     button->setAccessibleName(text);
   }
+  picture1_->setAccessibleName(instance_.Text(TextNumber::SizeWord));
   return true;
 }
 
@@ -301,7 +303,7 @@ void MainWindow::SelectLanguage() {
   if (dialog.FileTitle().isEmpty()) return;
   // The options file could not hold a name with a quote or a line break in it.
   const bool keepable = !dialog.FileName.contains(u'"') && !dialog.FileName.contains(u'\n');
-  if (!QFileInfo::exists(dialog.FileName) || !keepable) {
+  if (!keepable || !MessageTable().Read(dialog.FileName)) {
     instance_.Ask.MsgBox(QStringLiteral("FILE ERROR"), Buttons::Ok, Icon::Critical);
     return;
   }
@@ -332,11 +334,17 @@ void MainWindow::Form_Activate() {
   }
   diagram_->SetScale();
   const CamProgram& program = instance_.Program;
-  setWindowTitle(QStringLiteral("NIRA-KPL ") + instance_.Text(TextNumber::ProgramName) +
-                 QStringLiteral(" QX") + QString::number(program.NumCams()) + u'-' +
-                 ZeroFilled(program.NumSizes(), 2) + QStringLiteral("F  ") +
-                 QString::number(program.NumMessages()) + QStringLiteral("-Msg  ") + FileTitle());
+  ShowTitle(QStringLiteral("NIRA-KPL ") + instance_.Text(TextNumber::ProgramName) +
+            QStringLiteral(" QX") + QString::number(program.NumCams()) + u'-' +
+            ZeroFilled(program.NumSizes(), 2) + QStringLiteral("F  ") +
+            QString::number(program.NumMessages()) + QStringLiteral("-Msg  ") + FileTitle());
   diagram_->ShowRows(program.NumCams());
+}
+
+void MainWindow::ShowTitle(const QString& title) {
+  QString shown = title;
+  shown.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));  // no placeholder of Qt's
+  setWindowTitle(shown);
 }
 
 QString MainWindow::FileTitle() const {
@@ -349,17 +357,19 @@ void MainWindow::Rescale(double factor) {
   const double base = QFontInfo(QApplication::font()).pixelSize() / 2.0;
   const auto scaled = [factor](double design) { return std::max(1, qRound(design * factor)); };
   const auto pixels = [&](double part) { return std::max(6, scaled(base * part)); };
-  QFont large = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-  large.setPixelSize(pixels(1.8));
-  large.setBold(true);
-  sizeCam_->setFont(large);
+  // Few sizes: each one more costs the start a font engine.
+  const int text = pixels(1.04);
+  const int large = pixels(2.2);
+  QFont label = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  label.setPixelSize(large);
+  sizeCam_->setFont(label);
   toolbar_->setIconSize({scaled(12), scaled(12)});
   for (QToolButton* button : toolbar_->findChildren<QToolButton*>()) {
     button->setIconSize(toolbar_->iconSize());
   }
   picture1_->Rescale({scaled(36), scaled(15)});
-  diagram_->Rescale(pixels(1.08), pixels(0.92));
-  entry_->Rescale(pixels(1.2), pixels(2.4), scaled(106));
+  diagram_->Rescale(text, pixels(0.92));
+  entry_->Rescale(pixels(1.2), large, scaled(106));
 }
 
 void MainWindow::FitToScreen() {

@@ -70,6 +70,7 @@ class MainWindow : public QMainWindow {
   void ProgramReplaced();
   bool LoadTexts();
   void ReportWrite(const QString& name, const QString& reason);
+  void ShowTitle(const QString& title);
   QString FileTitle() const;
 
   Instance& instance_;

@@ -58,6 +58,11 @@ PhaseEntry::PhaseEntry(Instance& instance, QWidget* parent) : QWidget(parent), i
   connect(fase_, &QListWidget::itemDoubleClicked, this, &PhaseEntry::Fase_DblClick);
   connect(gradiOn_, &DegreeBox::FocusGained, this, [this] { Gained(Box::On); });
   connect(gradiOff_, &DegreeBox::FocusGained, this, [this] { Gained(Box::Off); });
+  connect(gradiOn_, &QLineEdit::textEdited, this, [this] {
+    OnTyped = true;  // Backspace and Delete are typing too
+    edited_ = true;
+  });
+  connect(gradiOff_, &QLineEdit::textEdited, this, [this] { edited_ = true; });
   connect(gradiOn_, &DegreeBox::FocusLost, this, &PhaseEntry::Lost);
   connect(gradiOff_, &DegreeBox::FocusLost, this, &PhaseEntry::Lost);
 }
@@ -203,8 +208,7 @@ void PhaseEntry::LoadFromLine(const QString& line) {
 void PhaseEntry::Load(const QString& on, const QString& off) {
   gradiOn_->setText(on);
   gradiOff_->setText(off);
-  loadedOn_ = on;
-  loadedOff_ = off;
+  edited_ = false;
 }
 
 void PhaseEntry::Gained(Box box) {
@@ -237,10 +241,11 @@ void PhaseEntry::Leave() {
 
 void PhaseEntry::LeaveForCommand() {
   if (entered_ != Box::Off) return;
-  if (gradiOn_->text() == loadedOn_ && gradiOff_->text() == loadedOff_) entered_ = Box::None;
+  if (!edited_) entered_ = Box::None;
   Leave();
   gradiOff_->deselect();
-  if (gradiOff_->hasFocus()) fase_->setFocus(Qt::OtherFocusReason);
+  // Also while another program is active: coming back must not enter the box anew.
+  if (window()->focusWidget() == gradiOff_) fase_->setFocus(Qt::OtherFocusReason);
 }
 
 void PhaseEntry::GRADION_GotFocus() {
@@ -252,7 +257,6 @@ void PhaseEntry::GRADION_GotFocus() {
 
 void PhaseEntry::GRADIOFF_GotFocus() {
   gradiOff_->setText(OffText);
-  loadedOff_ = OffText;
   gradiOff_->SelectAllText();
 }
 
@@ -318,11 +322,14 @@ void PhaseEntry::GRADIOFF_LostFocus() {
   OffText = gradiOff_->text();
   gradiOff_->deselect();
   CamProgram& program = instance_.Program;
+  const std::uint64_t before = program.Revision();
   program.KeepUndoRow();
   program.SetPhase(program.CurrentSize(), program.CurrentCam(), DegreeOf(*gradiOn_),
                    DegreeOf(*gradiOff_));
-  loadedOn_ = gradiOn_->text();
-  loadedOff_ = gradiOff_->text();
+  // Entering the ON box has said so already, unless a save came between or the OFF box was entered
+  // by itself.
+  if (program.Revision() != before) program.IsSaved = false;
+  edited_ = false;
   Q_EMIT Committed();
 }
 

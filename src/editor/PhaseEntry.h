@@ -26,7 +26,7 @@ class PhaseEntry : public QWidget {
   void HideBoxes();
 
   /// Takes the focus from the OFF box before a command. What was typed is committed to the cam it
-  /// was typed for; boxes that hold just what was loaded commit nothing.
+  /// was typed for; boxes left as they were loaded commit nothing.
   void LeaveForCommand();
 
   /// Sizes for a scale factor of the window: fonts and the fixed width.
@@ -78,8 +78,7 @@ class PhaseEntry : public QWidget {
   bool OnTyped = false;
 
   Box entered_ = Box::None;  // the box that has the focus, menus and other programs aside
-  QString loadedOn_;         // what the program put into the boxes
-  QString loadedOff_;
+  bool edited_ = false;      // the operator changed a box since the program loaded them
 };
 
 }  // namespace nira

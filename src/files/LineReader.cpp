@@ -24,11 +24,11 @@ LineReader::LineReader(const QString& path) : file_(path) {
 
 bool LineReader::Refill() {
   if (fileDone_) return false;
-  if (buffer_.empty()) buffer_.resize(chunk);
-  std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);
+  if (!buffer_) buffer_ = std::make_unique_for_overwrite<char[]>(chunk);
+  std::memmove(buffer_.get(), buffer_.get() + begin_, end_ - begin_);
   end_ -= begin_;
   begin_ = 0;
-  const qint64 got = file_.read(buffer_.data() + end_, static_cast<qint64>(chunk - end_));
+  const qint64 got = file_.read(buffer_.get() + end_, static_cast<qint64>(chunk - end_));
   if (got < 0) error_ = file_.errorString();
   if (got <= 0) {
     fileDone_ = true;
@@ -47,7 +47,7 @@ std::optional<std::string_view> LineReader::Next() {
   std::size_t searched = 0;
   std::size_t length = 0;
   while (true) {
-    const char* start = buffer_.data() + begin_;
+    const char* start = buffer_.get() + begin_;
     const std::size_t waiting = end_ - begin_;
     const void* found = std::memchr(start + searched, '\n', waiting - searched);
     if (found != nullptr) {
@@ -58,7 +58,7 @@ std::optional<std::string_view> LineReader::Next() {
     length = waiting;
     if (waiting > MaxLine + 1 || !Refill()) break;
   }
-  std::string_view line(buffer_.data() + begin_, length);
+  std::string_view line(buffer_.get() + begin_, length);
   begin_ += std::min(length + 1, end_ - begin_);
   ++lineNumber_;
   if (!line.empty() && line.back() == '\r') line.remove_suffix(1);

@@ -3,8 +3,8 @@
 #include <QFile>
 #include <QString>
 
+#include <memory>
 #include <optional>
-#include <string>
 #include <string_view>
 
 namespace nira {
@@ -27,7 +27,7 @@ class LineReader {
 
   /// What is in memory of the lines to come. A caller that finds a whole line at its start may
   /// take it, its end included, with `TakeLine`: quicker than `Next`, which has to look for it.
-  std::string_view Waiting() const { return {buffer_.data() + begin_, end_ - begin_}; }
+  std::string_view Waiting() const { return {buffer_.get() + begin_, end_ - begin_}; }
   void TakeLine(std::size_t bytes) {
     begin_ += bytes;
     ++lineNumber_;
@@ -43,7 +43,7 @@ class LineReader {
 
   QFile file_;
   QString error_;
-  std::string buffer_;
+  std::unique_ptr<char[]> buffer_;
   std::size_t begin_ = 0;  // of what is not yet returned
   std::size_t end_ = 0;
   bool fileDone_ = false;

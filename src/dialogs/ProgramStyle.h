@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace nira {
+
+/// Qt's Fusion with own pictures for what a narrow menu bar or tool bar folds away. Looking for
+/// theirs would make Qt load every picture plugin before the first window is painted.
+class ProgramStyle : public QProxyStyle {
+  Q_OBJECT
+
+ public:
+  ProgramStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+  QIcon standardIcon(StandardPixmap picture, const QStyleOption* option,
+                     const QWidget* widget) const override;
+};
+
+}  // namespace nira
