@@ -1,0 +1,131 @@
+#include "support/WindowFixture.h"
+
+#include <QTest>
+
+#include <random>
+
+namespace nira {
+
+namespace {
+
+using Action = std::function<void(WindowFixture&)>;
+
+const QList<std::pair<const char*, Action>>& Actions() {
+  static const QList<std::pair<const char*, Action>> actions = {
+      {"0", [](auto& f) { f.Type(u"0"_qs); }},
+      {"3", [](auto& f) { f.Type(u"3"_qs); }},
+      {"59", [](auto& f) { f.Type(u"59"_qs); }},
+      {"letter", [](auto& f) { f.Type(u"x"_qs); }},
+      {"Backspace", [](auto& f) { f.Type(u"\b"_qs); }},
+      {"!", [](auto& f) { f.Type(u"!"_qs); }},
+      {"quote", [](auto& f) { f.Type(u"\""_qs); }},
+      {"#", [](auto& f) { f.Type(u"#"_qs); }},
+      {"$", [](auto& f) { f.Type(u"$"_qs); }},
+      {"Enter", [](auto& f) { f.Type(u"\r"_qs); }},
+      {"Enter again", [](auto& f) { f.Type(u"\r"_qs); }},
+      {"Tab", [](auto& f) { f.Type(u"\t"_qs); }},
+      {"Backtab", [](auto& f) { f.Press(Qt::Key_Backtab, Qt::ShiftModifier); }},
+      {"PageUp", [](auto& f) { f.Press(Qt::Key_PageUp); }},
+      {"PageDown", [](auto& f) { f.Press(Qt::Key_PageDown); }},
+      {"Down", [](auto& f) { f.Press(Qt::Key_Down); }},
+      {"Ctrl+Z", [](auto& f) { f.Press(Qt::Key_Z, Qt::ControlModifier); }},
+      {"Escape", [](auto& f) { f.Press(Qt::Key_Escape); }},
+      {"entry", [](auto& f) { f.Click(u"GoPrCam"_qs); }},
+      {"cam 3", [](auto& f) { f.Click(u"LabCam_2"_qs); }},
+      {"cam 9 twice", [](auto& f) { f.DoubleClick(u"LabCam_8"_qs); }},
+      {"bar", [](auto& f) { f.Click(u"Barra_20"_qs); }},
+      {"next size", [](auto& f) { f.Step(true); }},
+      {"previous size", [](auto& f) { f.Step(false); }},
+      {"Undo", [](auto& f) { f.Choose("o_Undo"); }},
+      {"save", [](auto& f) { f.Click(u"Sv_Fil"_qs); }},
+      {"drop", [](auto& f) { f.Drop({QUrl::fromLocalFile(f.Path(u"press.CAM"_qs))}); }},
+      {"recent", [](auto& f) { f.Choose("F_Mnu_oldF_1"); }},
+      {"list",
+       [](auto& f) {
+         const auto* list = f.template Find<QListWidget>(u"Fase"_qs);
+         if (list->count() > 0) f.ClickLine(list->count() / 2);
+       }},
+      {"ON box",
+       [](auto& f) {
+         if (f.Find(u"GRADION"_qs)->isVisible()) f.Click(u"GRADION"_qs);
+       }},
+      {"OFF box",
+       [](auto& f) {
+         if (f.Find(u"GRADIOFF"_qs)->isVisible()) f.Click(u"GRADIOFF"_qs);
+       }},
+      {"other window",
+       [](auto&) {
+         QWidget other;
+         other.show();
+         other.activateWindow();
+         QVERIFY(QTest::qWaitForWindowActive(&other));
+       }},
+  };
+  return actions;
+}
+
+}  // namespace
+
+/// Whatever an operator does in whatever order, what is shown is what is in memory.
+class AnyOrderTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void ShowsTheProgram_data() {
+    QTest::addColumn<unsigned>("seed");
+    for (const unsigned seed : {1U, 2U, 3U, 4U})
+      QTest::newRow(qPrintable(QString::number(seed))) << seed;
+  }
+
+  void ShowsTheProgram() {
+    QFETCH(unsigned, seed);
+    WindowFixture f;
+    f.prompts.AnswerEverything(true);
+    f.Options(QFile::encodeName(u"\"p32qx_IT.SCR\",1,9600\r\n"_qs + f.Sample(u"press.CAM"_qs)));
+    QVERIFY(f.Start(f.Path(u"press.CAM"_qs)));
+    std::mt19937 random(seed);
+    QStringList done;
+    bool stepped = false;
+    for (int i = 0; i < 400; ++i) {
+      const auto& [name, action] = Actions().at(random() % unsigned(Actions().size()));
+      done.append(QString::fromLatin1(name));
+      const int camBefore = f.program.CurrentCam();
+      const QString labelBefore = f.Text("SizeCam");
+      action(f);
+      const QByteArray trace =
+          done.mid(std::max<qsizetype>(0, done.size() - 12)).join(u", "_qs).toUtf8();
+      const CamProgram& program = f.program;
+      const int cam = program.CurrentCam();
+      const int size = program.CurrentSize();
+      QVERIFY2(cam >= 0 && cam < 32 && size >= 1 && size <= 22, trace.constData());
+      QVERIFY2(f.Box("GRADION").size() <= 3 && f.Box("GRADIOFF").size() <= 3, trace.constData());
+      // A stepping code alone moves on to a cam that is not shown yet.
+      const bool same = f.Text("SizeCam") == labelBefore;
+      stepped = same && (stepped || cam != camBefore);
+      for (int other = 0; other < 32; ++other) {
+        const auto* bar = f.Find<CamBar>(u"Barra_%1"_qs.arg(other));
+        QVERIFY2(bar->Shown().runs == PhaseList::Of(program.CamMap(size, other)).runs,
+                 trace.constData());
+        if (!stepped) QVERIFY2(bar->Shown().selected == (other == cam), trace.constData());
+      }
+      if (stepped) continue;
+      QVERIFY2(f.Lines() == PhaseList::Of(program.CamMap(size, cam)).Lines().join(u'|'),
+               trace.constData());
+      QVERIFY2(f.Text("SizeCam") ==
+                   u"F%1 C%2"_qs.arg(size, 2, 10, QChar(u'0')).arg(cam + 1, 2, 10, QChar(u'0')),
+               trace.constData());
+    }
+    const QString content = ContentOf(f.program);
+    f.Press(Qt::Key_S, Qt::ControlModifier);
+    WindowFixture again;
+    QVERIFY(again.Start(f.settings.CurrentFile));
+    QCOMPARE(ContentOf(again.program).section(u"; 1 = "_qs, 0, 0),
+             ContentOf(f.program).section(u"; 1 = "_qs, 0, 0));
+    QVERIFY(!content.isEmpty());
+  }
+};
+
+}  // namespace nira
+
+QTEST_MAIN(nira::AnyOrderTest)
+#include "AnyOrderTest.moc"
