@@ -94,6 +94,7 @@ void FileCommands::Load() {
     paths.removeAll(current);
     paths.prepend(current);
     SetRecent(paths);
+    instance_.Dialog.InitDir = QFileInfo(current).absolutePath();
   }
 }
 

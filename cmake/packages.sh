@@ -1,0 +1,19 @@
+# Debian packages of this project, for ./run, ./test and .ci/run.
+RUN_PACKAGES=(g++ cmake ninja-build lld qt6-base-dev qt6-serialport-dev qt6-svg-dev fonts-dejavu-core)
+TEST_PACKAGES=("${RUN_PACKAGES[@]}")
+CI_PACKAGES=("${TEST_PACKAGES[@]}" clang-format git)
+
+# Installs those that are missing. Where there is no apt-get, the build itself says what it misses.
+need_packages() {
+  command -v dpkg-query >/dev/null && command -v apt-get >/dev/null || return 0
+  local missing=() package
+  for package in "$@"; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
+  done
+  [ ${#missing[@]} -gt 0 ] || return 0
+  local root=()
+  [ "$(id -u)" = 0 ] || root=(sudo)
+  echo "Installing: ${missing[*]}"
+  "${root[@]}" apt-get update -qq
+  "${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
