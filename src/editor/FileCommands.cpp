@@ -111,6 +111,8 @@ void FileCommands::F_Mnu_oldF_Click(const QString& path) {
     Q_EMIT Note(instance_.Text(TextNumber::FileNotFound) + path);
   } else if (CanBeRead(path)) {
     Load();
+  } else {
+    instance_.Settings.CurrentFile.clear();  // Save must not write over it
   }
 }
 
@@ -120,7 +122,10 @@ void FileCommands::OpenAtStart(const QString& path) {
     Q_EMIT Note(instance_.Text(TextNumber::FileNotFound) + path);
     return;
   }
-  if (!CanBeRead(path)) return;
+  if (!CanBeRead(path)) {
+    instance_.Settings.CurrentFile.clear();  // Save must not write over it
+    return;
+  }
   instance_.Program.ResetProgram();
   Load();
   instance_.Program.IsSaved = true;

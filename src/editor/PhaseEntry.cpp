@@ -7,6 +7,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -145,8 +146,15 @@ void PhaseEntry::Rescale(int dataPixels, int entryPixels, int width) {
 void PhaseEntry::ShowPhases(const PhaseList& phases) {
   tFasi_->setText(instance_.Text(TextNumber::PhasesHeading));
   const QSignalBlocker quiet(fase_);
+  const std::pair shown(instance_.Program.CurrentSize(), instance_.Program.CurrentCam());
+  const bool sameCam = std::exchange(shown_, shown) == shown;
+  const int scrolled = sameCam ? fase_->verticalScrollBar()->value() : 0;
   fase_->clear();
   fase_->addItems(phases.Lines());
+  if (scrolled > 0) {  // the press that caused a commit goes on to the line under the pointer
+    fase_->doItemsLayout();
+    fase_->verticalScrollBar()->setValue(scrolled);
+  }
   totFasi_->setText(ZeroFilled(static_cast<std::int64_t>(phases.phases.size()), 3));
 }
 

@@ -8,6 +8,8 @@
 #include <QListWidget>
 #include <QWidget>
 
+#include <utility>
+
 namespace nira {
 
 /// The panel beside the diagram: the phases of the selected cam, their count, and the two boxes in
@@ -77,8 +79,9 @@ class PhaseEntry : public QWidget {
   QString OffText;
   bool OnTyped = false;
 
-  Box entered_ = Box::None;  // the box that has the focus, menus and other programs aside
-  bool edited_ = false;      // the operator changed a box since the program loaded them
+  Box entered_ = Box::None;    // the box that has the focus, menus and other programs aside
+  std::pair<int, int> shown_;  // size and cam of the list
+  bool edited_ = false;        // the operator changed a box since the program loaded them
 };
 
 }  // namespace nira
