@@ -1,24 +1,13 @@
 #include "editor/FileCommands.h"
 
+#include "dialogs/BusyPointer.h"
+#include "files/Carprg.h"
 #include "files/LineReader.h"
 #include "files/OptionsFile.h"
 
-#include <QApplication>
 #include <QFileInfo>
 
 namespace nira {
-
-namespace {
-
-class BusyPointer {
- public:
-  BusyPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-  ~BusyPointer() { QApplication::restoreOverrideCursor(); }
-  BusyPointer(const BusyPointer&) = delete;
-  BusyPointer& operator=(const BusyPointer&) = delete;
-};
-
-}  // namespace
 
 QString ForcedName(const QString& name) {
   constexpr qsizetype longest = 200;
@@ -41,7 +30,9 @@ bool FileCommands::MayLoseWork() {
 }
 
 void FileCommands::f_newp_Click() {
-  if (MayLoseWork()) f_New();
+  if (!MayLoseWork()) return;
+  Carprg(instance_.Program, instance_.Settings, window_).exec();
+  f_New();
 }
 
 void FileCommands::f_New() {

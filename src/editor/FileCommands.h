@@ -16,7 +16,8 @@ class FileCommands : public QObject {
  public:
   FileCommands(Instance& instance, QWidget* window);
 
-  /// A new program. Asks first when unsaved work would be thrown away.
+  /// A new program begins with the choice of the model. Asks first when unsaved work would be
+  /// thrown away: the choice itself has no way back.
   void f_newp_Click();
 
   /// Opens the file that the operator chooses.

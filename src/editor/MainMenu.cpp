@@ -32,14 +32,14 @@ constexpr std::array fileEntries = {
 };
 
 constexpr std::array sizesEntries = {
-    Entry{"s_sel", "Se&lect Size", State::Off},
-    Entry{"O_Copy", "Copy &Size", State::Off},
-    Entry{"s_Clr", "&Erase Size", State::Off},
-    Entry{"S_Imp", "&Import Size", State::Off},
+    Entry{"s_sel", "Se&lect Size", State::On},
+    Entry{"O_Copy", "Copy &Size", State::On},
+    Entry{"s_Clr", "&Erase Size", State::On},
+    Entry{"S_Imp", "&Import Size", State::On},
     separator,
-    Entry{"O_CopyC", "Cop&y Cam", State::Off},
-    Entry{"o_Shc", "S&hift Cam", State::Off},
-    Entry{"O_ClC", "E&rase Cam", State::Off},
+    Entry{"O_CopyC", "Cop&y Cam", State::On},
+    Entry{"o_Shc", "S&hift Cam", State::On},
+    Entry{"O_ClC", "E&rase Cam", State::On},
     Entry{"o_MODC", "&Modify Cam", State::On},
     Entry{"o_Undo", "&Undo", State::Off},
     separator,

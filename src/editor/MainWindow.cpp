@@ -58,6 +58,7 @@ MainWindow::MainWindow(Instance& instance)
       options_(instance.Folder, instance.Settings, instance.Ask, instance.Writer),
       menu_(new MainMenu(menuBar())),
       files_(new FileCommands(instance, this)),
+      sizes_(new SizeCommands(instance, this)),
       status_(new StatusLine(instance, statusBar())) {
   setObjectName(QStringLiteral("MainWindow"));
   setAcceptDrops(true);
@@ -93,12 +94,8 @@ void MainWindow::BuildToolbar() {
   command(AddButton(toolbar_, "OP_FIL", "open"), "f_open");
   command(AddButton(toolbar_, "Sv_Fil", "save"), "f_S");
   toolbar_->addSeparator();
-  QToolButton* select = AddButton(toolbar_, "Sel_Form", "size");
-  QToolButton* erase = AddButton(toolbar_, "Azz_Form", "erase");
-  select->setEnabled(false);  // with "Select Size" and "Erase Size", not built yet
-  erase->setEnabled(false);
-  command(select, "s_sel");
-  command(erase, "s_Clr");
+  command(AddButton(toolbar_, "Sel_Form", "size"), "s_sel");
+  command(AddButton(toolbar_, "Azz_Form", "erase"), "s_Clr");
   command(AddButton(toolbar_, "GoPrCam", "cam"), "o_MODC");
   toolbar_->addSeparator();
 
@@ -135,6 +132,9 @@ void MainWindow::ConnectAll() {
   connect(picture1_, &SizeStepper::Next, this, [this] { Picture1_Step(1); });
   connect(diagram_, &CamDiagram::LabCam_Click, this, &MainWindow::LabCam_Click);
   connect(diagram_, &CamDiagram::LabCam_DblClick, this, &MainWindow::LabCam_DblClick);
+  connect(diagram_, &CamDiagram::LDefC_DblClick, sizes_, &SizeCommands::LDefC_DblClick);
+  connect(sizes_, &SizeCommands::Shown, this, &MainWindow::ShowSizeCam);
+  connect(sizes_, &SizeCommands::Hidden, status_, &StatusLine::Show);
   connect(diagram_, &CamDiagram::Pressed, entry_, &PhaseEntry::LeaveForCommand);
   connect(diagram_, &CamDiagram::DegreeUnderPointer, status_, &StatusLine::ShowDegree);
   connect(entry_, &PhaseEntry::Committed, this, [this] {
@@ -158,6 +158,13 @@ void MainWindow::BuildHandlers() {
       {QStringLiteral("f_S"), [this] { files_->f_S(); }},
       {QStringLiteral("f_save"), [this] { files_->f_Save(); }},
       {QStringLiteral("F_quit"), [this] { close(); }},
+      {QStringLiteral("s_sel"), [this] { sizes_->s_sel_Click(); }},
+      {QStringLiteral("O_Copy"), [this] { sizes_->O_Copy_Click(); }},
+      {QStringLiteral("s_Clr"), [this] { sizes_->s_Clr_Click(); }},
+      {QStringLiteral("S_Imp"), [this] { sizes_->S_Imp_Click(); }},
+      {QStringLiteral("O_CopyC"), [this] { sizes_->O_CopyC_Click(); }},
+      {QStringLiteral("o_Shc"), [this] { sizes_->o_Shc_Click(); }},
+      {QStringLiteral("O_ClC"), [this] { sizes_->O_ClC_Click(); }},
       {QStringLiteral("o_MODC"), [this] { o_MODC_Click(); }},
       {QStringLiteral("o_Undo"), [this] { o_Undo_Click(); }},
       {QStringLiteral("o_Setlng"), [this] { SelectLanguage(); }},

@@ -5,6 +5,7 @@
 #include "editor/Instance.h"
 #include "editor/MainMenu.h"
 #include "editor/PhaseEntry.h"
+#include "editor/SizeCommands.h"
 #include "editor/SizeStepper.h"
 #include "editor/StatusLine.h"
 #include "files/OptionsFile.h"
@@ -77,6 +78,7 @@ class MainWindow : public QMainWindow {
   OptionsFile options_;
   MainMenu* menu_;
   FileCommands* files_;
+  SizeCommands* sizes_;
   CamDiagram* diagram_;
   PhaseEntry* entry_;
   SizeStepper* picture1_;

@@ -12,14 +12,13 @@ namespace {
 constexpr std::string_view headerWord = "FUNZIONI";
 constexpr std::string_view sizeWords = "FORMATO N. ";
 
-/// A line as it is shown: a message box stays readable whatever a file holds.
-QString Shown(std::string_view line) {
+}  // namespace
+
+QString ShownLine(std::string_view line) {
   constexpr std::size_t most = 200;
   QString text = FromBytes(line.substr(0, most));
   return line.size() > most ? text + QStringLiteral("...") : text;
 }
-
-}  // namespace
 
 CamFileCounts CountsOfHeader(std::string_view header) {
   const std::string_view rest = header.substr(std::min(headerWord.size(), header.size()));
@@ -89,20 +88,20 @@ LoadResult CamFile::CheckCounts(const std::string& header) {
     prompts_.MsgBox(QString::number(counts.cams) + QStringLiteral(" WRONG NUMBER OF CAMS ") +
                         QString::number(program_.NumCams()),
                     Buttons::Ok, Icon::Critical);
-    return {LoadResult::Outcome::WrongCams, 1, Shown(header)};
+    return {LoadResult::Outcome::WrongCams, 1, ShownLine(header)};
   }
   if (counts.sizes == program_.NumSizes()) return {};
   const Answer answer =
       prompts_.MsgBox(QString::number(counts.sizes) + QStringLiteral(" BAD TOTAL FORMATS ") +
                           QString::number(program_.NumSizes()),
                       Buttons::OkCancel, Icon::None);
-  if (answer != Answer::Ok) return {LoadResult::Outcome::Declined, 1, Shown(header)};
+  if (answer != Answer::Ok) return {LoadResult::Outcome::Declined, 1, ShownLine(header)};
   otherSizes_ = true;
   return {};
 }
 
 LoadResult CamFile::BadFile(int line, std::string_view text) {
-  const QString shown = Shown(text);
+  const QString shown = ShownLine(text);
   prompts_.MsgBox(shown + texts_.Text(TextNumber::BadFile), Buttons::Ok, Icon::Exclamation);
   return {LoadResult::Outcome::Bad, line, shown};
 }

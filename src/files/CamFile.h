@@ -56,6 +56,9 @@ class CamFile {
   bool otherSizes_ = false;  // the operator took a file of another number of sizes
 };
 
+/// A line of a file as messages show it, cut where a box would no longer be readable.
+QString ShownLine(std::string_view line);
+
 /// Numbers of cams and sizes that the first line of a cam file names.
 struct CamFileCounts {
   std::int64_t cams = 0;

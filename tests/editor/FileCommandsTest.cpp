@@ -384,6 +384,32 @@ class FileCommandsTest : public QObject {
     QCOMPARE(empty.settings.CurrentFile, QString());
   }
 
+  /// What cannot be read is told, and Save asks for a name instead of writing there.
+  void UnreadableFile_data() {
+    QTest::addColumn<QString>("way");
+    for (const char* way : {"drop", "recent", "start"}) {
+      QTest::newRow(way) << QString::fromLatin1(way);
+    }
+  }
+
+  void UnreadableFile() {
+    QFETCH(QString, way);
+    WindowFixture f;
+    const QString folder = f.Path(u"press.CAM"_qs);
+    QVERIFY(QDir().mkpath(folder));
+    WithRecent(f, {folder});
+    f.prompts.Expect();
+    QVERIFY(f.Start(way == u"start"_qs ? folder : QString()));
+    if (way == u"drop"_qs) Go(f, way);
+    if (way == u"recent"_qs) f.Choose("F_Mnu_oldF_1");
+    QVERIFY(f.prompts.Shown().join(u'|').startsWith(
+        u"Critical Ok: IMPOSSIBILE LEGGERE IL FILE\n"_qs + folder));
+    QCOMPARE(f.settings.CurrentFile, QString());
+    f.dialog.Expect(f.Path(u"new"_qs));
+    f.Click(u"Sv_Fil"_qs);
+    QCOMPARE(f.settings.CurrentFile, f.Path(u"new.CAM"_qs));
+  }
+
   /// A title shows the name as it is, also where it looks like a placeholder.
   void TitleOfAnyName() {
     WindowFixture f;

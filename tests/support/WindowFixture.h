@@ -2,6 +2,7 @@
 
 #include "dialogs/clsCommonDialog.h"
 #include "editor/MainWindow.h"
+#include "files/Carprg.h"
 #include "support/CamFileFixture.h"
 #include "support/Rows.h"
 
@@ -11,6 +12,7 @@
 #include <QDropEvent>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QPushButton>
 #include <QStatusBar>
 #include <QTest>
 #include <QTimer>
@@ -81,6 +83,13 @@ struct WindowFixture {
       QFile::copy(scripts.filePath(name), folder.filePath(name));
     }
     Options("\"p32qx_IT.SCR\",1,9600\r\n");
+    QObject::connect(&models_, &QTimer::timeout, &models_, [this] {
+      if (auto* open = qobject_cast<Carprg*>(QApplication::activeModalWidget())) {
+        chooseModel(open);
+        QTest::mouseClick(open->findChild<QPushButton*>(QStringLiteral("OKP")), Qt::LeftButton);
+      }
+    });
+    models_.start(0);
   }
 
   QString Path(const QString& name) const { return folder.filePath(name); }
@@ -248,6 +257,11 @@ struct WindowFixture {
   ScriptedDialog dialog;
   Instance instance{program, settings, texts, writer, working, prompts, dialog};
   std::optional<MainWindow> window;
+  /// What the operator clicks in the choice of the model before OK.
+  std::function<void(Carprg*)> chooseModel = [](Carprg*) {};
+
+ private:
+  QTimer models_;
 };
 
 }  // namespace nira

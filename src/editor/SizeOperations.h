@@ -1,0 +1,47 @@
+#pragma once
+
+#include "model/CamProgram.h"
+
+#include <QString>
+
+#include <string_view>
+
+namespace nira {
+
+// What the Sizes menu and kplctl both do to whole sizes (from 1) and cams (from 0). An index
+// outside the program raises `IndexError` and changes nothing.
+
+/// Every cam of `from` into `to`, whose old content is overwritten.
+void CopySize(CamProgram& program, int from, int to);
+
+/// The row of a cam into another cam of the same size.
+void CopyCam(CamProgram& program, int size, int from, int to);
+
+/// All degrees of a cam OFF.
+void EraseCam(CamProgram& program, int size, int cam);
+
+/// Moves the whole row `degrees` later in the cycle (earlier when negative), around 359/0.
+void ShiftCam(CamProgram& program, int size, int cam, int degrees);
+
+/// A shift as it is typed, of any length, by the numeric value rule: -359..359.
+int ShiftOf(std::string_view text);
+
+/// How an import ended. Only `Imported` changes the program.
+struct ImportResult {
+  enum class Outcome {
+    Imported,
+    Unreadable,  ///< `text` is the system's reason
+    NoSize,      ///< the file has no such size
+    Bad,         ///< `text` is the offending line
+  };
+  Outcome outcome = Outcome::Imported;
+  int line = 0;  ///< number of the line at which the reading stopped, from 1
+  QString text;
+  QString model;  ///< what the file's first line says behind its section word
+};
+
+/// Reads the size `number` (0..99) of a cam file into `into`: its phases and the descriptions of
+/// its block, whole or not at all. The functions block and the other sizes stay.
+ImportResult ImportSize(CamProgram& program, const QString& path, int number, int into);
+
+}  // namespace nira

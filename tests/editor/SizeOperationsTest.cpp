@@ -1,0 +1,104 @@
+#include "editor/SizeOperations.h"
+#include "support/CamFileFixture.h"
+#include "support/Rows.h"
+
+#include <QTest>
+
+namespace nira {
+
+using namespace Qt::StringLiterals;
+
+/// Operations on whole sizes and cams.
+class SizeOperationsTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void Copies() {
+    CamProgram program;
+    program.SetRow(1, 0, RowOf(u"10-20"_qs));
+    program.SetRow(2, 1, RowOf(u"50-60"_qs));
+    CopySize(program, 1, 2);
+    QCOMPARE(ContentOf(program), u"1.1: 10-20; 2.1: 10-20"_qs);
+    CopySize(program, 1, 1);
+    CopyCam(program, 2, 0, 31);
+    CopyCam(program, 2, 0, 0);
+    QCOMPARE(ContentOf(program), u"1.1: 10-20; 2.1: 10-20; 2.32: 10-20"_qs);
+    EraseCam(program, 2, 0);
+    QCOMPARE(ContentOf(program), u"1.1: 10-20; 2.32: 10-20"_qs);
+    QVERIFY_EXCEPTION_THROWN(CopySize(program, 1, 23), IndexError);
+    QVERIFY_EXCEPTION_THROWN(CopyCam(program, 1, 0, 32), IndexError);
+    QCOMPARE(ContentOf(program), u"1.1: 10-20; 2.32: 10-20"_qs);
+  }
+
+  void Shifts_data() {
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("runs");
+    QTest::newRow("later") << u"5"_qs << u"5-6 15-25"_qs;
+    QTest::newRow("earlier, through 0") << u"-1"_qs << u"9-19 359-360"_qs;
+    QTest::newRow("all the way") << u"360"_qs << u"0-1 10-20"_qs;
+    QTest::newRow("beyond a turn") << u"-400"_qs << u"320-321 330-340"_qs;
+    QTest::newRow("half to even") << u"2.5"_qs << u"2-3 12-22"_qs;
+    QTest::newRow("nothing") << u""_qs << u"0-1 10-20"_qs;
+    QTest::newRow("letters behind") << u"3abc"_qs << u"3-4 13-23"_qs;
+    QTest::newRow("beyond 32 bits") << u"3600000000001"_qs << u"1-2 11-21"_qs;
+  }
+
+  void Shifts() {
+    QFETCH(QString, typed);
+    CamProgram program;
+    program.SetRow(1, 3, RowOf(u"0-1 10-20"_qs));
+    ShiftCam(program, 1, 3, ShiftOf(typed.toStdString()));
+    QTEST(RunsOf(program.CamMap(1, 3)), "runs");
+  }
+
+  void Imports_data() {
+    QTest::addColumn<QByteArray>("body");
+    QTest::addColumn<int>("number");
+    QTest::addColumn<int>("outcome");
+    QTest::addColumn<QString>("content");
+    const QString before = u"1.1: 1-2; 1.2: 3-4; 2.1: 5-6; 1 = OLD"_qs;
+    const auto row = [](const char* name, const QByteArray& body, int number,
+                        ImportResult::Outcome outcome, const QString& content) {
+      QTest::newRow(name) << body << number << static_cast<int>(outcome) << content;
+    };
+    using O = ImportResult::Outcome;
+    row("phases and descriptions",
+        "FUNZIONI 99 - 3\r\n FORMATO N. 01\r\nC 01\r\n 100 110\r\n FORMATO N. 03\r\n"
+        "C 02\"NEW\"\r\n 350 010\r\nEND\r\n",
+        3, O::Imported, u"1.2: 0-10 350-360; 2.1: 5-6; 1 = OLD; 2 = NEW"_qs);
+    row("an empty size", "FUNZIONI\r\n FORMATO N. 02\r\nEND\r\n", 2, O::Imported,
+        u"2.1: 5-6; 1 = OLD"_qs);
+    row("no such size", "FUNZIONI\r\n FORMATO N. 02\r\nEND\r\n", 1, O::NoSize, before);
+    row("size 0", "FUNZIONI\r\n FORMATO N. 02\r\nEND\r\n", 0, O::NoSize, before);
+    row("no cam file", "SOMETHING\r\n FORMATO N. 01\r\n", 1, O::Bad, before);
+    row("empty file", "", 1, O::Bad, before);
+    row("a cam beyond the program's",
+        "FUNZIONI\r\n FORMATO N. 01\r\nC 01\r\n 100 110\r\nC 03\r\n 001 002\r\n", 1, O::Bad,
+        before);
+    row("a degree beyond the cycle",
+        "FUNZIONI\r\n FORMATO N. 01\r\nC 01\"X\"\r\n 100 110\r\n 200 360\r\n", 1, O::Bad, before);
+    row("cut in the block", "FUNZIONI\n FORMATO N. 01\nC 01\n 100 110", 1, O::Imported,
+        u"1.1: 100-110; 2.1: 5-6; 1 = OLD"_qs);
+  }
+
+  void Imports() {
+    QFETCH(QByteArray, body);
+    QFETCH(int, number);
+    CamFileFixture f(2, 2);
+    f.program.SetRow(1, 0, RowOf(u"1-2"_qs));
+    f.program.SetRow(1, 1, RowOf(u"3-4"_qs));
+    f.program.SetRow(2, 0, RowOf(u"5-6"_qs));
+    f.program.SetCamText(0, u"OLD"_qs);
+    QVERIFY(WriteBytes(f.Path("in.cam"), body));
+    const ImportResult result = ImportSize(f.program, f.Path("in.cam"), number, 1);
+    QTEST(static_cast<int>(result.outcome), "outcome");
+    QTEST(ContentOf(f.program), "content");
+    const ImportResult gone = ImportSize(f.program, f.folder.path(), number, 1);
+    QCOMPARE(gone.outcome, ImportResult::Outcome::Unreadable);
+  }
+};
+
+}  // namespace nira
+
+QTEST_APPLESS_MAIN(nira::SizeOperationsTest)
+#include "SizeOperationsTest.moc"
