@@ -12,6 +12,8 @@ namespace nira {
 
 namespace {
 
+constexpr const char* withoutEnd = "it has no line END: its end may be missing";
+
 /// Passes questions on and keeps the last message, which is printed with the file's name and line.
 class KeptMessage : public Prompts {
  public:
@@ -154,7 +156,7 @@ bool KplctlCommands::CheckCamFile(const QString& file) {
     return false;
   }
   out_ << Printable(file) << ": good: " << Summary(program);
-  if (cutOff) out_ << "; it has no line END: its end may be missing";
+  if (cutOff) out_ << "; " << withoutEnd;
   out_ << '\n';
   return true;
 }
@@ -252,6 +254,15 @@ void KplctlCommands::ListSize(const CamProgram& program, int size, std::optional
   if (!any) out_ << "no phases\n";
 }
 
+/// Asks before another file is replaced, as the windows do.
+bool KplctlCommands::MayReplace(const QString& from, const QString& to) {
+  const QFileInfo target(to);
+  if (!target.exists() || target == QFileInfo(from)) return true;
+  const QString& known = texts_.Text(TextNumber::ReplaceFile);
+  const QString question = known.isEmpty() ? QStringLiteral("THE FILE ALREADY EXISTS") : known;
+  return prompts_.MsgBox(question + u' ' + to, Buttons::YesNo, Icon::Exclamation) == Answer::Yes;
+}
+
 int KplctlCommands::Rewrite(const QString& from, const QString& to, const Dimensions& dimensions) {
   QString reason = OutOfRange("--cams", dimensions.cams, CamProgram::MaxCams);
   if (reason.isEmpty()) {
@@ -262,10 +273,13 @@ int KplctlCommands::Rewrite(const QString& from, const QString& to, const Dimens
     return Failed;
   }
   CamProgram program;
-  if (const auto fault = Load(from, dimensions, program)) {
+  bool cutOff = false;
+  if (const auto fault = Load(from, dimensions, program, &cutOff)) {
     PrintFault(err_, from, *fault);
     return Failed;
   }
+  if (cutOff) err_ << Printable(from) << ": " << withoutEnd << '\n';
+  if (!MayReplace(from, to)) return Failed;
   Globals globals;
   globals.CurrentFile = to;
   const QString failure = CamFile(program, globals, prompts_, texts_, writer_).SaveCamFile();

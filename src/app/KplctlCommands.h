@@ -52,6 +52,8 @@ class KplctlCommands {
   std::optional<Fault> Load(const QString& file, const Dimensions& named, CamProgram& program,
                             bool* cutOff = nullptr);
 
+  bool MayReplace(const QString& from, const QString& to);
+
   void ListFunctions(const CamProgram& program);
   void ListSize(const CamProgram& program, int size, std::optional<int> cam);
 

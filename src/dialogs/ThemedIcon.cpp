@@ -26,6 +26,7 @@ class PictureEngine : public QIconEngine {
 
   void paint(QPainter* painter, const QRect& place, QIcon::Mode mode, QIcon::State) override {
     const QColor& lines = mode == QIcon::Disabled ? disabledLines_ : lines_;
+    if (mode == QIcon::Disabled) painter->setOpacity(0.5);  // the accents fade as well
     QSvgRenderer(QByteArray(svg_).replace("#000000", lines.name().toLatin1()))
         .render(painter, place);
   }

@@ -17,6 +17,7 @@ namespace nira {
 class clsCommonDialog {
  public:
   /// Values of `Flags` (the bits of the platform's own dialogs); others have no counterpart.
+  static constexpr int ReadOnly = 1;  ///< offers to open read-only; Qt's dialogs have no such box
   static constexpr int OverwritePrompt = 2;
   static constexpr int PathMustExist = 2048;
   static constexpr int FileMustExist = 4096;

@@ -35,6 +35,7 @@ void CamDiagram::BuildRow(int cam) {
   row.number->setObjectName(Indexed("LabCam", cam));
   row.number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   row.number->setText(QString::number(cam + 1));
+  row.number->setContentsMargins(0, 0, columnGap, 0);
   row.number->setAccessibleName(QStringLiteral("C%1").arg(cam + 1));
   row.description = new CamLabel(this);
   row.description->setObjectName(Indexed("LDefC", cam));
@@ -99,10 +100,10 @@ void CamDiagram::ShowCam(int cam, const std::vector<Run>& runs, bool selected,
   }
   const QColor back = QColor::fromRgb(selected ? colours::selectedBar : colours::bar);
   QPalette palette = row.description->palette();
-  if (palette.color(QPalette::Window) != back) {
+  const QColor front = QColor::fromRgb(selected ? colours::selectedText : colours::text);
+  if (palette.color(QPalette::Window) != back || palette.color(QPalette::WindowText) != front) {
     palette.setColor(QPalette::Window, back);
-    palette.setColor(QPalette::WindowText,
-                     QColor::fromRgb(selected ? colours::selectedText : colours::text));
+    palette.setColor(QPalette::WindowText, front);
     row.description->setPalette(palette);
   }
   row.description->ShowText(text);
@@ -157,7 +158,7 @@ void CamDiagram::ArrangeRows() {
     numberFont.setBold(row.number->font().bold());
     row.number->setFont(numberFont);
     row.description->setFont(rows);
-    row.number->setGeometry(0, top, numbers, height);
+    row.number->setGeometry(0, top, numbers + columnGap, height);  // all that is there to hit
     const int left = numbers + columnGap;
     row.description->setGeometry(left, top, bars_.left() - columnGap - left, height);
     row.description->ShowText(row.description->text());

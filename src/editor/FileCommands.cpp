@@ -48,7 +48,7 @@ void FileCommands::f_Open() {
   dialog.DialogTitle = instance_.Text(TextNumber::OpenTitle);
   dialog.Filter = instance_.Text(TextNumber::CamFiles) + QStringLiteral("(*.Cam)|*.cam|") +
                   instance_.Text(TextNumber::AllFiles) + QStringLiteral("(*.*)|*.*");
-  dialog.Flags = clsCommonDialog::FileMustExist + 1;
+  dialog.Flags = clsCommonDialog::FileMustExist + clsCommonDialog::ReadOnly;
   dialog.FileName.clear();
   dialog.ShowOpen(window_);
   if (!QFileInfo::exists(dialog.FileName) || !CanBeRead(dialog.FileName)) return;
@@ -81,6 +81,7 @@ void FileCommands::Load() {
   program.SelectSize(1);
   Q_EMIT ProgramReplaced();
   if (result.outcome == LoadResult::Outcome::Loaded) {
+    if (result.cutOff) Q_EMIT Note(instance_.Text(TextNumber::FileWithoutEnd) + current);
     QStringList paths = recent_;
     paths.removeAll(current);
     paths.prepend(current);

@@ -141,6 +141,7 @@ void MainWindow::ConnectAll() {
     menu_->Item(QStringLiteral("o_Undo"))->setEnabled(true);
     ShowSizeCam();
   });
+  connect(entry_, &PhaseEntry::SelectionMoved, this, &MainWindow::ShowSizeCam);
   connect(files_, &FileCommands::ProgramReplaced, this, &MainWindow::ProgramReplaced);
   connect(files_, &FileCommands::Saved, status_, &StatusLine::TakeAsSaved);
   connect(files_, &FileCommands::TitleChanged, this, &MainWindow::ShowTitle);
@@ -214,6 +215,7 @@ bool MainWindow::LoadTexts() {
 void MainWindow::ProgramReplaced() {
   menu_->Item(QStringLiteral("o_Undo"))->setEnabled(false);
   ShowSizeCam();
+  entry_->StartAnew();
   status_->TakeAsSaved();
 }
 

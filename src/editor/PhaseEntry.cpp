@@ -146,8 +146,7 @@ void PhaseEntry::Rescale(int dataPixels, int entryPixels, int width) {
 void PhaseEntry::ShowPhases(const PhaseList& phases) {
   tFasi_->setText(instance_.Text(TextNumber::PhasesHeading));
   const QSignalBlocker quiet(fase_);
-  const std::pair shown(instance_.Program.CurrentSize(), instance_.Program.CurrentCam());
-  const bool sameCam = std::exchange(shown_, shown) == shown;
+  const bool sameCam = std::exchange(shown_, Selected()) == Selected();
   const int scrolled = sameCam ? fase_->verticalScrollBar()->value() : 0;
   fase_->clear();
   fase_->addItems(phases.Lines());
@@ -170,11 +169,26 @@ void PhaseEntry::HideBoxes() {
   gradiOff_->hide();
 }
 
+std::pair<int, int> PhaseEntry::Selected() const {
+  return {instance_.Program.CurrentSize(), instance_.Program.CurrentCam()};
+}
+
+void PhaseEntry::LoadFirstLine() {
+  const QListWidgetItem* first = fase_->item(0);
+  LoadFromLine(first == nullptr ? QString() : first->text());
+}
+
+void PhaseEntry::StartAnew() {
+  entered_ = Box::None;
+  LoadFirstLine();
+  const QWidget* focused = window()->focusWidget();
+  if (focused == gradiOn_ || focused == gradiOff_) fase_->setFocus(Qt::OtherFocusReason);
+}
+
 void PhaseEntry::Open() {
   ShowBoxes();
   gradiOff_->setEnabled(true);
-  const QListWidgetItem* first = fase_->item(0);
-  LoadFromLine(first == nullptr ? QString() : first->text());
+  LoadFirstLine();
   entered_ = Box::None;  // the ON box is entered anew, also when it has the focus already
   if (gradiOn_->hasFocus()) {
     Gained(Box::On);
@@ -251,6 +265,8 @@ void PhaseEntry::LeaveForCommand() {
   if (entered_ != Box::Off) return;
   if (!edited_) entered_ = Box::None;
   Leave();
+  // A stepping key may have moved on to a cam that is not drawn: no command works on it unseen.
+  if (shown_ != Selected()) Q_EMIT SelectionMoved();
   gradiOff_->deselect();
   // Also while another program is active: coming back must not enter the box anew.
   if (window()->focusWidget() == gradiOff_) fase_->setFocus(Qt::OtherFocusReason);

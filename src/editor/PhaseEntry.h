@@ -27,6 +27,9 @@ class PhaseEntry : public QWidget {
   void Open();
   void HideBoxes();
 
+  /// Another program is in memory and shown: no pair of the old one may be entered into it.
+  void StartAnew();
+
   /// Takes the focus from the OFF box before a command. What was typed is committed to the cam it
   /// was typed for; boxes left as they were loaded commit nothing.
   void LeaveForCommand();
@@ -42,6 +45,8 @@ class PhaseEntry : public QWidget {
  Q_SIGNALS:
   /// A phase was committed; the row as it was before is in the program's undo row.
   void Committed();
+  /// The selected cam is not the one that is drawn.
+  void SelectionMoved();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -52,7 +57,9 @@ class PhaseEntry : public QWidget {
   void BuildControls();
   void BuildLayout();
   void ShowBoxes();
+  void LoadFirstLine();
   void LoadFromLine(const QString& line);
+  std::pair<int, int> Selected() const;
   void Load(const QString& on, const QString& off);
   void Gained(Box box);
   void Lost(Qt::FocusReason reason);

@@ -48,16 +48,18 @@ QString FileWriter::KeepOld(const QString& path) {
   QFile old(path);
   if (!old.open(QIODevice::ReadOnly)) return old.errorString();
   QSaveFile copy(path + QStringLiteral(".bak"));
-  if (!copy.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return copy.errorString();
+  const auto failed = [&copy]() -> QString {
+    return copy.fileName() + QStringLiteral(": ") + copy.errorString();
+  };
+  if (!copy.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return failed();
   while (!old.atEnd()) {
     const QByteArray piece = old.read(1 << 20);
     if (piece.isEmpty()) break;
     const std::string_view bytes(piece.constData(), static_cast<std::size_t>(piece.size()));
-    if (!WriteAll(copy, bytes)) return copy.errorString();
+    if (!WriteAll(copy, bytes)) return failed();
   }
-  if (old.error() != QFileDevice::NoError) return old.errorString();
-  if (!old.atEnd()) return copy.errorString();
-  if (!copy.commit()) return copy.errorString();
+  if (old.error() != QFileDevice::NoError || !old.atEnd()) return old.errorString();
+  if (!copy.commit()) return failed();
   kept_.insert(name);
   return {};
 }

@@ -67,6 +67,7 @@ enum class TextNumber : int {
   FileSaved = 230,
   StatusPortNotOpen = 231,
   StatusSaved = 232,
+  FileWithoutEnd = 233,
 };
 
 }  // namespace nira

@@ -1,5 +1,7 @@
 #include "files/WorkingFolder.h"
 
+#include "files/FileWriter.h"
+#include "files/MessageTable.h"
 #include "model/Globals.h"
 
 #include <QDir>
@@ -7,6 +9,31 @@
 #include <QFileInfo>
 
 namespace nira {
+
+namespace {
+
+/// The lines of a script, at most as many bytes as its reader looks at.
+QList<QByteArray> ScriptLines(const QString& path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) return {};
+  QList<QByteArray> lines = file.read(MessageTable::MaxScript).split('\n');
+  if (lines.constLast().isEmpty()) lines.removeLast();
+  return lines;
+}
+
+/// A later version of the program brings texts of higher numbers: the user's copy of a script gets
+/// the lines that it lacks at its end, and keeps its own. A failure leaves it as it is.
+void AddNewTexts(const QString& copy, const QString& installed) {
+  QList<QByteArray> own = ScriptLines(copy);
+  const QList<QByteArray> all = ScriptLines(installed);
+  if (own.isEmpty() || own.size() >= all.size() || !own.constLast().endsWith('\r')) return;
+  own.append(all.mid(own.size()));
+  const QByteArray bytes = own.join('\n') + '\n';
+  FileWriter().Write(copy, {bytes.constData(), static_cast<std::size_t>(bytes.size())},
+                     FileWriter::Backup::No);
+}
+
+}  // namespace
 
 QString StartFolder(const QString& current) {
   const QString path = QDir::fromNativeSeparators(current);
@@ -29,7 +56,11 @@ WorkingFolder WorkingFolder::Choose(const QString& current, const QString& users
                                 ? QStringList()
                                 : scripts.entryList({QStringLiteral("*.scr")}, QDir::Files);
   for (const QString& name : names) {
-    if (!users.Has(name)) QFile::copy(scripts.filePath(name), QDir(usersFolder).filePath(name));
+    if (users.Has(name)) {
+      AddNewTexts(users.Find(name), scripts.filePath(name));
+    } else {
+      QFile::copy(scripts.filePath(name), QDir(usersFolder).filePath(name));
+    }
   }
   return users;
 }

@@ -16,7 +16,8 @@ class WorkingFolder {
   explicit WorkingFolder(const QString& path) : path_(path) {}
 
   /// `current` when it holds the options file or the default script; otherwise `usersFolder`,
-  /// which is made when it is missing and given the scripts of `installedScripts` that it lacks.
+  /// which is made when it is missing and given the scripts, and the new texts
+  /// at their ends, of `installedScripts` that it lacks.
   static WorkingFolder Choose(const QString& current, const QString& usersFolder,
                               const QString& installedScripts);
 

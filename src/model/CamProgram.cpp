@@ -135,7 +135,7 @@ void CamProgram::SetPhase(int size, int cam, int on, int off) {
 const CamRow& CamProgram::CamMap(int size, int cam) const {
   CheckSize(size);
   CheckCam(cam);
-  return map_[static_cast<std::size_t>((size - 1) * MaxCams + cam)];
+  return map_[static_cast<std::size_t>(size - 1) * MaxCams + static_cast<std::size_t>(cam)];
 }
 
 CamRow& CamProgram::Row(int size, int cam) {

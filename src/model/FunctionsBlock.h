@@ -15,12 +15,12 @@ struct FunctionsBlock {
   std::uint8_t Ratio25On = 0;  ///< cams 25-32 work with a division ratio
   std::uint8_t Ratio17On = 0;  ///< cams 17-24 work with a division ratio; not kept in the cam file
 
-  std::uint8_t Delay17to20 = 0;   ///< milliseconds
-  std::uint8_t Delay21to24 = 0;   ///< milliseconds
-  std::uint8_t Ratio25to32 = 0;   ///< the n of 1/n
-  std::uint8_t Ratio17to24 = 0;   ///< the n of 1/n; not kept in the cam file
-  std::uint8_t OutputSize = 0;    ///< size that the programmer puts in use
-  std::int16_t EncoderShift = 0;  ///< degrees
+  std::uint8_t Delay17to20 = 0;  ///< milliseconds
+  std::uint8_t Delay21to24 = 0;  ///< milliseconds
+  std::uint8_t Ratio25to32 = 0;  ///< the n of 1/n
+  std::uint8_t Ratio17to24 = 0;  ///< the n of 1/n; not kept in the cam file
+  std::uint8_t OutputSize = 0;   ///< size that the programmer puts in use
+  std::int16_t EncoderShift = 0;
   std::uint8_t RotationSense = 0;
   std::int16_t SpeedLimit = 0;
 

@@ -24,16 +24,12 @@ std::string NumberPart(std::string_view text) {
   bool point = false;
   for (const char c : text) {
     if (c == ' ') continue;
-    if (c >= '0' && c <= '9') {
-      number.push_back(c);
-    } else if (c == '.' && !point) {
-      point = true;
-      number.push_back(c);
-    } else if ((c == '-' || c == '+') && number.empty()) {
-      number.push_back(c);
-    } else {
-      break;
-    }
+    const bool digit = c >= '0' && c <= '9';
+    const bool sign = (c == '-' || c == '+') && number.empty();
+    const bool firstPoint = c == '.' && !point;
+    if (!digit && !sign && !firstPoint) break;
+    point |= firstPoint;
+    number.push_back(c);
   }
   return number;
 }

@@ -303,6 +303,37 @@ class LeavingTest : public QObject {
     QCOMPARE(ContentOf(f.program), loaded);
   }
 
+  /// The same from the ON box, and the boxes hold a pair of the new program.
+  void NothingOfTheOldPairInANewProgram() {
+    WindowFixture f;
+    const QString press = f.Sample(u"press.CAM"_qs);
+    QVERIFY(Begin(f));
+    f.Enter({});
+    f.program.IsSaved = true;
+    f.dialog.Expect(press);
+    f.Choose("f_open");
+    const QString loaded = ContentOf(f.program);
+    f.Type(u"\r\r"_qs);
+    QCOMPARE(ContentOf(f.program), loaded);
+    QCOMPARE(f.Boxes(), u"268 092"_qs);
+    QVERIFY(f.program.IsSaved);
+  }
+
+  /// A stepping key that changed no text has moved the selection all the same.
+  void NoCommandWorksOnACamThatIsNotShown() {
+    WindowFixture f;
+    QVERIFY(Begin(f));
+    f.program.SetRow(1, 31, RowOf(u"1-2"_qs));
+    f.Enter(u"\r"_qs);
+    f.Press(Qt::Key_Right);
+    f.Type(u"#"_qs);
+    f.Click(u"GoPrCam"_qs);
+    QCOMPARE(f.Text("SizeCam"), u"F01 C32"_qs);
+    QCOMPARE(f.Boxes(), u"001 002"_qs);
+    f.Type(u"\r\r"_qs);
+    QCOMPARE(ContentOf(f.program), u"1.5: 100-110; 1.32: 1-2"_qs);
+  }
+
   /// Whatever made the program count as saved: a phase that is entered later is work again.
   void LaterEntryIsUnsavedWork_data() {
     QTest::addColumn<QString>("way");
@@ -330,6 +361,7 @@ class LeavingTest : public QObject {
       f.Choose(way.toLatin1().constData());
     }
     QVERIFY(f.program.IsSaved);
+    if (f.Focus() == u"Fase"_qs) f.Click(u"GRADION"_qs);  // another program left the boxes
     if (offAlone) {
       f.Click(u"GRADIOFF"_qs);
     } else {

@@ -148,7 +148,7 @@ class FileWriterTest : public QObject {
       const FullDisk disk(100);
       reason = writer.Write(path, bytes, backup ? Backup::Yes : Backup::No);
     }
-    QCOMPARE(reason, qt_error_string(EFBIG));
+    QVERIFY2(reason.endsWith(qt_error_string(EFBIG)), qPrintable(reason));
     QVERIFY(ReadBytes(path) == old);
     const QStringList left = QDir(folder.path()).entryList(QDir::Files | QDir::Hidden);
     QVERIFY2(left.size() == 1 || (backup && oldSize <= 100 && left.size() == 2),

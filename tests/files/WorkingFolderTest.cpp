@@ -107,6 +107,23 @@ class WorkingFolderTest : public QObject {
   QString At(const char* name) const { return root_->filePath(QString::fromLatin1(name)); }
 
   std::unique_ptr<QTemporaryDir> root_;
+
+  /// A later version's texts reach a user's copy, whose own lines stay.
+  void NewTextsAreAdded() {
+    QTemporaryDir folder;
+    const QDir dir(folder.path());
+    QVERIFY(dir.mkpath(u"lang"_qs) && dir.mkpath(u"user"_qs));
+    const QString copy = dir.filePath(u"user/a.scr"_qs);
+    QVERIFY(WriteBytes(dir.filePath(u"lang/a.scr"_qs), "A\"\r\n\"B\"\r\n\"C\"\r\n"));
+    for (const auto& [before, after] :
+         {std::pair<QByteArray, QByteArray>("MINE\"\r\n", "MINE\"\r\n\"B\"\r\n\"C\"\r\n"),
+          {"A\"\r\n\"B\"\r\n\"X\"\r\n\"Y\"\r\n", "A\"\r\n\"B\"\r\n\"X\"\r\n\"Y\"\r\n"},
+          {"no script at all", "no script at all"}}) {
+      QVERIFY(WriteBytes(copy, before));
+      WorkingFolder::Choose(dir.path(), dir.filePath(u"user"_qs), dir.filePath(u"lang"_qs));
+      QCOMPARE(ReadBytes(copy), after);
+    }
+  }
 };
 
 }  // namespace nira

@@ -1,0 +1,158 @@
+#include "app/CommandLine.h"
+#include "support/CamFileFixture.h"
+
+#include <QTest>
+#include <QTextStream>
+
+namespace nira {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What a call of kplctl prints and returns.
+struct Ran {
+  int status = 0;
+  QString out;
+  QString err;
+};
+
+Ran Kplctl(const QStringList& arguments) {
+  Ran ran;
+  QTextStream out(&ran.out);
+  QTextStream err(&ran.err);
+  ran.status = RunKplctl(QStringList{u"kplctl"_qs} + arguments, out, err);
+  return ran;
+}
+
+QString Sample(const QString& name) {
+  return QStringLiteral(NIRA_SOURCE_FOLDER "/samples/") + name;
+}
+
+}  // namespace
+
+/// The same work without windows.
+class KplctlTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void Check() {
+    const Ran good = Kplctl({u"check"_qs, Sample(u"press.CAM"_qs), Sample(u"carton.CAM"_qs),
+                             Sample(u"../lang/p32qx_IT.SCR"_qs)});
+    QCOMPARE(good.status, 0);
+    QCOMPARE(good.out.count(u": good: "_qs), 3);
+    QCOMPARE(good.err, QString());
+  }
+
+  void Faults_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("place");
+    const QByteArray head = PlainHead();
+    QTest::newRow("bad section") << u"a.cam"_qs << QByteArray("FUNZIONI  2 - 1 \r\nX\r\n")
+                                 << u":2: "_qs;
+    QTest::newRow("bad degree") << u"a.cam"_qs << head + " FORMATO N. 01\r\nC 01\r\n 400 010\r\n"
+                                << u":11: "_qs;
+    QTest::newRow("too many cams")
+        << u"a.cam"_qs << QByteArray("FUNZIONI  33 - 1 \r\n") << u":1: "_qs;
+    QTest::newRow("no quote") << u"a.SCR"_qs << QByteArray("a\"\r\n\"b\r\n") << u":2: "_qs;
+    QTest::newRow("no CR") << u"a.scr"_qs << QByteArray("a\"\r\n\"b\"\n\"c\"\r\n") << u":2: "_qs;
+    QTest::newRow("other file") << u"a.txt"_qs << QByteArray("x") << u"a.txt"_qs;
+    QTest::newRow("escape sequence")
+        << u"a.cam"_qs << QByteArray("\x1B[2J FUNZI\r\n") << u":1: "_qs;
+  }
+
+  void Faults() {
+    QFETCH(QString, name);
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, place);
+    CamFileFixture f;
+    const QString path = f.folder.filePath(name);
+    QVERIFY(WriteBytes(path, bytes));
+    const Ran ran = Kplctl({u"check"_qs, Sample(u"smallest.CAM"_qs), path});
+    QCOMPARE(ran.status, 1);
+    const QString printed = ran.out + ran.err;
+    QVERIFY2(printed.contains(place), qPrintable(printed));
+    QVERIFY(!printed.contains(QChar(0x1B)));
+    QVERIFY(ran.out.contains(u"smallest.CAM: good"_qs));
+  }
+
+  void List() {
+    const Ran ran =
+        Kplctl({u"list"_qs, Sample(u"press.CAM"_qs), u"--size"_qs, u"1"_qs, u"--cam"_qs, u"5"_qs});
+    QCOMPARE(ran.status, 0);
+    QVERIFY(ran.out.contains(u"\nCam 05 TRANSFER LOWER\nF001 037 074\n"_qs));
+    QVERIFY(!ran.out.contains(u"Cam 04"_qs));
+    QCOMPARE(Kplctl({u"list"_qs, Sample(u"press.CAM"_qs), u"--size"_qs, u"23"_qs}).status, 1);
+    QCOMPARE(Kplctl({u"list"_qs, Sample(u"none.CAM"_qs)}).status, 1);
+  }
+
+  void Rewrite_data() {
+    QTest::addColumn<QString>("sample");
+    for (const char* name : {"press.CAM", "carton.CAM", "smallest.CAM"}) {
+      QTest::newRow(name) << QString::fromLatin1(name);
+    }
+  }
+
+  /// The samples are canonical: written anew they are what they were.
+  void Rewrite() {
+    QFETCH(QString, sample);
+    CamFileFixture f;
+    QCOMPARE(Kplctl({u"rewrite"_qs, Sample(sample), f.Path("out.cam")}).status, 0);
+    QCOMPARE(ReadBytes(f.Path("out.cam")), ReadBytes(Sample(sample)));
+  }
+
+  void NothingIsWritten_data() {
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QByteArray>("bytes");
+    const QByteArray good = PlainHead() + " FORMATO N. 01\r\nEND\r\n";
+    QTest::newRow("over another file") << QStringList{} << good;
+    QTest::newRow("bad file") << QStringList{u"--yes"_qs} << good.left(40);
+    QTest::newRow("other cams") << QStringList{u"--yes"_qs, u"--cams"_qs, u"3"_qs} << good;
+    QTest::newRow("other sizes, not wanted") << QStringList{u"--sizes"_qs, u"3"_qs} << good;
+    QTest::newRow("sizes beyond all") << QStringList{u"--yes"_qs, u"--sizes"_qs, u"100"_qs} << good;
+  }
+
+  void NothingIsWritten() {
+    QFETCH(QStringList, options);
+    QFETCH(QByteArray, bytes);
+    CamFileFixture f;
+    QVERIFY(WriteBytes(f.Path("in.cam"), bytes));
+    QVERIFY(WriteBytes(f.Path("out.cam"), "old"));
+    const Ran ran =
+        Kplctl(QStringList{u"rewrite"_qs, f.Path("in.cam"), f.Path("out.cam")} + options);
+    QCOMPARE(ran.status, 1);
+    QVERIFY(!ran.err.isEmpty());
+    QCOMPARE(ReadBytes(f.Path("out.cam")), QByteArray("old"));
+  }
+
+  void Yes() {
+    CamFileFixture f;
+    QVERIFY(WriteBytes(f.Path("in.cam"), PlainHead() + " FORMATO N. 01\r\nC 02\r\n 001 005\r\n"));
+    QVERIFY(WriteBytes(f.Path("out.cam"), "old"));
+    const Ran ran = Kplctl(
+        {u"rewrite"_qs, f.Path("in.cam"), f.Path("out.cam"), u"--yes"_qs, u"--sizes"_qs, u"2"_qs});
+    QCOMPARE(ran.status, 0);
+    QVERIFY(ran.err.contains(u"1 BAD TOTAL FORMATS 2"_qs));
+    QVERIFY(ran.err.contains(u"no line END"_qs));
+    QVERIFY(ReadBytes(f.Path("out.cam")).endsWith("C 02\r\n 001 005\r\n FORMATO N. 02\r\nEND\r\n"));
+    QCOMPARE(ReadBytes(f.Path("out.cam.bak")), QByteArray("old"));
+  }
+
+  void Usage() {
+    QCOMPARE(Kplctl({u"--help"_qs}).status, 0);
+    QVERIFY(Kplctl({u"--version"_qs}).out.contains(u"0.1"_qs));
+    for (const QStringList& wrong :
+         {QStringList{}, QStringList{u"erase"_qs}, QStringList{u"rewrite"_qs, u"a"_qs},
+          QStringList{u"list"_qs, u"a"_qs, u"--size"_qs, u"x"_qs}, QStringList{u"check"_qs}}) {
+      const Ran ran = Kplctl(wrong);
+      QCOMPARE(ran.status, 2);
+      QVERIFY(!ran.err.isEmpty());
+    }
+  }
+};
+
+}  // namespace nira
+
+QTEST_GUILESS_MAIN(nira::KplctlTest)
+#include "KplctlTest.moc"
