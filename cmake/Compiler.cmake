@@ -7,7 +7,7 @@ else()
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     # GCC 12 sees overlapping copies in every optimised `"literal" + std::string` (its bug 105651).
-    target_compile_options(nira_compiler INTERFACE -Wno-restrict)  # clang-tidy: see .ci/tidy
+    target_compile_options(nira_compiler INTERFACE -Wno-restrict)
   endif()
 endif()
 target_compile_definitions(nira_compiler INTERFACE
