@@ -3,6 +3,7 @@
 #include "app/Printable.h"
 #include "app/ScriptCheck.h"
 #include "files/CamFile.h"
+#include "files/CamWords.h"
 #include "model/PhaseList.h"
 #include "model/Text.h"
 
@@ -43,11 +44,9 @@ void PrintFault(QTextStream& lines, const QString& file, const Fault& fault) {
 
 /// The counts that the header names; none when the header names none.
 std::optional<CamFileCounts> NamedCounts(std::string_view header) {
-  constexpr std::string_view word = "FUNZIONI";
-  if (header.find(word) == std::string_view::npos || header.size() <= word.size()) {
-    return std::nullopt;
-  }
-  return CountsOfHeader(header);
+  const bool named =
+      header.find(FunctionsWord) != std::string_view::npos && header.size() > FunctionsWord.size();
+  return named ? std::optional(CountsOfHeader(header)) : std::nullopt;
 }
 
 bool IsWithin(std::int64_t number, int most) {

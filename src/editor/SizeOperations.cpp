@@ -1,6 +1,7 @@
 #include "editor/SizeOperations.h"
 
 #include "files/CamFile.h"
+#include "files/CamWords.h"
 #include "files/SizeBlockReader.h"
 #include "model/Text.h"
 
@@ -12,15 +13,13 @@ namespace nira {
 
 namespace {
 
-constexpr std::string_view headerWord = "FUNZIONI";
-
 ImportResult Stopped(ImportResult::Outcome outcome, const LineReader& lines, const QString& text) {
   return {outcome, lines.LineNumber(), text, {}};
 }
 
 /// Reads on to the line that names the size; false at the end of the file.
 bool FindSize(LineReader& lines, int number) {
-  const std::string header = "FORMATO N. " + ZeroFill(number, 2);
+  const std::string header = std::string(SizeWords) + ZeroFill(number, 2);
   while (const auto line = lines.Next()) {
     if (line->find(header) != std::string_view::npos) return true;
   }
@@ -67,7 +66,7 @@ ImportResult ImportSize(CamProgram& program, const QString& path, int number, in
   LineReader lines(path);
   if (!lines.IsOpen()) return Stopped(Outcome::Unreadable, lines, lines.Error());
   const std::string header(lines.Next().value_or(std::string_view()));
-  if (header.find(headerWord) == std::string::npos || lines.Overlong()) {
+  if (header.find(FunctionsWord) == std::string::npos || lines.Overlong()) {
     return Stopped(Outcome::Bad, lines, ShownLine(header));
   }
   if (!FindSize(lines, number)) return Stopped(Outcome::NoSize, lines, {});
@@ -81,7 +80,8 @@ ImportResult ImportSize(CamProgram& program, const QString& path, int number, in
   if (!lines.Error().isEmpty()) return Stopped(Outcome::Unreadable, lines, lines.Error());
   TakeBlock(program, *block, into);
   ImportResult result;
-  if (header.size() > headerWord.size()) result.model = FromBytes(header.substr(headerWord.size()));
+  if (header.size() > FunctionsWord.size())
+    result.model = FromBytes(header.substr(FunctionsWord.size()));
   return result;
 }
 

@@ -1,18 +1,12 @@
 #include "files/CamFile.h"
 
 #include "files/CamLines.h"
+#include "files/CamWords.h"
 #include "files/FunctionsReader.h"
 #include "files/SizeBlockReader.h"
 #include "model/Text.h"
 
 namespace nira {
-
-namespace {
-
-constexpr std::string_view headerWord = "FUNZIONI";
-constexpr std::string_view sizeWords = "FORMATO N. ";
-
-}  // namespace
 
 QString ShownLine(std::string_view line) {
   constexpr std::size_t most = 200;
@@ -21,7 +15,7 @@ QString ShownLine(std::string_view line) {
 }
 
 CamFileCounts CountsOfHeader(std::string_view header) {
-  const std::string_view rest = header.substr(std::min(headerWord.size(), header.size()));
+  const std::string_view rest = header.substr(std::min(FunctionsWord.size(), header.size()));
   return {NumericValue(rest.substr(0, 4)), NumericValue(Tail(rest, 3))};
 }
 
@@ -41,8 +35,9 @@ LoadResult CamFile::LoadCamFile(const QString& path) {
 LoadResult CamFile::Read(LineReader& lines) {
   const auto first = lines.Next();
   const std::string header(first.value_or(std::string_view()));
-  if (header.find(headerWord) == std::string::npos || lines.Overlong()) return BadFile(1, header);
-  if (header.size() > headerWord.size()) {
+  if (header.find(FunctionsWord) == std::string::npos || lines.Overlong())
+    return BadFile(1, header);
+  if (header.size() > FunctionsWord.size()) {
     const LoadResult counts = CheckCounts(header);
     if (counts.outcome != LoadResult::Outcome::Loaded) return counts;
     program_.DimensionModel();
@@ -66,7 +61,7 @@ LoadResult CamFile::Read(LineReader& lines) {
   result.cutOff = true;  // until the last line is met
   int size = 0;          // no size line yet: a phase there belongs to no size
   while (!lines.AtEnd()) {
-    if (line.find(sizeWords) != std::string::npos) {
+    if (line.find(SizeWords) != std::string::npos) {
       size = static_cast<int>(NumericValue(Tail(line, 2)));
     }
     const bool past = otherSizes_ && size > program_.NumSizes();

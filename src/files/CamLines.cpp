@@ -1,5 +1,6 @@
 #include "files/CamLines.h"
 
+#include "files/CamWords.h"
 #include "model/PhaseList.h"
 #include "model/Text.h"
 
@@ -68,7 +69,7 @@ void BuildCamLines(CamProgram& program, int size, int cam, bool portOpen) {
 }
 
 void WriteSizeBlock(CamProgram& program, int size, std::string& file) {
-  AddLine(file, " FORMATO N. " + ZeroFill(size, 2));
+  AddLine(file, std::string(1, ' ').append(SizeWords) + ZeroFill(size, 2));
   for (int cam = 0; cam < program.NumCams(); ++cam) {
     BuildCamLines(program, size, cam, false);
     for (const std::string& line : program.LineBuffer) {
@@ -80,7 +81,8 @@ void WriteSizeBlock(CamProgram& program, int size, std::string& file) {
 
 void WriteFunctionsBlock(const CamProgram& program, std::string& file) {
   const FunctionsBlock& f = program.Functions();
-  AddLine(file, "FUNZIONI " + Num(program.NumCams()) + "-" + Num(program.NumSizes()));
+  AddLine(file, std::string(FunctionsWord) + " " + Num(program.NumCams()) + "-" +
+                    Num(program.NumSizes()));
   if (f.AdvanceOn == 1) {
     AddLine(file, "ANTICIPI ON   " + Num(f.AdvanceLast));
     for (int i = 1; i <= f.AdvanceLast; ++i) {

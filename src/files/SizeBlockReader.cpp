@@ -1,5 +1,6 @@
 #include "files/SizeBlockReader.h"
 
+#include "files/CamWords.h"
 #include "model/PhaseList.h"
 #include "model/Text.h"
 
@@ -65,7 +66,7 @@ SizeBlockReader::Stop SizeBlockReader::Read(int size, bool skip) {
       const char first = line->empty() ? '\0' : line->front();
       if (first == 'C') {
         if (!skip) TakeCamLine(*line);
-      } else if (line->find("FORMATO N. ") != std::string_view::npos || *line == "END") {
+      } else if (line->find(SizeWords) != std::string_view::npos || *line == "END") {
         line_ = *line;
         return Stop::SizeOrEnd;
       } else if (first == ' ' && !skip) {

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string_view>
+
+namespace nira {
+
+/// What the first line of a cam file begins with.
+inline constexpr std::string_view FunctionsWord = "FUNZIONI";
+
+/// What a size line holds before the two digits of its size.
+inline constexpr std::string_view SizeWords = "FORMATO N. ";
+
+}  // namespace nira
