@@ -95,7 +95,9 @@ std::optional<std::string> ToBytes(QStringView text) {
 
 QString ForeignCharacter(QStringView text) {
   for (qsizetype i = 0; i < text.size();) {
-    const qsizetype length = text.at(i).isHighSurrogate() && i + 1 < text.size() ? 2 : 1;
+    const bool pair =
+        text.at(i).isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
+    const qsizetype length = pair ? 2 : 1;
     const QStringView character = text.mid(i, length);
     if (!ToBytes(character)) return character.toString();
     i += length;

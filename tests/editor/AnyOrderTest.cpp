@@ -10,33 +10,36 @@ namespace {
 
 using Action = std::function<void(WindowFixture&)>;
 
+/// The first of the actions may be no commands: they write into a box, or do nothing.
+constexpr qsizetype writing = 13;
+
 const QList<std::pair<const char*, Action>>& Actions() {
   static const QList<std::pair<const char*, Action>> actions = {
       {"0", [](auto& f) { f.Type(u"0"_qs); }},
       {"3", [](auto& f) { f.Type(u"3"_qs); }},
-      {"59", [](auto& f) { f.Type(u"59"_qs); }},
-      {"letter", [](auto& f) { f.Type(u"x"_qs); }},
       {"Backspace", [](auto& f) { f.Type(u"\b"_qs); }},
       {"!", [](auto& f) { f.Type(u"!"_qs); }},
       {"quote", [](auto& f) { f.Type(u"\""_qs); }},
       {"#", [](auto& f) { f.Type(u"#"_qs); }},
       {"$", [](auto& f) { f.Type(u"$"_qs); }},
+      {"Ctrl+Z", [](auto& f) { f.Press(Qt::Key_Z, Qt::ControlModifier); }},
+      {"Escape", [](auto& f) { f.Press(Qt::Key_Escape); }},
+      {"other window", [](auto&) { WindowFixture::OtherWindow(); }},
+      {"Down", [](auto& f) { f.Press(Qt::Key_Down); }},
+      {"OFF box",
+       [](auto& f) {
+         if (f.Find(u"GRADIOFF"_qs)->isVisible()) f.Click(u"GRADIOFF"_qs);
+       }},
+      {"Undo", [](auto& f) { f.Choose("o_Undo"); }},
       {"Enter", [](auto& f) { f.Type(u"\r"_qs); }},
-      {"Enter again", [](auto& f) { f.Type(u"\r"_qs); }},
       {"Tab", [](auto& f) { f.Type(u"\t"_qs); }},
       {"Backtab", [](auto& f) { f.Press(Qt::Key_Backtab, Qt::ShiftModifier); }},
       {"PageUp", [](auto& f) { f.Press(Qt::Key_PageUp); }},
       {"PageDown", [](auto& f) { f.Press(Qt::Key_PageDown); }},
-      {"Down", [](auto& f) { f.Press(Qt::Key_Down); }},
-      {"Ctrl+Z", [](auto& f) { f.Press(Qt::Key_Z, Qt::ControlModifier); }},
-      {"Escape", [](auto& f) { f.Press(Qt::Key_Escape); }},
       {"entry", [](auto& f) { f.Click(u"GoPrCam"_qs); }},
-      {"cam 3", [](auto& f) { f.Click(u"LabCam_2"_qs); }},
       {"cam 9 twice", [](auto& f) { f.DoubleClick(u"LabCam_8"_qs); }},
       {"bar", [](auto& f) { f.Click(u"Barra_20"_qs); }},
       {"next size", [](auto& f) { f.Step(true); }},
-      {"previous size", [](auto& f) { f.Step(false); }},
-      {"Undo", [](auto& f) { f.Choose("o_Undo"); }},
       {"save", [](auto& f) { f.Click(u"Sv_Fil"_qs); }},
       {"drop", [](auto& f) { f.Drop({QUrl::fromLocalFile(f.Path(u"press.CAM"_qs))}); }},
       {"recent", [](auto& f) { f.Choose("F_Mnu_oldF_1"); }},
@@ -44,21 +47,6 @@ const QList<std::pair<const char*, Action>>& Actions() {
        [](auto& f) {
          const auto* list = f.template Find<QListWidget>(u"Fase"_qs);
          if (list->count() > 0) f.ClickLine(list->count() / 2);
-       }},
-      {"ON box",
-       [](auto& f) {
-         if (f.Find(u"GRADION"_qs)->isVisible()) f.Click(u"GRADION"_qs);
-       }},
-      {"OFF box",
-       [](auto& f) {
-         if (f.Find(u"GRADIOFF"_qs)->isVisible()) f.Click(u"GRADIOFF"_qs);
-       }},
-      {"other window",
-       [](auto&) {
-         QWidget other;
-         other.show();
-         other.activateWindow();
-         QVERIFY(QTest::qWaitForWindowActive(&other));
        }},
   };
   return actions;
@@ -73,24 +61,23 @@ class AnyOrderTest : public QObject {
  private Q_SLOTS:
   void ShowsTheProgram_data() {
     QTest::addColumn<unsigned>("seed");
-    for (const unsigned seed : {1U, 2U, 3U, 4U})
-      QTest::newRow(qPrintable(QString::number(seed))) << seed;
+    for (const unsigned seed : {1U, 2U, 3U}) QTest::addRow("%u", seed) << seed;
   }
 
   void ShowsTheProgram() {
     QFETCH(unsigned, seed);
     WindowFixture f;
     f.prompts.AnswerEverything(true);
-    f.Options(QFile::encodeName(u"\"p32qx_IT.SCR\",1,9600\r\n"_qs + f.Sample(u"press.CAM"_qs)));
+    f.Recent({f.Sample(u"press.CAM"_qs)});
     QVERIFY(f.Start(f.Path(u"press.CAM"_qs)));
     std::mt19937 random(seed);
     QStringList done;
     bool stepped = false;
     for (int i = 0; i < 400; ++i) {
-      const auto& [name, action] = Actions().at(random() % unsigned(Actions().size()));
+      const auto chosen = qsizetype(random() % std::size_t(Actions().size()));
+      const auto& [name, action] = Actions().at(chosen);
       done.append(QString::fromLatin1(name));
       const int camBefore = f.program.CurrentCam();
-      const QString labelBefore = f.Text("SizeCam");
       action(f);
       const QByteArray trace =
           done.mid(std::max<qsizetype>(0, done.size() - 12)).join(u", "_qs).toUtf8();
@@ -99,9 +86,8 @@ class AnyOrderTest : public QObject {
       const int size = program.CurrentSize();
       QVERIFY2(cam >= 0 && cam < 32 && size >= 1 && size <= 22, trace.constData());
       QVERIFY2(f.Box("GRADION").size() <= 3 && f.Box("GRADIOFF").size() <= 3, trace.constData());
-      // A stepping code alone moves on to a cam that is not shown yet.
-      const bool same = f.Text("SizeCam") == labelBefore;
-      stepped = same && (stepped || cam != camBefore);
+      // A stepping code alone moves on to a cam that is not shown until the next command.
+      stepped = chosen < writing && (stepped || cam != camBefore);
       for (int other = 0; other < 32; ++other) {
         const auto* bar = f.Find<CamBar>(u"Barra_%1"_qs.arg(other));
         QVERIFY2(bar->Shown().runs == PhaseList::Of(program.CamMap(size, other)).runs,
@@ -115,13 +101,11 @@ class AnyOrderTest : public QObject {
                    u"F%1 C%2"_qs.arg(size, 2, 10, QChar(u'0')).arg(cam + 1, 2, 10, QChar(u'0')),
                trace.constData());
     }
-    const QString content = ContentOf(f.program);
     f.Press(Qt::Key_S, Qt::ControlModifier);
     WindowFixture again;
     QVERIFY(again.Start(f.settings.CurrentFile));
     QCOMPARE(ContentOf(again.program).section(u"; 1 = "_qs, 0, 0),
              ContentOf(f.program).section(u"; 1 = "_qs, 0, 0));
-    QVERIFY(!content.isEmpty());
   }
 };
 

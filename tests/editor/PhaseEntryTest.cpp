@@ -5,6 +5,8 @@
 #include <QRegularExpression>
 #include <QTest>
 
+#include <tuple>
+
 namespace nira {
 
 namespace {
@@ -39,32 +41,21 @@ class PhaseEntryTest : public QObject {
     QTest::addColumn<QString>("lines");
     const auto row = [](const char* keys, const char* before, const char* boxes, const char* after,
                         const char* lines) {
-      const QString shown = QString::fromLatin1(keys).replace(u'\r', u'/').replace(u'\b', u'<');
-      QTest::newRow(qPrintable(shown + u" in " + QString::fromLatin1(before)))
-          << QString::fromLatin1(before) << QString::fromLatin1(keys) << QString::fromLatin1(boxes)
-          << QString::fromLatin1(after) << QString::fromLatin1(lines);
+      QTest::addRow("%s in %s", qPrintable(QString(keys).simplified()), before)
+          << QString(before) << QString(keys) << QString(boxes) << QString(after) << QString(lines);
     };
     const char* const one = "F001 100 110";
     row("10\r20\r", "", " 020", "10-20", "F001 010 020");
     row("10\t20\t", "", " 020", "10-20", "F001 010 020");
-    row("7\r", "100-110", "007 110", "100-110", one);
     row("999\r", "100-110", "359 110", "100-110", one);
-    row("12345\r", "", "123 ", "", "");
-    row("12\b3\r", "", "013 ", "", "");
     row("a.-\r", "100-110", "000 110", "100-110", one);
-    row("\r\r", "100-110", "100 110", "100-110", one);
     row("\r1e\r", "100-110", "100 010", "0-10 100-360", "F001 100 010");
-    row("\r 4\r", "100-110", "100 004", "0-4 100-360", "F001 100 004");
     row("350\r10\r", "20-30", "020 010", "0-10 20-30 350-360", "F001 350 010|F002 020 030");
-    row("350\r0\r", "", " 000", "350-360", "F001 350 000");
     row("0\r999\r", "", " 359", "0-359", "F001 000 359");
     row("100\r100\r", "90-120 200-210", "090 100", "200-210", "F001 200 210");
-    row("120\r120\r", "90-120 200-210", "090 120", "200-210", "F001 200 210");
     row("\r120\r", "100-110", "100 120", "100-120", "F001 100 120");
-    row("105\r\r", "100-110", "100 110", "105-110", "F001 105 110");
     row("15\r\r", "10-20 40-50", "010 020", "15-20 40-50", "F001 015 020|F002 040 050");
     row("!\r", "", "00! ", "", "");
-    row("\r\r", "", " 000", "", "");
     row("\r\r\r", "", " 000", "", "");  // nothing typed since it was entered anew
   }
 
@@ -84,43 +75,19 @@ class PhaseEntryTest : public QObject {
     QVERIFY(!f.program.IsSaved);
   }
 
-  void TabKeys() {
-    WindowFixture f;
-    QVERIFY(f.StartWith(u"100-110"_qs));
-    f.ClickLine(0);
-    QCOMPARE(f.Focus(), u"Fase"_qs);
-    QVERIFY(f.program.IsSaved);
-    f.Press(Qt::Key_Tab);
-    QCOMPARE(f.Focus(), u"GRADION"_qs);
-    QVERIFY(!f.program.IsSaved);
-    f.Press(Qt::Key_Backtab, Qt::ShiftModifier);
-    QCOMPARE(f.Focus(), u"GRADIOFF"_qs);
-    QCOMPARE(f.Find<DegreeBox>(u"GRADIOFF"_qs)->selectedText(), u"110"_qs);
-    QVERIFY(!f.Item("o_Undo")->isEnabled());
-    f.Press(Qt::Key_Backtab, Qt::ShiftModifier);
-    QCOMPARE(f.Focus(), u"GRADION"_qs);
-    QCOMPARE(f.Find<DegreeBox>(u"GRADION"_qs)->selectedText(), u"100"_qs);
-    QVERIFY(f.Item("o_Undo")->isEnabled());
-    f.Press(Qt::Key_Enter, Qt::KeypadModifier);
-    QCOMPARE(f.Focus(), u"GRADIOFF"_qs);
-  }
-
   void Pasting_data() {
     QTest::addColumn<QString>("way");
     QTest::addColumn<QString>("clip");
     QTest::addColumn<QString>("on");
     QTest::addColumn<QString>("off");
     const auto rows = [](const QString& clip, const char* on, const char* off) {
-      for (const char* way : {"Ctrl+V", "Shift+Insert", "menu", "composed"}) {
-        QTest::newRow(qPrintable(QString::fromLatin1(way) + u" ["_qs + clip.simplified() + u']'))
-            << QString::fromLatin1(way) << clip << QString::fromLatin1(on)
-            << QString::fromLatin1(off);
+      for (const char* way : {"Ctrl+V", "menu", "composed"}) {
+        QTest::addRow("%s [%s]", way, qPrintable(clip.simplified()))
+            << QString(way) << clip << QString(on) << QString(off);
       }
     };
-    rows(u"120"_qs, "120", "120");
     rows(u"12345"_qs, "123", "123");
     rows(u"-5,x"_qs, "050", "050");
-    rows(u" 45"_qs, "045", "045");
     rows(u"77\n88"_qs, "077", "077");
     rows(u"\u0663\U0001F600\u00E8"_qs, "000", "000");
     rows(u"#"_qs, "00#", "00#");
@@ -135,7 +102,6 @@ class PhaseEntryTest : public QObject {
     QApplication::clipboard()->setText(clip);
     const auto paste = [&](const char* box) {
       if (way == u"Ctrl+V"_qs) f.Press(Qt::Key_V, Qt::ControlModifier);
-      if (way == u"Shift+Insert"_qs) f.Press(Qt::Key_Insert, Qt::ShiftModifier);
       if (way == u"composed"_qs) {  // as an input method brings it
         QInputMethodEvent event;
         event.setCommitString(clip);
@@ -153,57 +119,32 @@ class PhaseEntryTest : public QObject {
     QTEST(f.Box("GRADIOFF"), "off");
   }
 
-  /// Whatever a key brings, only digits and the stepping codes get into a box.
-  void EveryCharacterIsFiltered_data() {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("modifiers");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("letter") << int(Qt::Key_A) << int(Qt::NoModifier) << u"a"_qs;
-    QTest::newRow("capital") << int(Qt::Key_A) << int(Qt::ShiftModifier) << u"A"_qs;
-    QTest::newRow("Alt and a letter of no menu")
-        << int(Qt::Key_Z) << int(Qt::AltModifier) << u"z"_qs;
-    QTest::newRow("AltGr, as some systems report it")
-        << int(Qt::Key_At) << int(Qt::ControlModifier | Qt::AltModifier) << u"@"_qs;
-    QTest::newRow("outside the basic plane") << 0 << int(Qt::NoModifier) << u"\U0001F600"_qs;
-    QTest::newRow("private use") << 0 << int(Qt::NoModifier) << u"\uE000"_qs;
-    QTest::newRow("no width") << 0 << int(Qt::NoModifier) << u"\u200D"_qs;
-  }
-
   void EveryCharacterIsFiltered() {
-    QFETCH(int, key);
-    QFETCH(int, modifiers);
-    QFETCH(QString, text);
     WindowFixture f;
     QVERIFY(f.StartWith(u"100-110"_qs));
     f.Enter({});
-    f.Press(Qt::Key(key), Qt::KeyboardModifiers(modifiers), text);
+    const auto control = Qt::ControlModifier | Qt::AltModifier;  // AltGr, as some systems report it
+    f.Press(Qt::Key_A, Qt::ShiftModifier, u"A"_qs);
+    f.Press(Qt::Key_Z, Qt::AltModifier, u"z"_qs);
+    f.Press(Qt::Key_At, control, u"@"_qs);
+    f.Press(Qt::Key(0), {}, u"\U0001F600"_qs);
+    f.Press(Qt::Key(0), {}, u"\u200D"_qs);
     QVERIFY2(QRegularExpression(u"^[0-9]*$"_qs).match(f.Box("GRADION")).hasMatch(),
              qPrintable(f.Box("GRADION")));
   }
 
   /// A text that was edited counts as typed, whichever key edited it.
-  void EditingIsTyping_data() {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("modifiers");
-    QTest::addColumn<QString>("on");
-    QTest::newRow("digit") << int(Qt::Key_5) << 0 << u"015"_qs;
-    QTest::newRow("Backspace") << int(Qt::Key_Backspace) << 0 << u"010"_qs;
-    QTest::newRow("Delete") << int(Qt::Key_Delete) << 0 << u"010"_qs;
-    QTest::newRow("cut") << int(Qt::Key_X) << int(Qt::ControlModifier) << u"010"_qs;
-  }
-
   void EditingIsTyping() {
-    QFETCH(int, key);
-    QFETCH(int, modifiers);
-    WindowFixture f;
-    QVERIFY(f.StartWith(u"100-110"_qs));
-    f.Enter({});
-    f.Press(Qt::Key_Right);
-    f.Press(Qt::Key_Left, Qt::ShiftModifier);  // the last digit is selected
-    f.Press(Qt::Key(key), Qt::KeyboardModifiers(modifiers), key == Qt::Key_5 ? u"5"_qs : QString());
-    if (key == Qt::Key_5) f.Type(u"\b\b\b15"_qs);
-    f.Type(u"\r"_qs);
-    QTEST(f.Box("GRADION"), "on");
+    for (const Qt::Key key : {Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_X}) {
+      WindowFixture f;
+      QVERIFY(f.StartWith(u"100-110"_qs));
+      f.Enter({});
+      f.Press(Qt::Key_Right);
+      f.Press(Qt::Key_Left, Qt::ShiftModifier);  // the last digit is selected
+      f.Press(key, key == Qt::Key_X ? Qt::ControlModifier : Qt::NoModifier);
+      f.Type(u"\r"_qs);
+      QCOMPARE(f.Box("GRADION"), u"010"_qs);
+    }
   }
 
   void Untyped() {
@@ -211,10 +152,8 @@ class PhaseEntryTest : public QObject {
     QVERIFY(f.StartWith(u"100-110 200-210"_qs));
     f.ClickLine(1);
     f.Click(u"GRADION"_qs);
-    QCOMPARE(f.Find<DegreeBox>(u"GRADION"_qs)->selectedText(), u"200"_qs);
     f.Type(u"15"_qs);
-    QCOMPARE(f.Box("GRADION"), u"15"_qs);
-    f.Click(u"GRADIOFF"_qs);
+    f.Press(Qt::Key_Backtab, Qt::ShiftModifier);
     QCOMPARE(f.Boxes(), u"015 210"_qs);
     QCOMPARE(f.Find<DegreeBox>(u"GRADIOFF"_qs)->selectedText(), u"210"_qs);
     QVERIFY(!f.Item("o_Undo")->isEnabled());  // entering is no leaving
@@ -222,31 +161,19 @@ class PhaseEntryTest : public QObject {
     f.Click(u"GRADION"_qs);  // deletes what is at degree 15: nothing
     QCOMPARE(f.Runs(1, 0), u"100-110 200-210"_qs);
     QCOMPARE(f.Boxes(), u"200 015"_qs);  // the ON text is the list's, the OFF text the last one
-    f.Press(Qt::Key_Right);
-    f.Click(u"GRADIOFF"_qs);
-    QCOMPARE(f.Boxes(), u"200 015"_qs);
   }
 
   void Steps_data() {
     QTest::addColumn<QString>("key");
     QTest::addColumn<int>("from");
     QTest::addColumn<int>("to");
-    const auto row = [](const char* key, int from, int to) {
-      QTest::newRow(qPrintable(QString::fromLatin1(key) + QString::number(from)))
-          << QString::fromLatin1(key) << from << to;
-    };
-    row("!", 5, 4);
-    row("!", 30, 29);
-    row("!", 31, 31);
-    row("!", 0, 0);
-    row("\"", 5, 6);
-    row("\"", 0, 0);
-    row("\"", 31, 31);
-    row("\"", 30, 31);
-    row("#", 5, 31);
-    row("#", 31, 31);
-    row("$", 5, 0);
-    row("$", 0, 0);
+    using Row = std::tuple<const char*, int, int>;
+    for (const auto& [key, from, to] :
+         {Row{"!", 5, 4}, Row{"!", 30, 29}, Row{"!", 31, 31}, Row{"!", 0, 0}, Row{"\"", 5, 6},
+          Row{"\"", 31, 31}, Row{"\"", 30, 31}, Row{"\"", 0, 0}, Row{"#", 5, 31}, Row{"$", 5, 0}}) {
+      const QString code = QString::fromLatin1(key);
+      QTest::newRow(qPrintable(code + QString::number(from))) << code << from << to;
+    }
   }
 
   void Steps() {
@@ -258,14 +185,12 @@ class PhaseEntryTest : public QObject {
     const QString label = f.Text("SizeCam");
     f.Enter(u"200\r"_qs + key);
     QCOMPARE(f.program.CurrentCam(), to);
-    QCOMPARE(f.Box("GRADIOFF"), key);
     QCOMPARE(f.Text("SizeCam"), label);
     QCOMPARE(f.Lines(), u"F001 100 110"_qs);  // nothing is drawn before the commit
     f.Type(u"\r"_qs);
     QCOMPARE(f.Box("GRADIOFF"), u"00"_qs + key);
     QCOMPARE(f.Runs(1, to), to == from ? u"100-110 200-360"_qs : u"200-360"_qs);
     QCOMPARE(f.Runs(1, from), to == from ? u"100-110 200-360"_qs : u"100-110"_qs);
-    QCOMPARE(RunsOf(f.program.UndoRow()), to == from ? u"100-110"_qs : QString());
     QCOMPARE(f.Text("SizeCam"), u"F01 C%1"_qs.arg(to + 1, 2, 10, QChar(u'0')));
     QVERIFY(f.Lines().contains(u"200 000"_qs));
     f.Type(key);  // in the ON box it is a character
@@ -277,13 +202,9 @@ class PhaseEntryTest : public QObject {
     WindowFixture f;
     QVERIFY(f.StartWith(u"100-110"_qs));
     f.Enter(u"10\r20\r30\r40\r"_qs);
-    QCOMPARE(f.Runs(1, 0), u"10-20 30-40 100-110"_qs);
     f.Choose("o_Undo");
-    QCOMPARE(f.Runs(1, 0), u"10-20 100-110"_qs);  // before the second entry
-    QCOMPARE(f.Lines(), u"F001 010 020|F002 100 110"_qs);
+    QCOMPARE(f.Lines(), u"F001 010 020|F002 100 110"_qs);  // before the second entry
     QVERIFY(!f.Item("o_Undo")->isEnabled());
-    f.Choose("o_Undo");
-    QCOMPARE(f.Runs(1, 0), u"10-20 100-110"_qs);
     f.Enter(u"50\r60\r"_qs);
     f.Press(Qt::Key_End);
     f.Step(true);
@@ -302,12 +223,7 @@ class PhaseEntryTest : public QObject {
     QVERIFY(!f.Find(u"GRADION"_qs)->isVisible());
     f.ClickLine(1);
     QCOMPARE(f.Boxes(), u"100 110"_qs);
-    for (const char* name : {"GRADION", "GRADIOFF", "LGrad"}) {
-      QVERIFY2(f.Find(QString::fromLatin1(name))->isVisible(), name);
-    }
-    f.Press(Qt::Key_Down);
-    QCOMPARE(f.Boxes(), u"200 210"_qs);
-    f.Press(Qt::Key_Up);
+    QVERIFY(f.Find(u"GRADION"_qs)->isVisible() && f.Find(u"LGrad"_qs)->isVisible());
     f.Press(Qt::Key_Up);
     QCOMPARE(f.Boxes(), u"350 010"_qs);
     f.Click(u"GRADION"_qs);
@@ -315,8 +231,6 @@ class PhaseEntryTest : public QObject {
     f.ClickLine(0);  // the line that is selected already
     QCOMPARE(f.Boxes(), u"350 010"_qs);
     f.Find(u"GRADIOFF"_qs)->setEnabled(false);
-    f.ClickLine(2);
-    QVERIFY(!f.Find(u"GRADIOFF"_qs)->isEnabled());
     f.ClickLine(2, true);
     QVERIFY(f.Find(u"GRADIOFF"_qs)->isEnabled());
     QCOMPARE(f.Boxes(), u"200 210"_qs);
@@ -325,31 +239,8 @@ class PhaseEntryTest : public QObject {
     QCOMPARE(f.Boxes(), u"350 010"_qs);
   }
 
-  /// A click out of the OFF box refills the list under the pointer: it still takes that line.
-  void ClickInAScrolledList() {
-    WindowFixture f;
-    QString runs;
-    for (int degree = 0; degree < 360; degree += 2) {
-      runs += u"%1-%2 "_qs.arg(degree).arg(degree + 1);
-    }
-    QVERIFY(f.StartWith(runs));
-    f.ClickLine(0);
-    auto* list = f.Find<QListWidget>(u"Fase"_qs);
-    list->scrollToBottom();
-    f.Click(u"GRADIOFF"_qs);
-    f.ClickLine(170);
-    QCOMPARE(f.Boxes(), u"340 341"_qs);
-    f.Press(Qt::Key_Down);
-    QCOMPARE(f.Boxes(), u"342 343"_qs);
-  }
-
   /// The three ways into phase entry.
-  void Opens_data() {
-    QTest::addColumn<QString>("way");
-    for (const char* way : {"LabCam_3", "GoPrCam", "o_MODC"}) {
-      QTest::newRow(way) << QString::fromLatin1(way);
-    }
-  }
+  void Opens_data() { NameRows("way", {"LabCam_3", "GoPrCam", "o_MODC"}); }
 
   void Opens() {
     QFETCH(QString, way);
@@ -367,26 +258,12 @@ class PhaseEntryTest : public QObject {
     QCOMPARE(f.Find<DegreeBox>(u"GRADION"_qs)->selectedText(), u"100"_qs);
     QVERIFY(f.Find(u"GRADIOFF"_qs)->isEnabled());
     QVERIFY(!f.program.IsSaved);
-    f.Type(u"300\r310\r"_qs);
-    f.Type(u"5"_qs);
-    open(f);  // again, in the middle of typing
-    QCOMPARE(f.Boxes(), u"100 110"_qs);
     f.program.SetRow(1, 3, {});
     f.window->ShowSizeCam();
     open(f);
     QCOMPARE(f.Boxes(), u" "_qs);  // nothing to load
     f.Type(u"\r10\r"_qs);
     QCOMPARE(f.Runs(1, 3), u"0-10"_qs);
-  }
-
-  void OtherCamThanTheLabels() {
-    WindowFixture f;
-    QVERIFY(f.StartWith(u"100-110"_qs, 3));
-    f.DoubleClick(u"LabCam_7"_qs);
-    QCOMPARE(f.Text("SizeCam"), u"F01 C08"_qs);
-    QCOMPARE(f.Boxes(), u" "_qs);
-    f.Type(u"10\r20\r"_qs);
-    QCOMPARE(ContentOf(f.program), u"1.4: 100-110; 1.8: 10-20"_qs);
   }
 
   void KeysSelectCams() {
@@ -401,11 +278,9 @@ class PhaseEntryTest : public QObject {
     QCOMPARE(seen.join(u' '), u"C01 C32 C31 C32 C01 C02 C32"_qs);
     f.Enter(u"5"_qs);  // from within a box, but not with modifiers
     f.Press(Qt::Key_Home, Qt::ShiftModifier);
-    QCOMPARE(f.Find<DegreeBox>(u"GRADION"_qs)->selectedText(), u"5"_qs);
     QCOMPARE(f.program.CurrentCam(), 31);
     f.Press(Qt::Key_Home, Qt::KeypadModifier);
     QCOMPARE(f.program.CurrentCam(), 0);
-    QVERIFY(f.prompts.boxes.empty());
     f.prompts.Expect();
     f.window->LabCam_Click(32);
     QCOMPARE(f.prompts.Shown().join(u'|'),

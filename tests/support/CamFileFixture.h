@@ -25,12 +25,25 @@ inline QByteArray PlainHead() {
          "LIMITE DI VELOCITA'   0 \r\n";
 }
 
+/// A file of 3 cams and 2 sizes with everything on.
+inline QByteArray FullFile() {
+  return "FUNZIONI  3 - 2 \r\nANTICIPI ON    2 \r\n"
+         "ANTICIPO CAMS  01 ms   5 \r\nANTICIPO CAMS  02 ms   210 \r\n"
+         "RITARDI ON\r\nRITARDO CAMS 17-20   ms. 12 \r\nRITARDO CAMS 21-24   ms. 100 \r\n"
+         "RAPPORTI  ON \r\nRAPPORTO CAMS 25-32 =  4 \r\n"
+         "FORMATO IN USCITA    2 \r\nSFASAMENTO ENCODER  -5 \r\nSENSO DI ROTAZIONE   1 \r\n"
+         "LIMITE DI VELOCITA'   120 \r\n"
+         " FORMATO N. 01\r\nC 01\" \"\x80 \xE8 \"\r\n 010 020\r\n 350 005\r\n"
+         " FORMATO N. 02\r\nC 01\" \"\x80 \xE8 \"\r\n 000 010\r\nC 03\r\n 359 000\r\nEND\r\n";
+}
+
 /// A cam program and all that reads and writes it, in a folder of its own. Text 10 is " BAD!".
 struct CamFileFixture {
   explicit CamFileFixture(int sizes = 1, int cams = 2) {
     program.SetLimits(sizes, cams, 255);
-    texts.Parse(
-        "\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\"\"\r\n\" BAD!\"\r\n");
+    std::string script = "\"\r\n";
+    for (int number = 2; number < 10; ++number) script += "\"\"\r\n";
+    texts.Parse(script + "\" BAD!\"\r\n");
   }
 
   QString Path(const char* name) const { return folder.filePath(QString::fromLatin1(name)); }

@@ -88,19 +88,10 @@ class ScriptedPrompts : public Prompts {
 
  private:
   static std::vector<Answer> Offered(Buttons buttons) {
-    switch (buttons) {
-      case Buttons::Ok:
-        return {Answer::Ok};
-      case Buttons::OkCancel:
-        return {Answer::Ok, Answer::Cancel};
-      case Buttons::YesNo:
-        return {Answer::Yes, Answer::No};
-      case Buttons::YesNoCancel:
-        return {Answer::Yes, Answer::No, Answer::Cancel};
-      case Buttons::RetryCancel:
-        return {Answer::Retry, Answer::Cancel};
-    }
-    return {};
+    using enum Answer;
+    static const std::vector<Answer> sets[] = {
+        {Ok}, {Ok, Cancel}, {Yes, No}, {Yes, No, Cancel}, {Retry, Cancel}};
+    return sets[static_cast<int>(buttons)];
   }
 
   static void Fail(const QString& message) {

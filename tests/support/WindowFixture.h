@@ -17,8 +17,10 @@
 #include <QTest>
 #include <QTimer>
 
+#include <array>
 #include <deque>
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace nira {
@@ -59,6 +61,12 @@ class ScriptedDialog : public clsCommonDialog {
   std::deque<std::optional<QString>> answers_;
 };
 
+/// A row for each name, in a column of this name.
+inline void NameRows(const char* column, std::initializer_list<const char*> names) {
+  QTest::addColumn<QString>(column);
+  for (const char* name : names) QTest::newRow(name) << QString::fromLatin1(name);
+}
+
 /// Runs `act` on the next menu or dialog of this class that opens.
 template <typename Widget>
 void WhenOpens(const std::function<void(Widget*)>& act) {
@@ -82,7 +90,7 @@ struct WindowFixture {
     for (const QString& name : scripts.entryList(QDir::Files)) {
       QFile::copy(scripts.filePath(name), folder.filePath(name));
     }
-    Options("\"p32qx_IT.SCR\",1,9600\r\n");
+    Recent({});
     QObject::connect(&models_, &QTimer::timeout, &models_, [this] {
       if (auto* open = qobject_cast<Carprg*>(QApplication::activeModalWidget())) {
         chooseModel(open);
@@ -95,6 +103,12 @@ struct WindowFixture {
   QString Path(const QString& name) const { return folder.filePath(name); }
   QString OptionsPath() const { return Path(QString::fromLatin1(WorkingFolder::OptionsName)); }
   void Options(const QByteArray& bytes) const { QVERIFY(WriteBytes(OptionsPath(), bytes)); }
+
+  /// The shipped options, with recently used files.
+  void Recent(const QStringList& paths) const {
+    const QString head = QStringLiteral("\"p32qx_IT.SCR\",1,9600\r\n");
+    Options(QFile::encodeName(head + paths.join(QStringLiteral("\r\n"))));
+  }
 
   /// A copy of a program of the samples, under its name.
   QString Sample(const QString& name) const {
@@ -156,6 +170,15 @@ struct WindowFixture {
     QVERIFY(QTest::qWaitForWindowActive(shown));
   }
 
+  /// Another window that is active until it goes or this one is activated.
+  static std::unique_ptr<QWidget> OtherWindow() {
+    auto other = std::make_unique<QWidget>();
+    other->show();
+    other->activateWindow();
+    if (!QTest::qWaitForWindowActive(other.get())) qFatal("no other window");
+    return other;
+  }
+
   /// Clicks the menu and then the item.
   void Choose(const char* name) {
     Activate();
@@ -205,18 +228,11 @@ struct WindowFixture {
   }
   void Type(const QString& keys) const {
     for (const QChar key : keys) {
-      switch (key.unicode()) {
-        case u'\r':
-          Press(Qt::Key_Return);
-          break;
-        case u'\t':
-          Press(Qt::Key_Tab);
-          break;
-        case u'\b':
-          Press(Qt::Key_Backspace);
-          break;
-        default:
-          Press(Qt::Key(key.toUpper().unicode()), Qt::NoModifier, key);
+      const auto control = QStringLiteral("\r\t\b").indexOf(key);
+      if (control < 0) {
+        Press(Qt::Key(key.toUpper().unicode()), Qt::NoModifier, key);
+      } else {
+        Press(std::array{Qt::Key_Return, Qt::Key_Tab, Qt::Key_Backspace}.at(std::size_t(control)));
       }
     }
   }
@@ -226,11 +242,8 @@ struct WindowFixture {
     Activate();
     QWidget* target = QApplication::focusWidget();
     if (target == nullptr) target = const_cast<MainWindow*>(&*window);
-    if (text.isEmpty()) {
-      QTest::keyClick(target, key, modifiers);
-    } else {
-      QTest::sendKeyEvent(QTest::Click, target, key, text, modifiers);
-    }
+    if (text.isEmpty()) return QTest::keyClick(target, key, modifiers);
+    QTest::sendKeyEvent(QTest::Click, target, key, text, modifiers);
   }
 
   /// Drops files on the window.
