@@ -1,5 +1,6 @@
 // How long the largest cam files take to read and to write, beside `wc -l` on the same file.
 
+#include "Programs.h"
 #include "files/CamFile.h"
 #include "files/CamLines.h"
 
@@ -35,19 +36,6 @@ class NoPrompts : public Prompts {
     return std::nullopt;
   }
 };
-
-/// Every second degree ON in every cam of every size: no program has more phases.
-CamProgram FullProgram(int sizes, int cams) {
-  CamProgram program;
-  program.SetLimits(sizes, cams, CamProgram::MaxMessages);
-  program.ResetProgram();
-  for (int size = 1; size <= sizes; ++size) {
-    for (int cam = 0; cam < cams; ++cam) {
-      for (int on = 0; on < CamProgram::Degrees; on += 2) program.SetPhase(size, cam, on, on + 1);
-    }
-  }
-  return program;
-}
 
 /// The median of several runs in milliseconds, after one that fills the caches.
 double Median(const std::function<void()>& work) {
@@ -113,7 +101,7 @@ void ReportRatio(const char* what, double ratio) {
 }
 
 void Measure(const QString& path, int sizes, int cams) {
-  CamProgram program = FullProgram(sizes, cams);
+  CamProgram program = nira_bench::FullProgram(sizes, cams);
   const std::string expected = WriteCamFile(program);
   const double megabytes = static_cast<double>(expected.size()) / 1e6;
   QTextStream(stdout) << sizes << " sizes, " << cams

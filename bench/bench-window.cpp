@@ -1,13 +1,17 @@
 // Measures what an operator waits for at the main window, on the platform that Qt finds:
-//   bench-window start     start of the program to its first painted window, against an empty
-//   window bench-window switch    switching the size, 32 cams of 180 phases each, until it is
-//   painted
+//   bench-window start     start of the program to its first painted window, against an empty one
+//   bench-window switch    switching the size, 32 cams of 180 phases each, until it is painted
+//   bench-window sizes     copying a size onto another, and importing one from the largest file,
+//                          until it is painted
 // Figures are medians in milliseconds; `start` runs both windows in turn, each in its own process.
 
 #include "FirstPaint.h"
+#include "Programs.h"
 #include "dialogs/ProgramStyle.h"
 #include "dialogs/QtPrompts.h"
 #include "editor/MainWindow.h"
+#include "editor/SizeOperations.h"
+#include "files/CamLines.h"
 
 #include <QApplication>
 #include <QDir>
@@ -17,6 +21,7 @@
 #include <QTextStream>
 
 #include <algorithm>
+#include <functional>
 #include <vector>
 
 namespace {
@@ -84,6 +89,23 @@ void MeasureStart(const QString& folder, QTextStream& out) {
       << Median(program) << " ms, ratio " << Median(program) / Median(empty) << Qt::endl;
 }
 
+/// Medians and maxima of several runs of `act`, each until the window is painted.
+void Report(QTextStream& out, MainWindow& window, const char* what,
+            const std::function<void(int run)>& act) {
+  std::vector<double> times;
+  for (int run = 0; run < 101; ++run) {
+    QElapsedTimer timer;
+    timer.start();
+    act(run);
+    window.ShowSizeCam();
+    window.repaint();
+    QApplication::processEvents();
+    times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+  }
+  out << what << ": " << Median(times) << " ms, at most "
+      << *std::max_element(times.begin(), times.end()) << " ms" << Qt::endl;
+}
+
 void MeasureSwitch(const QString& folder, QTextStream& out) {
   Running running(folder);
   if (!running.window.Form_Load({})) qFatal("the window did not load");
@@ -96,19 +118,32 @@ void MeasureSwitch(const QString& folder, QTextStream& out) {
   }
   running.window.show();
   QApplication::processEvents();
-  std::vector<double> times;
-  for (int run = 0; run < 101; ++run) {
-    running.program.SelectSize(1 + run % 2);
-    QElapsedTimer timer;
-    timer.start();
-    running.window.ShowSizeCam();
-    running.window.repaint();
-    QApplication::processEvents();
-    times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+  Report(out, running.window, "switch of the size, 32 cams x 180 phases (a frame is 16.7 ms)",
+         [&running](int run) { running.program.SelectSize(1 + run % 2); });
+}
+
+void MeasureSizes(const QString& folder, QTextStream& out) {
+  Running running(folder);
+  if (!running.window.Form_Load({})) qFatal("the window did not load");
+  CamProgram& program = running.program;
+  CamProgram full = nira_bench::FullProgram(89, 32);
+  const QString file = QDir(folder).filePath(QStringLiteral("deep.CAM"));
+  if (!running.writer.Write(file, WriteCamFile(full), FileWriter::Backup::No).isEmpty()) {
+    qFatal("the file cannot be written");
   }
-  out << "switch of the size, 32 cams x 180 phases: " << Median(times) << " ms, at most "
-      << *std::max_element(times.begin(), times.end()) << " ms (a 60 Hz frame is 16.7 ms)"
-      << Qt::endl;
+  program.SetLimits(89, 32, CamProgram::MaxMessages);
+  running.window.show();
+  QApplication::processEvents();
+  Report(out, running.window, "import of size 89 from a file of 89 x 32 x 180", [&](int) {
+    program.ClearSize(1);
+    if (ImportSize(program, file, 89, 1).outcome != ImportResult::Outcome::Imported) {
+      qFatal("not imported");
+    }
+  });
+  Report(out, running.window, "copy of a size of 32 x 180 onto another", [&program](int run) {
+    CopySize(program, 1, 2 + run % 80);
+    program.SelectSize(2 + run % 80);
+  });
 }
 
 }  // namespace
@@ -123,7 +158,11 @@ int main(int argc, char** argv) {
   QTemporaryDir folder;
   if (!folder.isValid() || !PrepareFolder(folder.path())) return 1;
   QTextStream out(stdout);
-  if (mode != QLatin1String("switch")) MeasureStart(folder.path(), out);
-  if (mode != QLatin1String("start")) MeasureSwitch(folder.path(), out);
+  const auto wanted = [&mode](const char* name) {
+    return mode.isEmpty() || mode == QLatin1String(name);
+  };
+  if (wanted("start")) MeasureStart(folder.path(), out);
+  if (wanted("switch")) MeasureSwitch(folder.path(), out);
+  if (wanted("sizes")) MeasureSizes(folder.path(), out);
   return 0;
 }

@@ -25,8 +25,8 @@ constexpr std::array fileEntries = {
     separator,
     Entry{"f_New", "S&el Programmer", State::On},
     separator,
-    Entry{"f_SelPr", "Se&lect Printer", State::Off},
-    Entry{"Pr_size", "&Print", State::Off},
+    Entry{"f_SelPr", "Se&lect Printer", State::On},
+    Entry{"Pr_size", "&Print", State::On, QKeySequence::Print},
     separator,
     Entry{"F_quit", "&Exit", State::On, QKeySequence::Quit},
 };

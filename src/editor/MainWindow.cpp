@@ -5,6 +5,7 @@
 #include "dialogs/ThemedIcon.h"
 #include "files/ScriptFile.h"
 #include "model/Text.h"
+#include "printing/PrnSize.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -158,6 +159,8 @@ void MainWindow::BuildHandlers() {
       {QStringLiteral("f_open"), [this] { files_->f_Open(); }},
       {QStringLiteral("f_S"), [this] { files_->f_S(); }},
       {QStringLiteral("f_save"), [this] { files_->f_Save(); }},
+      {QStringLiteral("f_SelPr"), [this] { SelectPrinter(instance_, this); }},
+      {QStringLiteral("Pr_size"), [this] { PrnSize(instance_, this).exec(); }},
       {QStringLiteral("F_quit"), [this] { close(); }},
       {QStringLiteral("s_sel"), [this] { sizes_->s_sel_Click(); }},
       {QStringLiteral("O_Copy"), [this] { sizes_->O_Copy_Click(); }},

@@ -15,17 +15,15 @@ bool IsOn(const CamRow& row, int degree) {
 }  // namespace
 
 PhaseList PhaseList::Of(const CamRow& row) {
-  PhaseList list;
   const bool atStart = IsOn(row, 0);
   const bool atLast = IsOn(row, lastDegree);
 
   int end = 0;  // OFF degree of the run that touches degree 0
   while (end < CamProgram::Degrees && IsOn(row, end)) ++end;
   if (end == CamProgram::Degrees) {
-    list.phases.push_back({0, CamProgram::Degrees});
-    list.runs.push_back({0, CamProgram::Degrees, true, true});
-    return list;
+    return {{{0, CamProgram::Degrees}}, {{0, CamProgram::Degrees, true, true}}};
   }
+  PhaseList list;
   int begin = lastDegree;  // ON degree of the run that touches degree 359
   if (atLast) {
     while (IsOn(row, begin - 1)) --begin;

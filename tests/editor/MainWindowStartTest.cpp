@@ -60,7 +60,7 @@ class MainWindowStartTest : public QObject {
     QVERIFY(f.Start());
     QCOMPARE(Tree(f.window->menuBar()->actions()),
              u"&File [&New f_newp, &Open f_open, &Save f_S, Save &As .. f_save, "
-             "S&el Programmer f_New, -Se&lect Printer f_SelPr, -&Print Pr_size, &Exit F_quit], "
+             "S&el Programmer f_New, Se&lect Printer f_SelPr, &Print Pr_size, &Exit F_quit], "
              "&Sizes [Se&lect Size s_sel, Copy &Size O_Copy, &Erase Size s_Clr, "
              "&Import Size S_Imp, Cop&y Cam O_CopyC, S&hift Cam o_Shc, E&rase Cam O_ClC, "
              "&Modify Cam o_MODC, -&Undo o_Undo, -Fu&nctions Fu_Set, -&Messages Al_Msg], "

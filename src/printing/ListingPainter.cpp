@@ -1,0 +1,359 @@
+#include "printing/ListingPainter.h"
+
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QFontMetricsF>
+
+#include <algorithm>
+
+namespace nira {
+
+namespace {
+
+// All lengths in tenths of a point.
+constexpr double widestMargin = 400;   // 14 mm: more than any printer leaves free
+constexpr double pageHead = 330;       // program, file, model and date, with the rule below
+constexpr double pageFoot = 150;       // the number of the page
+constexpr double rowHeight = 96;       // of a line of text
+constexpr double headingHeight = 230;  // of a size, of the functions
+constexpr double columnsHeight = 130;  // the names of the columns, with the rule below
+constexpr double blockGap = 160;       // before a size that follows on the same page
+constexpr double numberColumn = 400;
+constexpr double columnGap = 90;
+constexpr double scaleHeight = 130;  // above and below the bars
+constexpr double scaleColumn = 170;  // the cams' numbers left and right of the bars
+constexpr double leastBarRow = 48;   // a row of the diagram at its narrowest,
+constexpr double mostBarRow = 130;   // at its widest, and where the sizes save paper
+constexpr double flowingBarRow = 64;
+constexpr double hairline = 3;
+constexpr double rule = 8;
+constexpr int functionColumns = 3;
+constexpr int phaseWidth = 9;  // characters of "350-010" and the gap behind it
+constexpr int fewestRows = 3;  // of a table below its heading before a page ends
+
+const QColor lineGrey(150, 150, 150);
+
+QFont Sized(QFont font, int pixels, bool bold) {
+  font.setPixelSize(pixels);
+  font.setBold(bold);
+  font.setHintingPreference(QFont::PreferNoHinting);
+  font.setStyleStrategy(QFont::PreferOutline);
+  return font;
+}
+
+}  // namespace
+
+ListingPainter::ListingPainter(const Listing& listing) : listing_(listing) {
+  const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  const QFont general = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+  data_ = Sized(fixed, 78, false);
+  small_ = Sized(fixed, 56, false);
+  plain_ = Sized(general, 78, false);
+  heading_ = Sized(general, 130, true);
+  character_ = QFontMetricsF(data_).horizontalAdvance(u'0');
+}
+
+QString ListingPainter::Title() const {
+  return listing_.ProgramLine() + QStringLiteral(" - ") + listing_.FileLine();
+}
+
+double ListingPainter::Bottom() const {
+  return paper_.height() - margin_ - pageFoot;
+}
+
+int ListingPainter::LayOut(const QSizeF& paper) {
+  paper_ = paper;
+  margin_ = std::min(widestMargin, paper.width() / 10);
+  const double phases =
+      Right() - Left() - numberColumn - character_ * Listing::DescriptionWidth - columnGap;
+  phasesPerLine_ = std::max(1, static_cast<int>((phases / character_ + 2) / phaseWidth));
+  functionLines_ = listing_.Options().Functions ? listing_.FunctionLines() : QStringList();
+  pages_.clear();
+  NewPage();
+  LayOutFunctions();
+  for (int size = listing_.Options().FirstSize; size <= listing_.Options().LastSize; ++size) {
+    LayOutSize(size);
+  }
+  return static_cast<int>(pages_.size());
+}
+
+void ListingPainter::NewPage() {
+  pages_.emplace_back();
+  y_ = margin_ + pageHead;
+}
+
+void ListingPainter::Put(Block block) {
+  block.top = y_;
+  y_ += block.height;
+  pages_.back().push_back(block);
+}
+
+void ListingPainter::LayOutFunctions() {
+  if (functionLines_.isEmpty()) return;
+  const int lines = static_cast<int>(functionLines_.size());
+  const int rows = (lines + functionColumns - 1) / functionColumns;
+  Put({.kind = Block::Kind::FunctionsHeading, .height = headingHeight});
+  Put({.kind = Block::Kind::Functions, .count = rows, .height = rows * rowHeight});
+}
+
+void ListingPainter::LayOutSize(int size) {
+  const bool phases = listing_.HasPhases(size);
+  const bool diagram = phases && listing_.Options().Diagram;
+  if (!PageIsEmpty()) {
+    const double whole =
+        blockGap + headingHeight + TableHeight(size) + (diagram ? DiagramHeight(leastBarRow) : 0);
+    const double page = Bottom() - margin_ - pageHead + blockGap;
+    const double least = blockGap + headingHeight + columnsHeight + fewestRows * rowHeight;
+    const bool torn = whole > Room() && (whole <= page || Room() < least);
+    // The first size may share the page of the functions.
+    const bool own = listing_.Options().PagePerSize && size > listing_.Options().FirstSize;
+    if (own || torn) {
+      NewPage();
+    } else {
+      y_ += blockGap;
+    }
+  }
+  if (!phases) {
+    Put({.kind = Block::Kind::Size, .size = size, .height = headingHeight});
+    Put({.kind = Block::Kind::NoPhases, .size = size, .height = rowHeight});
+    return;
+  }
+  LayOutCams(size);
+  if (diagram) LayOutDiagram(size);
+}
+
+void ListingPainter::PutTableHead(int size, bool continued) {
+  Put({.kind = Block::Kind::Size, .size = size, .continued = continued, .height = headingHeight});
+  Put({.kind = Block::Kind::Columns, .size = size, .height = columnsHeight});
+}
+
+void ListingPainter::LayOutCams(int size) {
+  PutTableHead(size, false);
+  for (int cam = 0; cam < listing_.CamCount(); ++cam) {
+    const int lines = PhaseLines(size, cam);
+    for (int first = 0; first < lines;) {
+      if (Room() < rowHeight && pages_.back().size() > 2) {
+        NewPage();
+        PutTableHead(size, true);
+      }
+      const int fitting = std::max(1, static_cast<int>(Room() / rowHeight));
+      const int count = std::min(lines - first, fitting);
+      Put({.kind = Block::Kind::Cam,
+           .size = size,
+           .cam = cam,
+           .first = first,
+           .count = count,
+           .height = count * rowHeight});
+      first += count;
+    }
+  }
+}
+
+void ListingPainter::LayOutDiagram(int size) {
+  if (Room() < DiagramHeight(leastBarRow)) {
+    NewPage();
+    Put({.kind = Block::Kind::Size, .size = size, .continued = true, .height = headingHeight});
+  }
+  const double fitting = (Room() - DiagramHeight(0)) / listing_.CamCount();
+  const double most = listing_.Options().PagePerSize ? mostBarRow : flowingBarRow;
+  const double row = std::clamp(fitting, leastBarRow, most);
+  Put({.kind = Block::Kind::Diagram, .size = size, .height = DiagramHeight(row)});
+}
+
+int ListingPainter::PhaseLines(int size, int cam) const {
+  const auto phases = static_cast<int>(listing_.CamOf(size, cam).phases.size());
+  return std::max(1, (phases + phasesPerLine_ - 1) / phasesPerLine_);
+}
+
+double ListingPainter::TableHeight(int size) const {
+  if (!listing_.HasPhases(size)) return rowHeight;
+  double height = columnsHeight;
+  for (int cam = 0; cam < listing_.CamCount(); ++cam) height += PhaseLines(size, cam) * rowHeight;
+  return height;
+}
+
+double ListingPainter::DiagramHeight(double row) const {
+  return 2 * scaleHeight + rowHeight + row * listing_.CamCount();
+}
+
+void ListingPainter::Paint(QPainter& painter, int page) const {
+  painter.setPen(Qt::black);
+  PaintFrame(painter, page);
+  for (const Block& block : pages_.at(static_cast<std::size_t>(page) - 1)) {
+    PaintBlock(painter, block);
+  }
+}
+
+void ListingPainter::Word(QPainter& painter, const QRectF& place, int flags, const QString& text,
+                          const QFont& font) const {
+  painter.setFont(font);
+  painter.drawText(place, flags | Qt::TextSingleLine, text);
+}
+
+void ListingPainter::Line(QPainter& painter, double x1, double y1, double x2, double y2,
+                          double width) const {
+  const bool faint = width <= hairline;
+  painter.setPen(QPen(faint ? lineGrey : QColor(Qt::black), width, Qt::SolidLine, Qt::FlatCap));
+  painter.drawLine(QPointF(x1, y1), QPointF(x2, y2));
+  painter.setPen(Qt::black);
+}
+
+/// What stands on every page: whose program it is above, the number of the page below.
+void ListingPainter::PaintFrame(QPainter& painter, int page) const {
+  const double width = Right() - Left();
+  QFont bold = plain_;
+  bold.setBold(true);
+  const QRectF first(Left(), margin_, width, 110);
+  const QRectF second(Left(), margin_ + 120, width, 110);
+  Word(painter, first, Qt::AlignLeft, listing_.ProgramLine(), bold);
+  Word(painter, first, Qt::AlignRight, listing_.DateLine(), plain_);
+  const QString model = listing_.ModelLine();
+  const QFontMetricsF metrics(plain_);
+  const double room = width - metrics.horizontalAdvance(model) - columnGap;
+  Word(painter, second, Qt::AlignRight, model, plain_);
+  Word(painter, second, Qt::AlignLeft,
+       metrics.elidedText(listing_.FileLine(), Qt::ElideMiddle, room), plain_);
+  Line(painter, Left(), margin_ + 245, Right(), margin_ + 245, rule);
+  Word(painter, QRectF(Left(), Bottom(), width, pageFoot), Qt::AlignRight | Qt::AlignBottom,
+       listing_.PageLine(page, static_cast<int>(pages_.size())), plain_);
+}
+
+void ListingPainter::PaintBlock(QPainter& painter, const Block& block) const {
+  const QRectF place(Left(), block.top, Right() - Left(), block.height);
+  switch (block.kind) {
+    case Block::Kind::FunctionsHeading:
+      Word(painter, place, Qt::AlignLeft, listing_.FunctionsHeading(), heading_);
+      break;
+    case Block::Kind::Functions:
+      PaintFunctions(painter, block);
+      break;
+    case Block::Kind::Size:
+      Word(painter, place, Qt::AlignLeft, listing_.SizeHeading(block.size, block.continued),
+           heading_);
+      break;
+    case Block::Kind::Columns:
+      PaintColumns(painter, block);
+      break;
+    case Block::Kind::Cam:
+      PaintCam(painter, block);
+      break;
+    case Block::Kind::NoPhases:
+      Word(painter, place, Qt::AlignLeft, listing_.NoPhases(), plain_);
+      break;
+    case Block::Kind::Diagram:
+      PaintDiagram(painter, block);
+      break;
+  }
+}
+
+void ListingPainter::PaintFunctions(QPainter& painter, const Block& block) const {
+  const double width = (Right() - Left()) / functionColumns;
+  for (int i = 0; i < functionLines_.size(); ++i) {
+    const QRectF place(Left() + i / block.count * width, block.top + i % block.count * rowHeight,
+                       width, rowHeight);
+    Word(painter, place, Qt::AlignLeft | Qt::AlignVCenter, functionLines_.at(i), data_);
+  }
+}
+
+void ListingPainter::PaintColumns(QPainter& painter, const Block& block) const {
+  const QStringList names = listing_.ColumnHeadings();
+  const double description = Left() + numberColumn;
+  const double phases = description + character_ * Listing::DescriptionWidth + columnGap;
+  const auto column = [&](double x, const QString& name) {
+    Word(painter, QRectF(x, block.top, Right() - x, rowHeight), Qt::AlignLeft | Qt::AlignVCenter,
+         name, plain_);
+  };
+  column(Left(), names.at(0));
+  column(description, names.at(1));
+  column(phases, names.at(2));
+  Line(painter, Left(), block.top + rowHeight + 8, Right(), block.top + rowHeight + 8, rule / 2);
+}
+
+void ListingPainter::PaintCam(QPainter& painter, const Block& block) const {
+  const Listing::Cam cam = listing_.CamOf(block.size, block.cam);
+  const double description = Left() + numberColumn;
+  const double width = character_ * Listing::DescriptionWidth;
+  const int flags = Qt::AlignLeft | Qt::AlignVCenter;
+  if (block.first == 0) {
+    const QRectF place(Left(), block.top, numberColumn, rowHeight);
+    Word(painter, place, flags, cam.number, data_);
+    painter.save();
+    const QRectF column(description, block.top, width, rowHeight);
+    painter.setClipRect(column);
+    Word(painter, column, flags, cam.description, data_);
+    painter.restore();
+  }
+  for (int line = 0; line < block.count; ++line) {
+    const double y = block.top + line * rowHeight;
+    for (int i = 0; i < phasesPerLine_; ++i) {
+      const int phase = (block.first + line) * phasesPerLine_ + i;
+      if (phase >= cam.phases.size()) break;
+      const double x = description + width + columnGap + i * phaseWidth * character_;
+      Word(painter, QRectF(x, y, phaseWidth * character_, rowHeight), flags, cam.phases.at(phase),
+           data_);
+    }
+  }
+  const double end = block.top + block.height;
+  Line(painter, Left(), end, Right(), end, hairline);
+}
+
+double ListingPainter::DegreeX(int degree) const {
+  const double left = Left() + scaleColumn;
+  const double width = Right() - scaleColumn - left;
+  return left + width * degree / CamProgram::Degrees;
+}
+
+void ListingPainter::PaintDiagram(QPainter& painter, const Block& block) const {
+  const double top = block.top + rowHeight + scaleHeight;  // a free row below the table
+  const double row = (block.height - DiagramHeight(0)) / listing_.CamCount();
+  const double bottom = top + row * listing_.CamCount();
+  for (int degree = 90; degree < CamProgram::Degrees; degree += 90) {
+    Line(painter, DegreeX(degree), top, DegreeX(degree), bottom, hairline);
+  }
+  PaintBars(painter, block, top, row);
+  PaintScale(painter, top, true);
+  PaintScale(painter, bottom, false);
+  Line(painter, DegreeX(0), top, DegreeX(0), bottom, rule / 2);
+  Line(painter, DegreeX(CamProgram::Degrees), top, DegreeX(CamProgram::Degrees), bottom, rule / 2);
+}
+
+/// Ticks every 10 degrees, longer ones with their numbers every 30.
+void ListingPainter::PaintScale(QPainter& painter, double y, bool above) const {
+  const double out = above ? -1 : 1;
+  Line(painter, DegreeX(0), y, DegreeX(CamProgram::Degrees), y, rule / 2);
+  for (int degree = 0; degree <= CamProgram::Degrees; degree += 10) {
+    const double x = DegreeX(degree);
+    const bool numbered = degree % 30 == 0;
+    Line(painter, x, y, x, y + out * (numbered ? 36 : 20), rule / 2);
+    if (!numbered) continue;
+    const QRectF place(x - 150, above ? y - 112 : y + 44, 300, 68);
+    Word(painter, place, Qt::AlignHCenter | Qt::AlignVCenter, QString::number(degree), small_);
+  }
+}
+
+void ListingPainter::PaintBars(QPainter& painter, const Block& block, double top,
+                               double row) const {
+  QFont numbers = small_;
+  numbers.setPixelSize(std::min(small_.pixelSize(), static_cast<int>(row * 0.9)));
+  QList<QRectF> bars;
+  for (int cam = 0; cam < listing_.CamCount(); ++cam) {
+    const double y = top + cam * row;
+    if (cam > 0) Line(painter, DegreeX(0), y, DegreeX(CamProgram::Degrees), y, hairline);
+    const QString number = QStringLiteral("%1").arg(cam + 1, 2, 10, QLatin1Char('0'));
+    Word(painter, QRectF(Left(), y, scaleColumn - 40, row), Qt::AlignRight | Qt::AlignVCenter,
+         number, numbers);
+    Word(painter, QRectF(Right() - scaleColumn + 40, y, scaleColumn - 40, row),
+         Qt::AlignLeft | Qt::AlignVCenter, number, numbers);
+    for (const Run& run : listing_.RunsOf(block.size, cam)) {
+      const double on = DegreeX(run.on);
+      bars.append(QRectF(on, y + row * 0.2, DegreeX(run.off) - on, row * 0.6));
+    }
+  }
+  painter.save();
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(Qt::black);
+  painter.drawRects(bars);
+  painter.restore();
+}
+
+}  // namespace nira

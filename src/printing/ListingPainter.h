@@ -1,0 +1,82 @@
+#pragma once
+
+#include "printing/Listing.h"
+#include "printing/PagedDocument.h"
+
+#include <QFont>
+
+#include <vector>
+
+namespace nira {
+
+/// A listing on paper, in black on white: a heading on every page, the functions block in columns,
+/// then size by size a table of the cams and the diagram below it. A size that fits on one page is
+/// not torn; a longer one goes on under a repeated heading.
+class ListingPainter : public PagedDocument {
+ public:
+  explicit ListingPainter(const Listing& listing);
+
+  QString Title() const override;
+  int LayOut(const QSizeF& paper) override;
+  void Paint(QPainter& painter, int page) const override;
+
+ private:
+  /// A part of a page. `first` and `count` are function lines, or lines of phases of a cam.
+  struct Block {
+    enum class Kind { FunctionsHeading, Functions, Size, Columns, Cam, NoPhases, Diagram };
+    Kind kind = Kind::Size;
+    int size = 0;  ///< from 1
+    int cam = 0;   ///< from 0
+    int first = 0;
+    int count = 0;
+    bool continued = false;
+    double top = 0;
+    double height = 0;
+  };
+  using Page = std::vector<Block>;
+
+  double Left() const { return margin_; }
+  double Right() const { return paper_.width() - margin_; }
+  double Bottom() const;
+  double Room() const { return Bottom() - y_; }
+  bool PageIsEmpty() const { return pages_.back().empty(); }
+
+  void NewPage();
+  void Put(Block block);
+  void LayOutFunctions();
+  void LayOutSize(int size);
+  void LayOutCams(int size);
+  void PutTableHead(int size, bool continued);
+  void LayOutDiagram(int size);
+  int PhaseLines(int size, int cam) const;
+  double TableHeight(int size) const;
+  double DiagramHeight(double row) const;
+
+  void PaintFrame(QPainter& painter, int page) const;
+  void PaintBlock(QPainter& painter, const Block& block) const;
+  void PaintFunctions(QPainter& painter, const Block& block) const;
+  void PaintColumns(QPainter& painter, const Block& block) const;
+  void PaintCam(QPainter& painter, const Block& block) const;
+  void PaintDiagram(QPainter& painter, const Block& block) const;
+  void PaintScale(QPainter& painter, double y, bool above) const;
+  void PaintBars(QPainter& painter, const Block& block, double top, double row) const;
+  void Word(QPainter& painter, const QRectF& place, int flags, const QString& text,
+            const QFont& font) const;
+  void Line(QPainter& painter, double x1, double y1, double x2, double y2, double width) const;
+  double DegreeX(int degree) const;
+
+  const Listing& listing_;
+  QStringList functionLines_;
+  QFont data_;     // fixed width: numbers that stand below each other
+  QFont small_;    // of the scale
+  QFont plain_;    // headings of columns and of the page
+  QFont heading_;  // of a size
+  double character_ = 0;
+  QSizeF paper_;
+  double margin_ = 0;
+  int phasesPerLine_ = 1;
+  double y_ = 0;
+  std::vector<Page> pages_;
+};
+
+}  // namespace nira

@@ -1,0 +1,207 @@
+#include "printing/PrintPane.h"
+
+#include "dialogs/BusyPointer.h"
+#include "dialogs/PlainTip.h"
+
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QPrinter>
+#include <QVBoxLayout>
+
+namespace nira {
+
+namespace {
+
+QPageSize::PageSizeId PaperOf(const QPrinter& printer) {
+  const QPageSize::PageSizeId id = printer.pageLayout().pageSize().id();
+  return id == QPageSize::Custom ? QPageSize::A4 : id;
+}
+
+}  // namespace
+
+bool HasPrinter(clsCommonDialog& dialog) {
+  const QPrinter& printer = dialog.Printer();
+  return printer.isValid() && printer.outputFormat() == QPrinter::NativeFormat;
+}
+
+void SelectPrinter(Instance& instance, QWidget* parent) {
+  if (HasPrinter(instance.Dialog)) {
+    instance.Dialog.DialogTitle.clear();
+    instance.Dialog.ShowPrinter(parent);
+    return;
+  }
+  instance.Ask.MsgBox(instance.Text(TextNumber::NoPrinter), Buttons::Ok, Icon::Exclamation);
+}
+
+PrintPane::PrintPane(Instance& instance, QWidget* parent)
+    : QWidget(parent),
+      instance_(instance),
+      preview_(new QPrintPreviewWidget(&instance.Dialog.Printer())),
+      page_(new QLabel) {
+  instance.Dialog.Printer().setFullPage(true);
+  preview_->setObjectName(QStringLiteral("Preview"));
+  preview_->setAccessibleName(instance.Text(TextNumber::PrintWindow));
+  preview_->setZoomMode(QPrintPreviewWidget::FitInView);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(8);
+  layout->addWidget(BuildTools());
+  layout->addWidget(preview_, 1);
+  layout->addLayout(BuildButtons());
+  connect(preview_, &QPrintPreviewWidget::paintRequested, this, [this](QPrinter* printer) {
+    if (document_ != nullptr) PrintOn(*document_, *printer, printer->resolution());
+  });
+  connect(preview_, &QPrintPreviewWidget::previewChanged, this, &PrintPane::ShowPageNumber);
+}
+
+QToolButton* PrintPane::AddTool(QLayout* row, const char* name, TextNumber text) {
+  auto* button = new QToolButton;
+  button->setObjectName(QString::fromLatin1(name));
+  button->setToolTip(PlainTip(instance_.Text(text)));
+  button->setAccessibleName(instance_.Text(text));
+  button->setAutoRaise(true);
+  row->addWidget(button);
+  return button;
+}
+
+QWidget* PrintPane::BuildTools() {
+  auto* tools = new QWidget;
+  auto* row = new QHBoxLayout(tools);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(8);
+  back_ = AddTool(row, "PagBack", TextNumber::PreviousPage);
+  back_->setArrowType(Qt::LeftArrow);
+  row->addWidget(page_);
+  forth_ = AddTool(row, "PagNext", TextNumber::NextPage);
+  forth_->setArrowType(Qt::RightArrow);
+  row->addSpacing(16);
+  QToolButton* smaller = AddTool(row, "ZoomOut", TextNumber::ZoomOut);
+  smaller->setText(QStringLiteral("\u2212"));
+  QToolButton* larger = AddTool(row, "ZoomIn", TextNumber::ZoomIn);
+  larger->setText(QStringLiteral("+"));
+  QToolButton* whole = AddTool(row, "ZoomPage", TextNumber::ZoomPage);
+  whole->setText(instance_.Text(TextNumber::ZoomPage));
+  QToolButton* width = AddTool(row, "ZoomWidth", TextNumber::ZoomWidth);
+  width->setText(instance_.Text(TextNumber::ZoomWidth));
+  row->addStretch();
+  page_->setObjectName(QStringLiteral("Pag"));
+  page_->setTextFormat(Qt::PlainText);
+  page_->setAlignment(Qt::AlignCenter);
+  page_->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("0000 / 0000")) + 8);
+  connect(back_, &QToolButton::clicked, this,
+          [this] { preview_->setCurrentPage(preview_->currentPage() - 1); });
+  connect(forth_, &QToolButton::clicked, this,
+          [this] { preview_->setCurrentPage(preview_->currentPage() + 1); });
+  connect(smaller, &QToolButton::clicked, this, [this] { preview_->zoomOut(); });
+  connect(larger, &QToolButton::clicked, this, [this] { preview_->zoomIn(); });
+  connect(whole, &QToolButton::clicked, preview_, &QPrintPreviewWidget::fitInView);
+  connect(width, &QToolButton::clicked, preview_, &QPrintPreviewWidget::fitToWidth);
+  return tools;
+}
+
+QPushButton* PrintPane::AddButton(QLayout* row, const char* name, TextNumber text) {
+  auto* button = new QPushButton(instance_.Text(text));
+  button->setObjectName(QString::fromLatin1(name));
+  button->setAutoDefault(false);
+  row->addWidget(button);
+  return button;
+}
+
+QLayout* PrintPane::BuildButtons() {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(8);
+  note_ = new QLabel;
+  note_->setObjectName(QStringLiteral("Note"));
+  note_->setTextFormat(Qt::PlainText);
+  note_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  row->addWidget(note_, 1);
+  pdf_ = AddButton(row, "tPDF", TextNumber::WritePdf);
+  print_ = AddButton(row, "tPRN", TextNumber::PrintNow);
+  QPushButton* close = AddButton(row, "tCHI", TextNumber::ClosePrint);
+  const bool printer = HasPrinter(instance_.Dialog);
+  (printer ? print_ : pdf_)->setDefault(true);
+  if (!printer) note_->setText(instance_.Text(TextNumber::NoPrinter));
+  connect(pdf_, &QPushButton::clicked, this, &PrintPane::tPDF_Click);
+  connect(print_, &QPushButton::clicked, this, &PrintPane::tPRN_Click);
+  connect(close, &QPushButton::clicked, this, &PrintPane::Closed);
+  return row;
+}
+
+void PrintPane::Show(PagedDocument* document) {
+  const BusyPointer pointer;
+  document_ = document;
+  preview_->updatePreview();
+  preview_->setCurrentPage(1);
+  ShowPageNumber();
+}
+
+void PrintPane::ShowPageNumber() {
+  const int page = preview_->currentPage();
+  const int pages = preview_->pageCount();
+  page_->setText(QString::number(page) + QStringLiteral(" / ") + QString::number(pages));
+  back_->setEnabled(page > 1);
+  forth_->setEnabled(page < pages);
+}
+
+void PrintPane::Tell(TextNumber number, const QString& more, Icon icon) {
+  QString text = instance_.Text(number);
+  if (!more.isEmpty()) text += u'\n' + more;
+  instance_.Ask.MsgBox(text, Buttons::Ok, icon);
+}
+
+void PrintPane::tPRN_Click() {
+  if (document_ == nullptr) return;
+  if (!HasPrinter(instance_.Dialog)) {
+    Tell(TextNumber::NoPrinter, {}, Icon::Exclamation);
+    return;
+  }
+  const BusyPointer pointer;
+  QPrinter& printer = instance_.Dialog.Printer();
+  printer.setDocName(document_->Title());
+  const bool printed = PrintOn(*document_, printer, printer.resolution()) &&
+                       printer.printerState() != QPrinter::Error;
+  if (printed) {
+    note_->setText(instance_.Text(TextNumber::Printed) + printer.printerName());
+  } else {
+    Tell(TextNumber::PrintFailed, printer.printerName(), Icon::Critical);
+  }
+}
+
+/// Empty when the operator gave it up.
+QString PrintPane::ChoosePdf() {
+  clsCommonDialog& dialog = instance_.Dialog;
+  dialog.DialogTitle = instance_.Text(TextNumber::PdfTitle);
+  dialog.Filter = QStringLiteral("PDF (*.Pdf)|*.pdf|") + instance_.Text(TextNumber::AllFiles) +
+                  QStringLiteral("(*.*)|*.*");
+  dialog.Flags = clsCommonDialog::OverwritePrompt + clsCommonDialog::PathMustExist;
+  dialog.FileName = proposal_;
+  if (!dialog.ShowSave(this) || dialog.FileName.isEmpty()) return {};
+  if (QFileInfo(dialog.FileName).fileName().contains(u'.')) return dialog.FileName;
+  const QString path = dialog.FileName + QStringLiteral(".pdf");
+  // The dialog has asked about the name that was chosen, but knows nothing of this one.
+  if (QFileInfo::exists(path) &&
+      instance_.Ask.MsgBox(instance_.Text(TextNumber::ReplaceFile) + u'\n' + path, Buttons::YesNo,
+                           Icon::Exclamation) != Answer::Yes) {
+    return {};
+  }
+  return path;
+}
+
+void PrintPane::tPDF_Click() {
+  if (document_ == nullptr) return;
+  const QString path = ChoosePdf();
+  if (path.isEmpty()) return;
+  const BusyPointer pointer;
+  const QByteArray bytes = PdfOf(*document_, PaperOf(instance_.Dialog.Printer()));
+  const QString reason = instance_.Writer.Write(
+      path, {bytes.constData(), static_cast<std::size_t>(bytes.size())}, FileWriter::Backup::No);
+  if (reason.isEmpty()) {
+    proposal_ = path;
+    note_->setText(instance_.Text(TextNumber::FileSaved) + path);
+  } else {
+    Tell(TextNumber::CannotWrite, path + u'\n' + reason, Icon::Critical);
+  }
+  preview_->updatePreview();  // the layout was made for the PDF's paper
+}
+
+}  // namespace nira

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "editor/Instance.h"
+#include "printing/PagedDocument.h"
+
+#include <QLabel>
+#include <QPrintPreviewWidget>
+#include <QPushButton>
+#include <QToolButton>
+#include <QWidget>
+
+namespace nira {
+
+/// The preview of a document, with what goes on below it: leafing, zooming, printing, writing a
+/// PDF. It prints to the run's printer; where there is none, the PDF is left.
+class PrintPane : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit PrintPane(Instance& instance, QWidget* parent = nullptr);
+
+  /// Shows the document, which must live until another one is shown. None: nothing to print.
+  void Show(PagedDocument* document);
+
+  /// The name that the dialog proposes for a PDF.
+  void ProposeName(const QString& path) { proposal_ = path; }
+
+  void tPRN_Click();
+  void tPDF_Click();
+
+ Q_SIGNALS:
+  void Closed();
+
+ private:
+  QToolButton* AddTool(QLayout* row, const char* name, TextNumber text);
+  QPushButton* AddButton(QLayout* row, const char* name, TextNumber text);
+  QWidget* BuildTools();
+  QLayout* BuildButtons();
+  void ShowPageNumber();
+  void Tell(TextNumber number, const QString& more, Icon icon);
+  QString ChoosePdf();
+
+  Instance& instance_;
+  PagedDocument* document_ = nullptr;
+  QString proposal_;
+  QPrintPreviewWidget* preview_;
+  QLabel* page_;
+  QToolButton* back_;
+  QToolButton* forth_;
+  QPushButton* print_;
+  QPushButton* pdf_;
+  QLabel* note_;
+};
+
+/// True when the printer of this run is a real one, not the PDF that stands in where none is.
+bool HasPrinter(clsCommonDialog& dialog);
+
+/// Lets the operator choose the printer for the rest of the run; says so where there is none.
+void SelectPrinter(Instance& instance, QWidget* parent);
+
+}  // namespace nira

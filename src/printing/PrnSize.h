@@ -1,0 +1,51 @@
+#pragma once
+
+#include "printing/Listing.h"
+#include "printing/ListingPainter.h"
+#include "printing/PrintPane.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QRadioButton>
+#include <QSpinBox>
+
+#include <memory>
+
+namespace nira {
+
+/// Prints sizes: which ones, whether with functions and diagram, on which paper; with a preview.
+class PrnSize : public QDialog {
+  Q_OBJECT
+
+ public:
+  explicit PrnSize(Instance& instance, QWidget* parent = nullptr);
+
+ private:
+  QWidget* BuildSizes();
+  QWidget* BuildContents();
+  QWidget* BuildPaper();
+  QRadioButton* Option(const char* name, TextNumber text);
+  QCheckBox* Check(const char* name, TextNumber text);
+  QSpinBox* SizeBox(const char* name);
+  ListingOptions Chosen() const;
+  void ShowPreview();
+  void Paper_Changed();
+
+  Instance& instance_;
+  QRadioButton* current_;
+  QRadioButton* range_;
+  QRadioButton* all_;
+  QSpinBox* from_;
+  QSpinBox* to_;
+  QCheckBox* functions_;
+  QCheckBox* diagram_;
+  QRadioButton* pages_;
+  QRadioButton* flowing_;
+  QComboBox* paper_;
+  PrintPane* pane_;
+  std::unique_ptr<Listing> listing_;
+  std::unique_ptr<ListingPainter> painter_;
+};
+
+}  // namespace nira

@@ -1,0 +1,231 @@
+#include "printing/ListingPainter.h"
+
+#include <QPaintDevice>
+#include <QPaintEngine>
+#include <QTest>
+
+namespace nira {
+
+using namespace Qt::StringLiterals;
+
+/// A paint device that keeps the words and the boxes that are painted on it, with their places.
+class Recorder : public QPaintDevice {
+ public:
+  explicit Recorder(const QSizeF& size) : size_(size.toSize()) {}
+
+  QPaintEngine* paintEngine() const override { return &engine_; }
+  const QStringList& Words() const { return engine_.words; }
+  const QList<QRectF>& Bars() const { return engine_.bars; }
+  /// Everything that was painted.
+  const QRectF& Ink() const { return engine_.ink; }
+
+ protected:
+  int metric(PaintDeviceMetric metric) const override {
+    switch (metric) {
+      case PdmWidth:
+        return size_.width();
+      case PdmHeight:
+        return size_.height();
+      case PdmDpiX:
+      case PdmDpiY:
+      case PdmPhysicalDpiX:
+      case PdmPhysicalDpiY:
+        return PagedDocument::UnitsPerInch;
+      default:
+        return 1;
+    }
+  }
+
+ private:
+  class Engine : public QPaintEngine {
+   public:
+    Engine() : QPaintEngine(QPaintEngine::AllFeatures) {}
+    bool begin(QPaintDevice*) override { return true; }
+    bool end() override { return true; }
+    Type type() const override { return User; }
+    void updateState(const QPaintEngineState&) override {}
+    void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
+    void drawPolygon(const QPointF* points, int count, PolygonDrawMode) override {
+      for (int i = 0; i < count; ++i) ink |= QRectF(points[i], QSizeF(1, 1));
+    }
+    void drawTextItem(const QPointF& place, const QTextItem& item) override {
+      words.append(item.text());
+      ink |= QRectF(place.x(), place.y() - item.ascent(), item.width(),
+                    item.ascent() + item.descent());
+    }
+    void drawRects(const QRectF* rects, int count) override {
+      for (int i = 0; i < count; ++i) {
+        bars.append(rects[i]);
+        ink |= rects[i];
+      }
+    }
+    using QPaintEngine::drawRects;
+
+    QStringList words;
+    QList<QRectF> bars;
+    QRectF ink;
+  };
+
+  QSize size_;
+  mutable Engine engine_;
+};
+
+/// The sizes of a program on paper.
+class ListingTest : public QObject {
+  Q_OBJECT
+
+ private:
+  CamProgram program_;
+  MessageTable texts_;
+
+  /// "NNN-NNN": a phase as it is printed.
+  static bool IsPhase(const QString& word) {
+    static const QRegularExpression phase(u"^\\d{3}-\\d{3}$"_qs);
+    return phase.match(word.trimmed()).hasMatch();
+  }
+
+  /// The phases of the printed sizes in their order, as the program has them.
+  QStringList Expected(const ListingOptions& options) const {
+    QStringList phases;
+    for (int size = options.FirstSize; size <= options.LastSize; ++size) {
+      for (int cam = 0; cam < program_.NumCams(); ++cam) {
+        for (const QString& line : PhaseList::Of(program_.CamMap(size, cam)).Lines()) {
+          phases.append(OnField(line) + u'-' + OffField(line));
+        }
+      }
+    }
+    return phases;
+  }
+
+ private Q_SLOTS:
+  void init() {
+    QVERIFY(texts_.Read(QStringLiteral(NIRA_SOURCE_FOLDER "/lang/p32qx_IT.SCR")));
+    program_.SetLimits(22, 32, 255);
+    program_.ResetProgram();
+  }
+
+  void Pages_data() {
+    QTest::addColumn<int>("cams");
+    QTest::addColumn<int>("phases");
+    QTest::addColumn<bool>("pagePerSize");
+    QTest::addColumn<bool>("diagram");
+    QTest::addColumn<int>("pages");  // of the sizes 1 to 4 on A4
+    QTest::newRow("empty, own pages") << 32 << 0 << true << true << 4;
+    QTest::newRow("empty, flowing") << 32 << 0 << false << true << 1;
+    QTest::newRow("usual, own pages") << 32 << 2 << true << true << 4;
+    QTest::newRow("usual, flowing") << 32 << 2 << false << true << 4;
+    QTest::newRow("16 cams, flowing") << 16 << 2 << false << true << 2;
+    QTest::newRow("no diagram, flowing") << 16 << 2 << false << false << 2;
+    QTest::newRow("most phases, own pages") << 32 << 180 << true << true << 40;
+    QTest::newRow("most phases, flowing") << 32 << 180 << false << true << 39;
+  }
+
+  /// Every phase stands on the pages exactly once and in order, every bar of the diagram once, and
+  /// nothing leaves the margins, on both papers.
+  void Pages() {
+    QFETCH(int, cams);
+    QFETCH(int, phases);
+    QFETCH(bool, pagePerSize);
+    QFETCH(bool, diagram);
+    program_.SetLimits(22, cams, 255);
+    for (int size = 1; size <= 4; ++size) {
+      for (int cam = 0; cam < cams; ++cam) {
+        program_.SetCamText(cam, QString(30, u'W'));
+        for (int i = 0; i < phases; ++i) program_.SetPhase(size, cam, 2 * i, 2 * i + 1);
+      }
+    }
+    const ListingOptions options{1, 4, true, diagram, pagePerSize};
+    const Listing listing(program_, texts_, QString(300, u'x'), QDateTime(), options);
+    ListingPainter painter(listing);
+    for (const QSizeF paper : {QSizeF(5950, 8420), QSizeF(6120, 7920)}) {
+      const int pages = painter.LayOut(paper);
+      if (paper.width() == 5950) QTEST(pages, "pages");
+      QStringList printed;
+      int bars = 0;
+      for (int page = 1; page <= pages; ++page) {
+        Recorder recorder(paper);
+        QPainter on(&recorder);
+        painter.Paint(on, page);
+        on.end();
+        for (const QString& word : recorder.Words()) {
+          if (IsPhase(word)) printed.append(word.trimmed());
+        }
+        bars += int(recorder.Bars().size());
+        QVERIFY(recorder.Words().contains(u"Pagina %1 / %2"_qs.arg(page).arg(pages)));
+        QVERIFY(!recorder.Words().contains(QString(21, u'W')));
+        const QRectF inside(395, 395, paper.width() - 790, paper.height() - 790);
+        QVERIFY2(inside.contains(recorder.Ink()), qPrintable(u"page %1"_qs.arg(page)));
+      }
+      QCOMPARE(printed, Expected(options));
+      QCOMPARE(bars, diagram ? 4 * cams * phases : 0);
+    }
+  }
+
+  /// A bar begins and ends where its degrees stand on the scale; one that goes on over 359/0 is
+  /// drawn in two parts.
+  void BarsStandOnTheScale() {
+    program_.SetPhase(3, 5, 350, 10);
+    program_.SetPhase(3, 5, 90, 180);
+    const ListingOptions options{3, 3, false, true, true};
+    const Listing listing(program_, texts_, {}, QDateTime(), options);
+    ListingPainter painter(listing);
+    painter.LayOut(QSizeF(5950, 8420));
+    Recorder recorder(QSizeF(5950, 8420));
+    QPainter on(&recorder);
+    painter.Paint(on, 1);
+    on.end();
+    QList<int> degrees;
+    const double left = 400 + 170;
+    const double degree = (5950 - 2 * left) / 360;
+    for (const QRectF& bar : recorder.Bars()) {
+      degrees << qRound((bar.left() - left) / degree) << qRound((bar.right() - left) / degree);
+    }
+    QCOMPARE(degrees, (QList<int>{0, 10, 350, 360, 90, 180}));
+    QVERIFY(recorder.Words().contains(u"350-010"_qs));
+    QVERIFY(recorder.Words().contains(u"FORMATO N. 03"_qs));
+    QVERIFY(recorder.Words().contains(u"File: (nessun file)"_qs));
+  }
+
+  void FunctionsAsTheFileNamesThem() {
+    FunctionsBlock functions;
+    functions.AdvanceOn = 1;
+    functions.AdvanceLast = 2;
+    functions.CamFunc[2] = 17;
+    functions.SpeedLimit = 640;
+    program_.SetFunctions(functions);
+    const Listing listing(program_, texts_, {}, QDateTime(), {});
+    QCOMPARE(listing.FunctionLines(),
+             QStringList({u"ANTICIPI ON    2 "_qs, u"ANTICIPO CAMS  01 ms   0 "_qs,
+                          u"ANTICIPO CAMS  02 ms   17 "_qs, u"RITARDI OFF"_qs, u"RAPPORTI OFF"_qs,
+                          u"FORMATO IN USCITA    0 "_qs, u"SFASAMENTO ENCODER   0 "_qs,
+                          u"SENSO DI ROTAZIONE   0 "_qs, u"LIMITE DI VELOCITA'   640 "_qs}));
+  }
+
+  /// Paper too small for anything still ends.
+  void SmallestPaper() {
+    for (int i = 0; i < 180; ++i) program_.SetPhase(1, 0, 2 * i, 2 * i + 1);
+    const Listing listing(program_, texts_, {}, QDateTime(), {});
+    ListingPainter painter(listing);
+    for (const QSizeF paper : {QSizeF(0, 0), QSizeF(10, 10), QSizeF(500, 700)}) {
+      QVERIFY(painter.LayOut(paper) < 500);
+    }
+  }
+
+  void Pdf() {
+    program_.SetPhase(1, 0, 10, 20);
+    ListingOptions options;
+    options.LastSize = 22;
+    const Listing listing(program_, texts_, u"a.cam"_qs, QDateTime(), options);
+    ListingPainter painter(listing);
+    const QByteArray pdf = PdfOf(painter, QPageSize::Letter);
+    QVERIFY(pdf.startsWith("%PDF-"));
+    QVERIFY(pdf.trimmed().endsWith("%%EOF"));
+    QCOMPARE(pdf.count("/Type /Page\n"), 22);
+    QCOMPARE(pdf.count("/MediaBox [0 0 612.000000 792.000000]"), 22);
+  }
+};
+
+}  // namespace nira
+
+QTEST_MAIN(nira::ListingTest)
+#include "ListingTest.moc"
