@@ -1,145 +1,137 @@
 #include "app/CommandLine.h"
 
+#include "app/Commands.h"
 #include "app/ConsolePrompts.h"
-#include "app/KplctlCommands.h"
 #include "app/Printable.h"
-#include "files/MessageTable.h"
+#include "app/Usage.h"
 #include "files/WorkingFolder.h"
 
-#include <QCommandLineParser>
 #include <QCoreApplication>
-
-#include <array>
-#include <limits>
-#include <optional>
 
 namespace nira {
 
 namespace {
 
-constexpr int wrongUsage = 2;
 constexpr const char* textsName = "p32qx_EN.SCR";
 
-constexpr const char* usage =
-    "Usage: kplctl COMMAND [OPTION...] FILE...\n"
-    "Checks, lists and rewrites the files of nira-kpl without its windows.\n"
-    "\n"
-    "Commands:\n"
-    "  check FILE...                        read each .cam or .scr file and name its first fault\n"
-    "  list FILE.cam [--size N] [--cam N]   print the functions and the phases of a cam file\n"
-    "  rewrite IN.cam OUT.cam [--cams N] [--sizes N] [--yes]\n"
-    "                                       read a cam file and write it anew\n"
-    "\n"
-    "Options:\n"
-    "  --size N, --cam N     list this size, this cam alone\n"
-    "  --cams N, --sizes N   read into a program of so many cams, sizes; otherwise into one of as\n"
-    "                        many as the file names\n"
-    "  --yes                 answer every question with yes or OK, otherwise with no or Cancel\n"
-    "  -h, --help            print this text\n"
-    "  -v, --version         print the version\n"
-    "\n"
-    "The exit status is 0 when all went well, 1 when not, 2 for a wrong command line.\n";
-
-class CommandLine;
-
-struct Command {
-  const char* name;
-  qsizetype fewest;  ///< files that it takes
-  qsizetype most;
-  QStringList options;  ///< beside "yes", which every command takes
-  int (*run)(KplctlCommands& commands, const CommandLine& line);
-};
-
-/// The command line, understood or refused with the reason.
-class CommandLine {
- public:
-  explicit CommandLine(const QStringList& arguments);
-
-  /// Why the command line is not understood; empty when it is.
-  const QString& Error() const { return error_; }
-
-  bool Has(const char* option) const { return parser_.isSet(QString::fromLatin1(option)); }
-  std::optional<int> Number(const char* option) const;
-  const Command* Chosen() const { return command_; }
-  const QStringList& Files() const { return files_; }
-
- private:
-  QString Check() const;
-
-  QCommandLineParser parser_;
-  const Command* command_ = nullptr;
-  QStringList files_;
-  QString error_;
-};
-
-int Check(KplctlCommands& commands, const CommandLine& line) {
-  return commands.Check(line.Files());
-}
-
-int List(KplctlCommands& commands, const CommandLine& line) {
-  return commands.List(line.Files().first(), {line.Number("size"), line.Number("cam")});
-}
-
-int Rewrite(KplctlCommands& commands, const CommandLine& line) {
-  return commands.Rewrite(line.Files().first(), line.Files().last(),
-                          {line.Number("cams"), line.Number("sizes")});
-}
-
 /// The command of that name; null when there is none.
-const Command* Find(const QString& name) {
-  static const std::array<Command, 3> commands = {{
-      {"check", 1, std::numeric_limits<qsizetype>::max(), {}, Check},
-      {"list", 1, 1, {QStringLiteral("size"), QStringLiteral("cam")}, List},
-      {"rewrite", 2, 2, {QStringLiteral("cams"), QStringLiteral("sizes")}, Rewrite},
-  }};
-  for (const Command& command : commands) {
+const Command* FindCommand(const QString& name) {
+  for (const Command& command : AllCommands()) {
     if (name == QLatin1String(command.name)) return &command;
   }
   return nullptr;
 }
 
-CommandLine::CommandLine(const QStringList& arguments) {
-  parser_.addOptions({{{QStringLiteral("h"), QStringLiteral("help")}, {}},
-                      {{QStringLiteral("v"), QStringLiteral("version")}, {}},
-                      {QStringLiteral("yes"), {}}});
-  for (const char* option : {"size", "cam", "sizes", "cams"}) {
-    parser_.addOption({QString::fromLatin1(option), {}, QStringLiteral("N")});
+/// The option that is written so, dashes included; null when there is none.
+const Option* FindOption(const std::vector<Option>& options, const QString& written) {
+  for (const Option& option : options) {
+    if (written == QStringLiteral("--") + QLatin1String(option.name)) return &option;
+    if (*option.letter != '\0' && written == u'-' + QLatin1String(option.letter)) return &option;
   }
-  if (!parser_.parse(arguments)) {
-    error_ = parser_.errorText();
-    return;
-  }
-  files_ = parser_.positionalArguments();
-  if (Has("help") || Has("version")) return;
-  if (files_.isEmpty()) {
-    error_ = QStringLiteral("no command given");
-    return;
-  }
-  const QString name = files_.takeFirst();
-  command_ = Find(name);
-  error_ = command_ == nullptr ? QStringLiteral("unknown command ") + name : Check();
+  return nullptr;
 }
 
-/// Holds files and options against what the command takes.
-QString CommandLine::Check() const {
-  const QString name = QString::fromLatin1(command_->name);
-  if (files_.size() < command_->fewest) return name + QStringLiteral(": a file name is missing");
-  if (files_.size() > command_->most) return name + QStringLiteral(": too many file names");
-  if (files_.contains(QString())) return name + QStringLiteral(": a file name is empty");
-  const QStringList given = parser_.optionNames();
-  for (const QString& option : given) {
-    if (option == QStringLiteral("yes")) continue;
-    if (!command_->options.contains(option)) return name + QStringLiteral(" takes no --") + option;
-    bool number = false;
-    parser_.value(option).toInt(&number);
-    if (!number) return QStringLiteral("--") + option + QStringLiteral(" takes a number");
-  }
-  return {};
+/// Why an option cannot have that value; empty when it can.
+QString ValueFault(const Option& option, const QString& written, const QString& value) {
+  bool good = !value.isEmpty();
+  if (option.kind == Option::Kind::Number) value.toInt(&good);
+  if (good) return {};
+  return written + (option.kind == Option::Kind::Number ? QStringLiteral(" takes a number")
+                                                        : QStringLiteral(" takes a value"));
 }
 
-std::optional<int> CommandLine::Number(const char* option) const {
-  if (!Has(option)) return std::nullopt;
-  return parser_.value(QString::fromLatin1(option)).toInt();
+/// The command line, understood or refused with the reason.
+class CommandLine {
+ public:
+  explicit CommandLine(const QStringList& line) : line_(line) {
+    Parse();
+    if (error_.isEmpty() && !IsQuestion()) error_ = Fault();
+  }
+
+  /// Why the command line is not understood; empty when it is.
+  const QString& Error() const { return error_; }
+
+  /// Null when none was given.
+  const Command* Chosen() const { return command_; }
+  const Arguments& Given() const { return given_; }
+
+ private:
+  bool IsQuestion() const { return given_.Has("help") || given_.Has("version"); }
+  void Parse();
+  void TakeWord();
+  void TakeOption();
+  QString Fault() const;
+  QString OfCommand(const char* text) const {
+    return QLatin1String(command_->name) + QLatin1String(text);
+  }
+
+  const QStringList& line_;
+  qsizetype at_ = 1;  // in line_; 0 is the program's name
+  const Command* command_ = nullptr;
+  Arguments given_;
+  QString error_;
+};
+
+void CommandLine::Parse() {
+  bool options = true;
+  while (at_ < line_.size() && error_.isEmpty()) {
+    const QString& argument = line_.at(at_);
+    if (options && argument == QStringLiteral("--")) {
+      options = false;
+      ++at_;
+    } else if (options && argument.size() > 1 && argument.startsWith(u'-')) {
+      TakeOption();
+    } else {
+      TakeWord();
+    }
+  }
+}
+
+void CommandLine::TakeWord() {
+  const QString& word = line_.at(at_);
+  if (command_ == nullptr) {
+    command_ = FindCommand(word);
+    if (command_ == nullptr) error_ = QStringLiteral("unknown command ") + word;
+    ++at_;
+    return;
+  }
+  if (word.isEmpty()) error_ = OfCommand(": an argument is empty");
+  qsizetype count = 1;
+  if (command_->literals != nullptr) {
+    count += command_->literals(line_, at_, given_.Words.size());
+  }
+  for (; count > 0 && at_ < line_.size(); --count) given_.Words.append(line_.at(at_++));
+}
+
+void CommandLine::TakeOption() {
+  const QString argument = line_.at(at_++);
+  const qsizetype equals = argument.startsWith(QStringLiteral("--")) ? argument.indexOf(u'=') : -1;
+  const QString written = argument.left(equals);  // all of it when there is none
+  const Option* option = FindOption(CommonOptions(), written);
+  if (option == nullptr && command_ != nullptr) option = FindOption(command_->options, written);
+  if (option == nullptr) {
+    error_ = command_ != nullptr
+                 ? QString(OfCommand(" takes no ") + written)
+                 : QString(written + QStringLiteral(" is no option of every command; those of a "
+                                                    "command stand behind it"));
+    return;
+  }
+  QString value = argument.mid(written.size() + 1);
+  if (option->kind == Option::Kind::Flag) {
+    if (equals >= 0) error_ = written + QStringLiteral(" takes no value");
+  } else {
+    if (equals < 0 && at_ < line_.size()) value = line_.at(at_++);
+    error_ = ValueFault(*option, written, value);
+  }
+  given_.SetOption(option->name, value);
+}
+
+/// Holds the words against what the command takes.
+QString CommandLine::Fault() const {
+  if (command_ == nullptr) return QStringLiteral("no command given");
+  if (given_.Words.size() < command_->fewest) return OfCommand(": an argument is missing");
+  if (given_.Words.size() > command_->most) return OfCommand(": too many arguments");
+  return command_->fault != nullptr ? command_->fault(given_) : QString();
 }
 
 /// The English texts that came with the program; empty texts when there are none.
@@ -151,27 +143,29 @@ MessageTable InstalledTexts() {
 }
 
 int RunCommand(const CommandLine& line, QTextStream& out, QTextStream& err) {
-  ConsolePrompts prompts(err, line.Has("yes"));
+  ConsolePrompts prompts(err, line.Given().Has("yes"));
   const MessageTable texts = InstalledTexts();
-  KplctlCommands commands(prompts, texts, out, err);
-  return line.Chosen()->run(commands, line);
+  FileWriter writer;
+  Console console{prompts, texts, writer, out, err};
+  return line.Chosen()->run(console, line.Given());
 }
 
 }  // namespace
 
 int RunKplctl(const QStringList& arguments, QTextStream& out, QTextStream& err) {
   const CommandLine line(arguments);
+  const QString usage = line.Chosen() != nullptr ? UsageOf(*line.Chosen()) : Usage();
   if (!line.Error().isEmpty()) {
     err << "kplctl: " << Printable(line.Error()) << "\n\n" << usage;
-    return wrongUsage;
+    return Console::WrongUsage;
   }
-  if (line.Has("help")) {
+  if (line.Given().Has("help")) {
     out << usage;
-    return KplctlCommands::Good;
+    return Console::Good;
   }
-  if (line.Has("version")) {
+  if (line.Given().Has("version")) {
     out << "kplctl " << NIRA_VERSION << '\n';
-    return KplctlCommands::Good;
+    return Console::Good;
   }
   return RunCommand(line, out, err);
 }

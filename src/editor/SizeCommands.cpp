@@ -10,8 +10,6 @@ namespace nira {
 
 namespace {
 
-constexpr qsizetype longestDescription = 20;  // characters
-
 /// A number read strictly: a sign, digits and a decimal point with blanks around them, nothing
 /// else.
 std::optional<std::int64_t> StrictNumber(const QString& text) {
@@ -171,9 +169,9 @@ void SizeCommands::LDefC_DblClick() {
   const QString prompt = instance_.Text(TextNumber::DescriptionOfCam) + QStringLiteral(" N.") +
                          QString::number(cam + 1);
   QString text = instance_.Ask.InputBox(prompt, before).value_or(QString());
-  while (text.size() > longestDescription) {
+  while (text.size() > LongestDescription) {
     Tell(TextNumber::DescriptionTooLong, Icon::Information);
-    text = instance_.Ask.InputBox(prompt, text.left(longestDescription)).value_or(QString());
+    text = instance_.Ask.InputBox(prompt, text.left(LongestDescription)).value_or(QString());
   }
   if (const QString foreign = ForeignCharacter(text); !foreign.isEmpty()) {
     instance_.Ask.MsgBox(instance_.Text(TextNumber::CharacterNotAllowed) + foreign, Buttons::Ok,

@@ -11,6 +11,9 @@ namespace nira {
 // What the Sizes menu and kplctl both do to whole sizes (from 1) and cams (from 0). An index
 // outside the program raises `IndexError` and changes nothing.
 
+/// Characters that the description of a cam may have.
+inline constexpr qsizetype LongestDescription = 20;
+
 /// Every cam of `from` into `to`, whose old content is overwritten.
 void CopySize(CamProgram& program, int from, int to);
 

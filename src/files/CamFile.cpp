@@ -23,6 +23,10 @@ LoadResult CamFile::LoadCamFile(const QString& path) {
   if (path.isEmpty()) return {LoadResult::Outcome::Missing, 0, {}};
   LineReader lines(path);
   if (!lines.IsOpen()) return {LoadResult::Outcome::Missing, 0, {}};
+  return ReadCamFile(lines);
+}
+
+LoadResult CamFile::ReadCamFile(LineReader& lines) {
   otherSizes_ = false;
   const LoadResult result = Read(lines);
   if (result.outcome == LoadResult::Outcome::Loaded) {

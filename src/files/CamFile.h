@@ -39,6 +39,8 @@ class CamFile {
   /// Reads a file into the program's own dimensions; a file of other dimensions is told or asked
   /// about. Selects the output size when it exists, otherwise size 1.
   LoadResult LoadCamFile(const QString& path);
+  /// The same from lines that stand ready.
+  LoadResult ReadCamFile(LineReader& lines);
 
   /// Writes the program to `CurrentFile`; returns the system's reason when that failed.
   QString SaveCamFile();

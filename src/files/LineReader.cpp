@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cstring>
 
 namespace nira {
@@ -20,6 +21,13 @@ LineReader::LineReader(const QString& path) : file_(path) {
     error_ = file_.errorString();
   }
   fileDone_ = !error_.isEmpty();
+}
+
+LineReader::LineReader(std::string_view bytes)
+    : buffer_(std::make_unique_for_overwrite<char[]>(bytes.size())),
+      end_(bytes.size()),
+      fileDone_(true) {
+  std::copy(bytes.begin(), bytes.end(), buffer_.get());
 }
 
 bool LineReader::Refill() {

@@ -18,6 +18,9 @@ class LineReader {
   /// Opens the file; `Error` says why when that failed (a folder cannot be read either).
   explicit LineReader(const QString& path);
 
+  /// Reads a copy of `bytes` as if a file held them.
+  explicit LineReader(std::string_view bytes);
+
   bool IsOpen() const { return error_.isEmpty(); }
   /// The system's reason for a failed opening or reading; empty while all is well.
   const QString& Error() const { return error_; }

@@ -1,0 +1,63 @@
+#include "app/CamFileAccess.h"
+#include "app/Commands.h"
+#include "app/Printable.h"
+#include "app/ScriptCheck.h"
+
+#include <QFileInfo>
+
+namespace nira {
+
+namespace {
+
+bool CheckCamFile(const Console& console, const QString& file) {
+  CamProgram program;
+  bool cutOff = false;
+  if (const auto fault = ReadCamFile(console, file, {}, program, cutOff)) {
+    PrintFault(console.Out, file, *fault);
+    return false;
+  }
+  console.Out << Printable(file) << ": good: " << Summary(program);
+  if (cutOff) console.Out << "; " << WithoutEnd;
+  console.Out << '\n';
+  return true;
+}
+
+bool CheckScriptOf(const Console& console, const QString& file) {
+  const ScriptReport report = CheckScriptFile(file);
+  if (report.fault) {
+    PrintFault(console.Out, file, *report.fault);
+    return false;
+  }
+  console.Out << Printable(file) << ": good: " << Counted(report.lines, "line") << ", "
+              << Counted(report.texts, "text") << '\n';
+  return true;
+}
+
+bool CheckFile(const Console& console, const QString& file) {
+  const QString extension = QFileInfo(file).suffix().toLower();
+  if (extension == QStringLiteral("cam")) return CheckCamFile(console, file);
+  if (extension == QStringLiteral("scr")) return CheckScriptOf(console, file);
+  PrintFault(console.Out, file, {0, QStringLiteral("neither a .cam nor a .scr file by its name")});
+  return false;
+}
+
+int RunCheck(Console& console, const Arguments& arguments) {
+  bool good = true;
+  for (const QString& file : arguments.Words) {
+    good = CheckFile(console, file) && good;
+    console.Out.flush();
+  }
+  return good ? Console::Good : Console::Failed;
+}
+
+}  // namespace
+
+Command CheckCommand() {
+  return {.name = "check",
+          .synopsis = "FILE...",
+          .summary = "read each .cam or .scr file and name its first fault",
+          .most = Command::Any,
+          .run = RunCheck};
+}
+
+}  // namespace nira

@@ -1,0 +1,16 @@
+#include "app/Commands.h"
+
+namespace nira {
+
+const std::vector<Command>& AllCommands() {
+  static const std::vector<Command> commands = {
+      CheckCommand(),      //
+      ListCommand(),       //
+      FunctionsCommand(),  //
+      RewriteCommand(),    //
+      EditCommand(),
+  };
+  return commands;
+}
+
+}  // namespace nira

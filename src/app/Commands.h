@@ -1,0 +1,17 @@
+#pragma once
+
+#include "app/Command.h"
+
+namespace nira {
+
+// Each stands in the file of its name.
+Command CheckCommand();
+Command ListCommand();
+Command FunctionsCommand();
+Command RewriteCommand();
+Command EditCommand();
+
+/// All commands, in the order in which the usage shows them.
+const std::vector<Command>& AllCommands();
+
+}  // namespace nira

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "dialogs/Prompts.h"
+#include "files/FileWriter.h"
+#include "files/MessageTable.h"
+
+#include <QTextStream>
+
+namespace nira {
+
+/// What a command of kplctl works with. Results go to `Out`, faults and remarks to `Err`.
+struct Console {
+  // Exit statuses.
+  static constexpr int Good = 0;
+  static constexpr int Failed = 1;
+  static constexpr int WrongUsage = 2;
+
+  Prompts& Ask;
+  const MessageTable& Texts;
+  FileWriter& Writer;
+  QTextStream& Out;
+  QTextStream& Err;
+};
+
+}  // namespace nira

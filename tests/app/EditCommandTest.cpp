@@ -1,0 +1,378 @@
+#include "app/CommandLine.h"
+#include "app/ProgramEdit.h"
+#include "support/CamFileFixture.h"
+#include "support/Rows.h"
+
+#include <QProcess>
+#include <QTest>
+#include <QTextStream>
+
+namespace nira {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A cam file in a folder of its own, and what an edit of it prints and leaves.
+struct EditFixture : CamFileFixture {
+  explicit EditFixture(int cams = 32) : CamFileFixture(3, cams) {
+    program.SetRow(1, 0, RowOf(u"10-20 100-110"_qs));
+    program.SetRow(2, 1, RowOf(u"0-5 350-360"_qs));
+    program.SetCamText(1, u"FEED"_qs);
+    globals.CurrentFile = Path("in.cam");
+    file.SaveCamFile();
+    input = ReadBytes(Path("in.cam"));
+  }
+
+  /// kplctl edit in.cam -o out.cam and more, where @ stands for the fixture's folder.
+  void Edit(const QString& more, const char* output = "out.cam") {
+    QStringList arguments = {u"kplctl"_qs, u"edit"_qs, Path("in.cam"), u"-o"_qs, Path(output)};
+    arguments += QProcess::splitCommand(QString(more).replace(u'@', folder.path()));
+    Run(arguments);
+  }
+
+  void Run(const QStringList& arguments) {
+    QTextStream outStream(&out);
+    QTextStream errStream(&err);
+    status = RunKplctl(arguments, outStream, errStream);
+  }
+
+  /// What the written file holds.
+  const CamProgram& Written() {
+    const int cams = program.NumCams();
+    program = CamProgram();
+    program.SetLimits(3, cams, 255);
+    file.LoadCamFile(Path("out.cam"));
+    return program;
+  }
+
+  bool WroteNothing() const {
+    return ReadBytes(Path("in.cam")) == input && !QFile::exists(Path("out.cam"));
+  }
+
+  QByteArray input;
+  int status = -1;
+  QString out;
+  QString err;
+};
+
+/// The fields that are not 0: "AdvanceOn 1, CamFunc 2 12".
+QString FieldsOf(const FunctionsBlock& block) {
+  QStringList fields;
+  for (const FunctionField& field : FunctionFields()) {
+    for (int cam = 0; cam < (field.IsPerCam() ? FunctionsBlock::MaxCams : 1); ++cam) {
+      if (field.Value(block, cam) == 0) continue;
+      const QString index = field.IsPerCam() ? QString(u' ' + QString::number(cam + 1)) : QString();
+      fields.append(QLatin1String(field.name) + index + u' ' +
+                    QString::number(field.Value(block, cam)));
+    }
+  }
+  return fields.join(u", "_qs);
+}
+
+}  // namespace
+
+/// kplctl edit: the menu's work on a file, and kplctl functions.
+class EditCommandTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void Phases_data() {
+    QTest::addColumn<QString>("operations");
+    QTest::addColumn<QString>("content");
+    const auto row = [](const QByteArray& operations, const QByteArray& content) {
+      QTest::newRow(operations.constData())
+          << QString::fromUtf8(operations) << QString::fromUtf8(content);
+    };
+    const auto with = [](const char* phases) -> QByteArray {
+      return phases + QByteArray("; 2 = FEED");
+    };
+    row("set-phase 1 1 10 30", with("1.1: 10-30 100-110; 2.2: 0-5 350-360"));
+    row("set-phase 3 32 350 10", with("1.1: 10-20 100-110; 2.2: 0-5 350-360; 3.32: 0-10 350-360"));
+    row("set-phase 1 1 15 15", with("1.1: 100-110; 2.2: 0-5 350-360"));
+    row("copy-size 2 3", with("1.1: 10-20 100-110; 2.2: 0-5 350-360; 3.2: 0-5 350-360"));
+    row("erase-size 1", with("2.2: 0-5 350-360"));
+    row("import-size @/in.cam 1 2", "1.1: 10-20 100-110; 2.1: 10-20 100-110");
+    row("copy-cam 1 1 32", with("1.1: 10-20 100-110; 1.32: 10-20 100-110; 2.2: 0-5 350-360"));
+    row("shift-cam 1 1 -20", with("1.1: 80-90 350-360; 2.2: 0-5 350-360"));
+    row("shift-cam 1 1 +365", with("1.1: 15-25 105-115; 2.2: 0-5 350-360"));
+    row("erase-cam 2 2", "1.1: 10-20 100-110");
+    row("describe 1 \"--yes ARM\"",
+        "1.1: 10-20 100-110; 2.2: 0-5 350-360; 1 = --yes ARM; 2 = FEED");
+    row("erase-size 1 copy-size 2 1 shift-cam 1 2 360", with("1.2: 0-5 350-360; 2.2: 0-5 350-360"));
+  }
+
+  void Phases() {
+    QFETCH(QString, operations);
+    EditFixture f;
+    f.Edit(operations);
+    QCOMPARE(f.status, 0);
+    QTEST(ContentOf(f.Written()), "content");
+    QCOMPARE(ReadBytes(f.Path("in.cam")), f.input);
+  }
+
+  void Functions_data() {
+    QTest::addColumn<QString>("settings");
+    QTest::addColumn<QString>("fields");
+    const auto row = [](const QByteArray& settings, const QByteArray& fields) {
+      QTest::newRow(settings.constData())
+          << QString::fromUtf8(settings) << QString::fromUtf8(fields);
+    };
+    row("AdvanceOn 1|AdvanceLast 31|CamFunc 32 210|CamFunc 2 5",
+        "AdvanceOn 1, AdvanceLast 31, CamFunc 2 5, CamFunc 32 210");
+    row("CamFunc 6 12|AdvanceLast 5|AdvanceOn 1", "AdvanceOn 1, AdvanceLast 5, CamFunc 6 12");
+    row("DelayOn 1|Delay17to20 10|Delay21to24 210", "DelayOn 1, Delay17to20 10, Delay21to24 210");
+    row("AdvanceOn 1|AdvanceLast 23|Ratio25to32 9|Ratio25On 1",
+        "AdvanceOn 1, AdvanceLast 23, Ratio25On 1, Ratio25to32 9");
+    row("OutputSize 3|EncoderShift 999|RotationSense 1|SpeedLimit 999",
+        "OutputSize 3, EncoderShift 999, RotationSense 1, SpeedLimit 999");
+    row("SpeedLimit 4000|CamFunc 1 9|SpeedLimit 7|CamFunc 1 0", "SpeedLimit 7");
+    row("Ratio17On 0|Ratio17to24 0|Delay17to20 0", "");
+  }
+
+  void Functions() {
+    QFETCH(QString, settings);
+    EditFixture f;
+    f.Edit(QStringLiteral("set-function ") +
+           QString(settings).replace(u"|"_qs, u" set-function "_qs));
+    QCOMPARE(f.err, QString());
+    QCOMPARE(f.status, 0);
+    QTEST(FieldsOf(f.Written().Functions()), "fields");
+  }
+
+  /// Fields that the file had count too; what it had wrong is left alone.
+  void FunctionsOfTheFile() {
+    EditFixture f;
+    f.input.replace("ANTICIPI OFF", "ANTICIPI ON    1 \r\nANTICIPO CAMS  01 ms   7 ");
+    f.input.replace("RITARDI OFF", "RITARDI ON\r\nX ms. 30 \r\nX ms. 5 ");
+    QVERIFY(WriteBytes(f.Path("in.cam"), f.input));
+    f.Edit(u"set-function SpeedLimit 12 set-function Delay17to20 40"_qs);
+    QCOMPARE(
+        FieldsOf(f.Written().Functions()),
+        u"AdvanceOn 1, AdvanceLast 1, CamFunc 2 7, DelayOn 1, Delay17to20 40, SpeedLimit 12"_qs);
+    f.Edit(u"--yes set-function AdvanceOn 0"_qs);
+    QCOMPARE(FieldsOf(f.Written().Functions()), u"DelayOn 1, Delay17to20 30"_qs);
+    QCOMPARE(f.program.Functions().AdvanceLast, 0);
+  }
+
+  void Refused_data() {
+    QTest::addColumn<QString>("operations");
+    QTest::addColumn<QString>("reason");
+    const auto row = [](const QByteArray& operations, const QByteArray& reason) {
+      QTest::newRow(operations.constData())
+          << QString::fromUtf8(operations) << QString::fromUtf8(reason);
+    };
+    const auto outside = [](const QByteArray& limits) -> QByteArray {
+      return "VALUE OUT OF RANGE: " + limits;
+    };
+    row("set-phase 4 1 10 20", "INVALID SIZE NUMBER");
+    row("set-phase 1 0 10 20", "CAM NOT AVAILABLE IN THIS MODEL");
+    row("set-phase 1 1 10 360", outside("0-359"));
+    row("set-phase 1 1 -1 10", outside("0-359"));
+    row("copy-size 0 1", "INVALID SIZE NUMBER");
+    row("copy-size 1 4294967298", "INVALID TARGET SIZE");
+    row("erase-size 4", "INVALID SIZE NUMBER");
+    row("import-size @/in.cam 4 1", "INVALID SIZE NUMBER");
+    row("import-size @/in.cam 0 1", "File [@/in.cam] INVALID FILE OR SIZE !");
+    row("import-size @/in.cam 1 4", "INVALID SIZE NUMBER");
+    row("import-size @/bad.cam 1 1", "line 10:  400 010 INVALID FILE OR SIZE !");
+    row("import-size @/none.cam 1 1", "CANNOT READ THE FILE @/none.cam: No such file or directory");
+    row("copy-cam 1 33 1", "CAM NOT AVAILABLE IN THIS MODEL");
+    row("copy-cam 1 1 33", "INVALID CAM NUMBER");
+    row("shift-cam 1 33 5", "CAM NOT AVAILABLE IN THIS MODEL");
+    row("erase-cam 1 33", "CAM NOT AVAILABLE IN THIS MODEL");
+    row("describe 33 X", "CAM NOT AVAILABLE IN THIS MODEL");
+    row("describe 1 ABCDEFGHIJKLMNOPQRSTU", "20 CHARACTERS AT MOST");
+    row("describe 1 A\u0142", "CHARACTER NOT ALLOWED: \u0142");
+    row("describe 1 \"A\nB\"", "CHARACTER NOT ALLOWED: \uFFFD");
+    row("set-function CamFunc 33 1", "CAM NOT AVAILABLE IN THIS MODEL");
+    row("set-function CamFunc 2 211", outside("0-210"));
+    row("set-function AdvanceOn 2", outside("0-1"));
+    row("set-function AdvanceLast 32", outside("0-31"));
+    row("set-function OutputSize 4", outside("0-3"));
+    row("set-function EncoderShift -5", outside("0-999"));
+    row("set-function SpeedLimit 10000", outside("0-9999"));
+    row("set-function Ratio25to32 10", outside("0-9"));
+    const auto last = [&](const char* more) -> QByteArray {
+      return outside("AdvanceLast 0-") + more;
+    };
+    row("set-function AdvanceLast 5", last("0, and it is 5 (AdvanceOn is 0)"));
+    const auto then = [](const char* setting) -> QByteArray {
+      return QByteArray("set-function AdvanceOn 1 set-function AdvanceLast 24 ") + setting;
+    };
+    row(then("set-function DelayOn 1"), last("15, and it is 24 (DelayOn is 1)"));
+    row(then("set-function Ratio25On 1"), last("23, and it is 24 (Ratio25On is 1)"));
+    row("set-function Ratio17On 1 set-function DelayOn 1",
+        "DelayOn and Ratio17On exclude each other");
+    const auto back = [](const char* value) -> QByteArray {
+      return QByteArray("it would come back from the file as ") + value;
+    };
+    row(then("set-function CamFunc 1 20"),
+        back("0: a cam file does not keep the advance of cam 1"));
+    row(then("set-function CamFunc 26 20"),
+        back("0: AdvanceLast is 24: advances are kept for cams 2 to 25 only"));
+    row("set-function CamFunc 2 20", back("0: advances are kept only with AdvanceOn 1"));
+    row("set-function DelayOn 1 set-function Delay17to20 9",
+        back("1: a cam file does not keep delays of one digit"));
+    row("set-function Delay21to24 20", back("0: delays are kept only with DelayOn 1"));
+    row("set-function Ratio25to32 4", back("0: the ratio is kept only with Ratio25On 1"));
+    row("set-function Ratio17On 1", back("0: a cam file does not keep the ratio of cams 17 to 24"));
+    row("set-function Ratio17to24 4",
+        back("0: a cam file does not keep the ratio of cams 17 to 24"));
+    row("set-function SpeedLimit 1005",
+        back("5: a cam file keeps three digits of the speed limit"));
+  }
+
+  /// Also behind a good operation: nothing is written, and the message names the bad one.
+  void Refused() {
+    QFETCH(QString, operations);
+    QFETCH(QString, reason);
+    EditFixture f;
+    const QByteArray head = f.input.left(f.input.indexOf(" FORMATO N. "));
+    QVERIFY(WriteBytes(f.Path("bad.cam"), head + " FORMATO N. 01\r\n 400 010\r\n"));
+    f.Edit(u"erase-size 2 "_qs + operations);
+    QVERIFY2(f.err.startsWith(u"kplctl: operation "_qs), qPrintable(f.err));
+    QVERIFY2(f.err.endsWith(u": "_qs + reason.replace(u'@', f.folder.path()) + u'\n'),
+             qPrintable(f.err));
+    QCOMPARE(f.status, 1);
+    QVERIFY(f.WroteNothing());
+  }
+
+  void WhichOperation() {
+    EditFixture f;
+    f.Edit(u"erase-size 1 describe 33 \"HOT PUNCH\" erase-size 9"_qs);
+    QCOMPARE(
+        f.err,
+        u"kplctl: operation 2, describe 33 \"HOT PUNCH\": CAM NOT AVAILABLE IN THIS MODEL\n"_qs);
+    EditFixture settled;
+    settled.Edit(u"set-function SpeedLimit 7 set-function SpeedLimit 1005 erase-size 1"_qs);
+    QVERIFY(settled.err.startsWith(u"kplctl: operation 2, set-function SpeedLimit 1005: "_qs));
+  }
+
+  void ModelsOfFewerCams() {
+    for (const QString& field : {u"DelayOn"_qs, u"Ratio25On"_qs, u"Ratio17to24"_qs}) {
+      EditFixture f(16);
+      f.Edit(u"set-function "_qs + field + u" 1");
+      QVERIFY(f.err.endsWith(u"only a programmer of 32 cams has delays and ratios\n"_qs));
+      QCOMPARE(f.status, 1);
+    }
+  }
+
+  /// Without a script there is no text to show; what is out of range is refused all the same.
+  void WithoutTexts() {
+    EditFixture f;
+    const MessageTable none;
+    const auto all = EditOperations::Of({u"erase-size"_qs, u"4"_qs});
+    QCOMPARE(ProgramEdit(f.program, none).Run(all.operations).value_or(QString()),
+             u"operation 1, erase-size 4: refused"_qs);
+  }
+
+  void WrongUsage_data() {
+    QTest::addColumn<QString>("line");
+    for (const char* line : {"edit in.cam -o out.cam",
+                             "edit in.cam erase-size 1",
+                             "edit in.cam -o out.cam erase",
+                             "edit in.cam -o out.cam erase-size",
+                             "edit in.cam -o out.cam erase-size 1 2",
+                             "edit in.cam -o out.cam shift-cam 1 1 -o",
+                             "edit in.cam -o out.cam shift-cam 1 1 -2x",
+                             "edit in.cam -o out.cam shift-cam 1 1 2.5",
+                             "edit in.cam -o out.cam set-phase 1 1 10",
+                             "edit in.cam -o out.cam erase-size -",
+                             "edit in.cam -o out.cam set-function Nothing 1",
+                             "edit in.cam -o out.cam set-function CamFunc 5",
+                             "edit in.cam -o out.cam --cams 2 erase-size 1",
+                             "edit --size 1 in.cam -o out.cam erase-size 1",
+                             "edit in.cam erase-size 1 -o",
+                             "edit in.cam --output= erase-size 1",
+                             "functions",
+                             "functions a.cam b.cam",
+                             "--size 1 list a.cam",
+                             "list a.cam --yes=1"}) {
+      QTest::newRow(line) << QString(line);
+    }
+  }
+
+  /// Found before anything is read: the input file is not even there.
+  void WrongUsage() {
+    QFETCH(QString, line);
+    EditFixture f;
+    f.Run(QStringList{u"kplctl"_qs} + line.split(u' '));
+    QCOMPARE(f.status, 2);
+    QVERIFY(f.err.startsWith(u"kplctl: "_qs) && f.err.contains(u"\n\nUsage: kplctl "_qs));
+    QVERIFY(f.out.isEmpty());
+  }
+
+  void OptionsAnywhere() {
+    EditFixture f;
+    f.Run({u"kplctl"_qs, u"--yes"_qs, u"edit"_qs, u"--"_qs, f.Path("in.cam"), u"describe"_qs,
+           u"2"_qs, QString()});
+    QCOMPARE(f.status, 2);
+    f.Run({u"kplctl"_qs, u"edit"_qs, f.Path("in.cam"), u"describe"_qs, u"2"_qs, QString(),
+           u"--output="_qs + f.Path("out.cam"), u"erase-cam"_qs, u"1"_qs, u"1"_qs});
+    QCOMPARE(f.status, 0);
+    QCOMPARE(ContentOf(f.Written()), u"2.2: 0-5 350-360"_qs);
+  }
+
+  void Replacing() {
+    EditFixture f;
+    QVERIFY(WriteBytes(f.Path("out.cam"), "old"));
+    f.Edit(u"erase-size 1"_qs);
+    QCOMPARE(f.status, 1);
+    QVERIFY(f.err.startsWith(u"THE FILE ALREADY EXISTS. REPLACE IT ? "_qs));
+    QCOMPARE(ReadBytes(f.Path("out.cam")), QByteArray("old"));
+    f.Edit(u"erase-size 1 --yes"_qs);
+    QCOMPARE(f.status, 0);
+    QCOMPARE(ReadBytes(f.Path("out.cam.bak")), QByteArray("old"));
+    f.err.clear();
+    QVERIFY(WriteBytes(f.Path("in.cam"), f.input.chopped(5)));
+    f.Edit(u"erase-size 1"_qs, "in.cam");
+    QCOMPARE(f.status, 0);
+    QCOMPARE(f.err, f.Path("in.cam") + u": it has no line END: its end may be missing\n");
+    QCOMPARE(ReadBytes(f.Path("in.cam")), ReadBytes(f.Path("out.cam")));
+  }
+
+  void Unreadable() {
+    EditFixture f;
+    QVERIFY(WriteBytes(f.Path("in.cam"), f.input.left(33)));
+    f.Edit(u"erase-size 2"_qs);
+    QCOMPARE(f.status, 1);
+    QVERIFY(f.err.contains(u": fault: the file ends after the line"_qs));
+    QVERIFY(!QFile::exists(f.Path("out.cam")));
+  }
+
+  /// What the menu takes and the file then loses is written and told.
+  void NotKeptByTheFile() {
+    EditFixture f;
+    f.Edit(u"describe 5 ARM set-phase 2 2 6 9"_qs);
+    QCOMPARE(f.status, 0);
+    const QString file = f.Path("out.cam");
+    QCOMPARE(f.err, file +
+                        u": size 2, cam 2: reading the file will erase the phase that begins one "
+                        "degree behind the one across 359/0\n" +
+                        file +
+                        u": cam 5: its description is not kept, because it has no phase in any "
+                        "size\n");
+  }
+
+  void FunctionsCommand() {
+    EditFixture f;
+    QVERIFY(WriteBytes(f.Path("in.cam"), FullFile()));
+    f.Run({u"kplctl"_qs, u"functions"_qs, f.Path("in.cam")});
+    QCOMPARE(f.status, 0);
+    const QStringList lines = f.out.split(u'\n');
+    for (const char* line : {"AdvanceLast       2      last cam with an advance, counted from 0",
+                             "CamFunc 1         0 ms   advance of the cam; no cam file keeps it",
+                             "CamFunc 3       210 ms   advance of the cam",
+                             "Ratio25to32       4 1/n  ratio of cams 25 to 32, its n",
+                             "EncoderShift     -5      phase shift of the encoder"}) {
+      QVERIFY2(lines.contains(QString(line)), line);
+    }
+    QCOMPARE(lines.filter(u"CamFunc"_qs).size(), 3);
+  }
+};
+
+}  // namespace nira
+
+QTEST_GUILESS_MAIN(nira::EditCommandTest)
+#include "EditCommandTest.moc"
