@@ -104,15 +104,6 @@ qsizetype CountPhases(const CamProgram& program) {
   return static_cast<qsizetype>(count);
 }
 
-/// Asks before another file is replaced, as the windows do.
-bool MayReplace(const Console& console, const QString& from, const QString& to) {
-  const QFileInfo target(to);
-  if (!target.exists() || target == QFileInfo(from)) return true;
-  const QString& known = console.Texts.Text(TextNumber::ReplaceFile);
-  const QString question = known.isEmpty() ? QStringLiteral("THE FILE ALREADY EXISTS") : known;
-  return console.Ask.MsgBox(question + u' ' + to, Buttons::YesNo, Icon::Exclamation) == Answer::Yes;
-}
-
 }  // namespace
 
 std::optional<Fault> ReadCamFile(const Console& console, const QString& file,
@@ -142,6 +133,14 @@ bool OpenCamFile(const Console& console, const QString& file, const Dimensions& 
   }
   if (cutOff) console.Err << Printable(file) << ": " << WithoutEnd << '\n';
   return true;
+}
+
+bool MayReplace(const Console& console, const QString& from, const QString& to) {
+  const QFileInfo target(to);
+  if (!target.exists() || target == QFileInfo(from)) return true;
+  const QString& known = console.Texts.Text(TextNumber::ReplaceFile);
+  const QString question = known.isEmpty() ? QStringLiteral("THE FILE ALREADY EXISTS") : known;
+  return console.Ask.MsgBox(question + u' ' + to, Buttons::YesNo, Icon::Exclamation) == Answer::Yes;
 }
 
 int SaveCamFile(const Console& console, const QString& from, const QString& to,

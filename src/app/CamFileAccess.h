@@ -34,6 +34,9 @@ bool OpenCamFile(const Console& console, const QString& file, const Dimensions& 
 int SaveCamFile(const Console& console, const QString& from, const QString& to,
                 CamProgram& program);
 
+/// Asks before a file other than `from` is replaced by `to`, as the windows do.
+bool MayReplace(const Console& console, const QString& from, const QString& to);
+
 /// What the program comes back as from its cam file: without what the file's layout loses.
 CamProgram ReadBack(CamProgram& program);
 

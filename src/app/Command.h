@@ -32,6 +32,9 @@ struct Command {
 
   /// More of the usage, whole lines. Null: none.
   QString (*details)() = nullptr;
+
+  /// It draws text, for which the process needs a QGuiApplication.
+  bool needsFonts = false;
 };
 
 }  // namespace nira

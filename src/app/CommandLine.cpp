@@ -152,6 +152,11 @@ int RunCommand(const CommandLine& line, QTextStream& out, QTextStream& err) {
 
 }  // namespace
 
+bool NeedsFonts(const QString& command) {
+  const Command* found = FindCommand(command);
+  return found != nullptr && found->needsFonts;
+}
+
 int RunKplctl(const QStringList& arguments, QTextStream& out, QTextStream& err) {
   const CommandLine line(arguments);
   const QString usage = line.Chosen() != nullptr ? UsageOf(*line.Chosen()) : Usage();

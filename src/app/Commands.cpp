@@ -8,7 +8,8 @@ const std::vector<Command>& AllCommands() {
       ListCommand(),       //
       FunctionsCommand(),  //
       RewriteCommand(),    //
-      EditCommand(),
+      EditCommand(),       //
+      PrintCommand(),
   };
   return commands;
 }

@@ -10,6 +10,7 @@ Command ListCommand();
 Command FunctionsCommand();
 Command RewriteCommand();
 Command EditCommand();
+Command PrintCommand();
 
 /// All commands, in the order in which the usage shows them.
 const std::vector<Command>& AllCommands();

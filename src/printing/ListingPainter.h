@@ -18,6 +18,8 @@ class ListingPainter : public PagedDocument {
 
   QString Title() const override;
   int LayOut(const QSizeF& paper) override;
+  /// Of the last layout.
+  int Pages() const { return static_cast<int>(pages_.size()); }
   void Paint(QPainter& painter, int page) const override;
 
  private:

@@ -113,7 +113,7 @@ QWidget* PrnSize::BuildPaper() {
   paper_->setObjectName(QStringLiteral("CmbCar"));
   paper_->setAccessibleName(instance_.Text(TextNumber::PrintPaper));
   for (const QPageSize::PageSizeId id : {QPageSize::A4, QPageSize::Letter}) {
-    paper_->addItem(QPageSize::name(id), id);
+    paper_->addItem(QPageSize::key(id), id);
   }
   // A printer may be loaded with paper of another size.
   const QPageSize loaded = instance_.Dialog.Printer().pageLayout().pageSize();
