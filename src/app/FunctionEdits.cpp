@@ -1,6 +1,7 @@
 #include "app/FunctionEdits.h"
 
 #include "app/CamFileAccess.h"
+#include "functions/FunctionRules.h"
 
 #include <algorithm>
 
@@ -63,7 +64,7 @@ Refusal FunctionEdits::Set(const EditOperation& operation) {
   if (value < 0 || value > largest) {
     return Range(QStringLiteral("0-") + QString::number(largest));
   }
-  if (field->of32Cams && value != 0 && program_.NumCams() != FunctionsBlock::MaxCams) {
+  if (field->of32Cams && value != 0 && !HasGroups(program_.NumCams())) {
     return QStringLiteral("only a programmer of 32 cams has delays and ratios");
   }
   const Setting setting{field, field->IsPerCam() ? operation.Number(1) - 1 : 0, operation};
@@ -119,7 +120,7 @@ Refusal FunctionEdits::Contradiction() const {
   }
   const Setting* last = Find("AdvanceLast");
   if (last == nullptr) last = LastOf({"AdvanceOn", "DelayOn", "Ratio17On", "Ratio25On"});
-  const int most = MaxAdvanceIndex(block, program_.NumCams());
+  const int most = LastAdvanceAllowed(EnabledIn(block), program_.NumCams());
   if (last == nullptr || block.AdvanceLast <= most) return std::nullopt;
   return last->Refused(Range(QStringLiteral("AdvanceLast 0-%1, and it is %2 (%3)")
                                  .arg(most)

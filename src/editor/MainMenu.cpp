@@ -43,7 +43,7 @@ constexpr std::array sizesEntries = {
     Entry{"o_MODC", "&Modify Cam", State::On},
     Entry{"o_Undo", "&Undo", State::Off},
     separator,
-    Entry{"Fu_Set", "Fu&nctions", State::Off},
+    Entry{"Fu_Set", "Fu&nctions", State::On},
     Entry{"Al_Msg", "&Messages", State::Off},
 };
 

@@ -4,6 +4,7 @@
 #include "dialogs/PlainTip.h"
 #include "dialogs/ThemedIcon.h"
 #include "files/ScriptFile.h"
+#include "functions/FuncSel.h"
 #include "model/Text.h"
 #include "printing/PrnSize.h"
 
@@ -171,6 +172,7 @@ void MainWindow::BuildHandlers() {
       {QStringLiteral("O_ClC"), [this] { sizes_->O_ClC_Click(); }},
       {QStringLiteral("o_MODC"), [this] { o_MODC_Click(); }},
       {QStringLiteral("o_Undo"), [this] { o_Undo_Click(); }},
+      {QStringLiteral("Fu_Set"), [this] { Fu_Set_Click(); }},
       {QStringLiteral("o_Setlng"), [this] { SelectLanguage(); }},
       {QStringLiteral("info"), [this] { About(instance_.Texts, instance_.Ask, this).exec(); }},
   };
@@ -262,6 +264,12 @@ void MainWindow::o_MODC_Click() {
 void MainWindow::o_Undo_Click() {
   instance_.Program.RestoreUndoRow();
   menu_->Item(QStringLiteral("o_Undo"))->setEnabled(false);
+  ShowSizeCam();
+}
+
+/// The functions window may select another cam.
+void MainWindow::Fu_Set_Click() {
+  FuncSel(instance_, handlers_.value(QStringLiteral("o_Ant")), this).exec();
   ShowSizeCam();
 }
 

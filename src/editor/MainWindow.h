@@ -68,6 +68,7 @@ class MainWindow : public QMainWindow {
   void Picture1_Step(int step);
   void o_MODC_Click();
   void o_Undo_Click();
+  void Fu_Set_Click();
   void ProgramReplaced();
   bool LoadTexts();
   void ReportWrite(const QString& name, const QString& reason);

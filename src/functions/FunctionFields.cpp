@@ -1,5 +1,7 @@
 #include "functions/FunctionFields.h"
 
+#include "functions/FunctionRules.h"
+
 #include <QLatin1String>
 
 namespace nira {
@@ -43,9 +45,9 @@ int FunctionField::Largest(const CamProgram& program) const {
     case Most::Flag:
       return 1;
     case Most::Milliseconds:
-      return 210;
+      return HighestTime;
     case Most::Ratio:
-      return 9;
+      return HighestRatio;
     case Most::LastCam:
       return program.NumCams() - 1;
     case Most::LastSize:
@@ -87,13 +89,6 @@ const FunctionField* FindFunctionField(const QString& name) {
     if (name == QLatin1String(field.name)) return &field;
   }
   return nullptr;
-}
-
-int MaxAdvanceIndex(const FunctionsBlock& block, int numCams) {
-  if (block.AdvanceOn != 1) return 0;
-  if (block.DelayOn == 1 || block.Ratio17On == 1) return 15;
-  if (block.Ratio25On == 1) return 23;
-  return numCams - 1;
 }
 
 }  // namespace nira

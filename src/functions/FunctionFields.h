@@ -36,8 +36,4 @@ const std::vector<FunctionField>& FunctionFields();
 /// The field of that name; null when there is none.
 const FunctionField* FindFunctionField(const QString& name);
 
-/// The largest `AdvanceLast` that the block's flags allow on a programmer of `numCams` cams: cams
-/// of a group with a delay or a ratio have no advance.
-int MaxAdvanceIndex(const FunctionsBlock& block, int numCams);
-
 }  // namespace nira

@@ -1,0 +1,546 @@
+#include "functions/FuncSel.h"
+
+#include "model/Text.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace nira {
+
+namespace {
+
+constexpr QSize usualSize(1280, 800);
+constexpr int timePage = 25;  // large change of the scroll bar over milliseconds
+constexpr int ratioPage = 2;  // and over ratios
+constexpr int lastBefore17 = 15;
+constexpr int lastBefore25 = 23;
+
+QFont Sized(QFont font, double factor) {
+  font.setPixelSize(qRound(QFontInfo(font).pixelSize() * factor));
+  return font;
+}
+
+TextNumber TitleOf(FunctionValue value) {
+  if (IsRatio(value)) return TextNumber::RatioOnCams;
+  return value == FunctionValue::Advance ? TextNumber::AdvanceOnCam : TextNumber::DelayOnCams;
+}
+
+/// "5" for a cam, "17 - 20" for a group.
+QString CamsText(const CamGroup& group) {
+  const QString first = QString::number(group.first + 1);
+  if (group.first == group.last) return first;
+  return first + QStringLiteral(" - ") + QString::number(group.last + 1);
+}
+
+/// A box holds so few characters that its number fits the field.
+template <typename Field>
+Field FieldFrom(const NumberBox* box) {
+  return static_cast<Field>(NumericValue(box->text()));
+}
+
+}  // namespace
+
+FuncSel::FuncSel(Instance& instance, std::function<void()> openCalculator, QWidget* parent)
+    : QDialog(parent), instance_(instance), openCalculator_(std::move(openCalculator)) {
+  setObjectName(QStringLiteral("FuncSel"));
+  setWindowTitle(QStringLiteral("FUNZIONI SELEZIONABILI"));
+  Form_Load();
+  columns_ = new ValueColumns(instance.Program.NumCams(), this);
+  BuildValueEditor();
+  BuildFrAbil();
+  BuildFrConf();
+  BuildButtons();
+  BuildLayout();
+  SetTabOrder();
+  ConnectAll();
+  Form_Activate();
+}
+
+/// A box that still has the focus loses it only after this.
+FuncSel::~FuncSel() {
+  for (QWidget* control : findChildren<QWidget*>()) control->disconnect(this);
+}
+
+/// The window's size from the screen's: as large as the main window, on a very large screen larger,
+/// with all its letters, and never larger than the screen.
+void FuncSel::Form_Load() {
+  constexpr QSize frame(8, 40);  // what borders and title bar take, on the generous side
+  const QSize room = screen()->availableGeometry().size() - frame;
+  resize((room * 3 / 5).expandedTo(usualSize).boundedTo(room));
+  const double larger =
+      std::min(1.0 * width() / usualSize.width(), 1.0 * height() / usualSize.height());
+  if (larger > 1) setFont(Sized(font(), larger));
+}
+
+/// Digits of one width, so many times as large as the window's letters.
+QFont FuncSel::DigitFont(double factor) const {
+  QFont digits = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  digits.setPixelSize(qRound(QFontInfo(font()).pixelSize() * factor));
+  return digits;
+}
+
+template <typename Control>
+Control* FuncSel::Named(Control* control, const char* name) const {
+  control->setObjectName(QString::fromLatin1(name));
+  return control;
+}
+
+/// A box as long and as wide as its design text.
+NumberBox* FuncSel::Box(const char* name, const char* design, const DegreeBox::KeyFilter& filter) {
+  const QString text = QString::fromLatin1(design);
+  auto* box = Named(new NumberBox(static_cast<int>(text.size()), filter, this), name);
+  box->setText(text);
+  box->setFont(DigitFont(1.25));
+  box->setFixedWidth(QFontMetrics(box->font()).horizontalAdvance(QStringLiteral("0000")) + 18);
+  return box;
+}
+
+QCheckBox* FuncSel::Check(const char* name, const char* caption, void (FuncSel::*click)()) {
+  auto* box = Named(new QCheckBox(QString::fromLatin1(caption)), name);
+  connect(box, &QCheckBox::toggled, this, click);
+  return box;
+}
+
+void FuncSel::BuildValueEditor() {
+  lantc_ = Named(new QLabel(instance_.Text(TextNumber::AdvanceOnCam)), "Lantc");
+  lNcam_ = Named(new QLabel(QStringLiteral("00")), "LNcam");
+  lNcam_->setFont(DigitFont(2.8));
+  lNcam_->setFixedWidth(QFontMetrics(lNcam_->font()).horizontalAdvance(QStringLiteral("00 - 00 ")));
+  scrVal_ = Named(new ValueScroll(this), "ScrVal");
+  scrVal_->setRange(0, HighestTime);
+  scrVal_->setPageStep(timePage);
+  scrVal_->setMinimumHeight(32);
+  tmsec_ = Box("Tmsec", "000", [this](char16_t& code) { return Tmsec_KeyPress(code); });
+  tmsec_->setFont(DigitFont(2.2));
+  tmsec_->setFixedWidth(QFontMetrics(tmsec_->font()).horizontalAdvance(QStringLiteral("0000")) +
+                        18);
+  lmsec_ = Named(new QLabel(QStringLiteral("msec.")), "Lmsec");
+  lmsec_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  lmsec_->setMinimumWidth(lmsec_->sizeHint().width());
+  for (QLabel* label : {lantc_, lNcam_, lmsec_}) label->setTextFormat(Qt::PlainText);
+  SpeakOf(lantc_->text());
+}
+
+void FuncSel::BuildFrAbil() {
+  frAbil_ = Named(new QGroupBox(QStringLiteral("Abilitazione Funzioni")), "FrAbil");
+  chkAnt_ = Check("ChkANT", "Anticipi   N.  ", &FuncSel::ChkANT_Click);
+  chkRit_ = Check("ChkRIT", "Ritardi     17-24", &FuncSel::ChkRIT_Click);
+  chkRap17_ = Check("ChkRAP17", "Rapporti 17-24", &FuncSel::ChkRAP17_Click);
+  chkRap25_ = Check("ChkRAP25", "Rapporti 25-32", &FuncSel::ChkRAP25_Click);
+  txAnt_ = Box("TxANT", "00", [this](char16_t& code) { return TxANT_KeyPress(code); });
+  txAnt_->setEnabled(false);
+  txAnt_->setAccessibleName(chkAnt_->text().simplified());
+  auto* layout = new QGridLayout(frAbil_);
+  layout->setContentsMargins(12, 12, 12, 12);
+  layout->setSpacing(8);
+  layout->setColumnStretch(0, 1);
+  layout->addWidget(chkAnt_, 0, 0);
+  layout->addWidget(txAnt_, 0, 1);
+  int row = 0;
+  for (QCheckBox* box : {chkRit_, chkRap17_, chkRap25_}) layout->addWidget(box, ++row, 0, 1, 2);
+  for (row = 0; row < 4; ++row) layout->setRowMinimumHeight(row, txAnt_->sizeHint().height());
+}
+
+void FuncSel::BuildFrConf() {
+  frConf_ = Named(new QGroupBox(QStringLiteral("Configurazione")), "FrConf");
+  auto* layout = new QGridLayout(frConf_);
+  layout->setContentsMargins(12, 12, 12, 12);
+  layout->setSpacing(8);
+  layout->setColumnStretch(0, 1);
+  const auto add = [this, layout](RowIndex index, const char* optionName, const QString& caption,
+                                  const char* boxName, const char* design,
+                                  const DegreeBox::KeyFilter& filter) {
+    Row& row = rows_[index];
+    row.option = Named(new QRadioButton(caption), optionName);
+    row.option->setAutoExclusive(false);
+    row.option->setFocusPolicy(Qt::NoFocus);
+    row.box = Box(boxName, design, filter);
+    row.box->setAccessibleName(caption.trimmed());
+    layout->addWidget(row.option, index, 0);
+    layout->addWidget(row.box, index, 1);
+  };
+  add(OutputSize, "Oforusc", QStringLiteral("Formato in uscita "), "Tforusc", "00",
+      [this](char16_t& code) { return Tforusc_KeyPress(code); });
+  add(EncoderShift, "Osfas", QStringLiteral("Sfasamento       "), "Tsfas", "000",
+      [](char16_t& code) { return code >= u' ' && !QChar::isSurrogate(code); });
+  add(RotationSense, "Orotaz", QStringLiteral("Senso Rotazione"), "Trotaz", "0",
+      [this](char16_t& code) { return Trotaz_KeyPress(code); });
+  add(SpeedLimit, "Olimvel", QStringLiteral("Limite Velocit\u00e0"), "Tlimvel", "0000",
+      [](char16_t& code) { return NumberBox::IsDigit(code); });
+}
+
+void FuncSel::BuildButtons() {
+  tDemo_ = Named(new QPushButton(QStringLiteral("&Demo")), "tDEMO");
+  tDemo_->setEnabled(openCalculator_ != nullptr);
+  tOk_ = Named(new QPushButton(QStringLiteral("E&XIT")), "tOK");
+  for (QPushButton* button : {tDemo_, tOk_}) {
+    button->setAutoDefault(false);
+    button->setMinimumWidth(88);
+  }
+  tOk_->setDefault(true);
+  // A click on it closes; on the way out no box is left for it, so that none complains.
+  tOk_->setFocusPolicy(Qt::TabFocus);
+}
+
+QLayout* FuncSel::ValueLayout() {
+  auto* layout = new QGridLayout;
+  layout->setHorizontalSpacing(8);
+  layout->setVerticalSpacing(16);
+  layout->addWidget(lantc_, 0, 0, 1, 4);
+  layout->addWidget(lNcam_, 1, 0, 2, 1, Qt::AlignVCenter);
+  layout->addWidget(scrVal_, 1, 1, 1, 3);
+  layout->addWidget(lmsec_, 2, 1);
+  layout->addWidget(tmsec_, 2, 2);
+  layout->setColumnStretch(3, 1);
+  layout->setRowStretch(3, 1);
+  return layout;
+}
+
+void FuncSel::BuildLayout() {
+  auto* lower = new QHBoxLayout;
+  lower->setSpacing(16);
+  lower->addLayout(ValueLayout(), 1);
+  lower->addWidget(frAbil_);
+  lower->addWidget(frConf_);
+  auto* buttons = new QHBoxLayout;
+  buttons->addWidget(tDemo_);
+  buttons->addStretch();
+  buttons->addWidget(tOk_);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(12, 12, 12, 12);
+  layout->setSpacing(16);
+  layout->addWidget(columns_, 1);
+  layout->addLayout(lower);
+  layout->addLayout(buttons);
+}
+
+void FuncSel::SetTabOrder() {
+  QWidget* before = columns_;
+  for (QWidget* next : std::initializer_list<QWidget*>{
+           scrVal_, tmsec_, chkAnt_, txAnt_, chkRit_, chkRap17_, chkRap25_, rows_[OutputSize].box,
+           rows_[EncoderShift].box, rows_[RotationSense].box, rows_[SpeedLimit].box, tDemo_,
+           tOk_}) {
+    setTabOrder(before, next);
+    before = next;
+  }
+}
+
+void FuncSel::ConnectAll() {
+  connect(columns_, &ValueColumns::LabCam_Click, this, &FuncSel::LabCam_Click);
+  connect(scrVal_, &QScrollBar::valueChanged, this, &FuncSel::ScrVal_Change);
+  connect(txAnt_, &DegreeBox::FocusLost, this, &FuncSel::TxANT_LostFocus);
+  for (const Row& row : rows_) {
+    connect(row.option, &QRadioButton::clicked, this, [this, &row] { Option_Click(row); });
+    connect(row.box, &DegreeBox::FocusGained, this,
+            [this, &row](Qt::FocusReason reason) { Configuration_GotFocus(row, reason); });
+  }
+  connect(tDemo_, &QPushButton::clicked, this, &FuncSel::tDEMO_Click);
+  connect(tOk_, &QPushButton::clicked, this, &QDialog::close);
+}
+
+void FuncSel::Form_Activate() {
+  const FunctionsBlock opened = Block();
+  if (HasGroups(instance_.Program.NumCams())) {
+    {
+      const QSignalBlocker quiet(chkAnt_);
+      chkAnt_->setChecked(opened.AdvanceOn == 1);
+    }
+    ChkANT_Click();
+    chkRit_->setChecked(opened.DelayOn == 1);
+    chkRap17_->setChecked(opened.Ratio17On == 1 && !chkRit_->isChecked());
+    chkRap25_->setChecked(opened.Ratio25On == 1);
+  } else {
+    chkAnt_->setChecked(opened.AdvanceLast > 0);
+    for (QCheckBox* box : {chkRit_, chkRap17_, chkRap25_}) box->setEnabled(false);
+  }
+  FillConfiguration();
+  DrawValueBars();
+  if (columns_->IsInUse(instance_.Program.CurrentCam())) ShowSelection();
+}
+
+/// What is in the box of the advance count counts, as it does when the box is left; but on the way
+/// out nothing is reported any more.
+void FuncSel::Form_Unload() {
+  closed_ = true;
+  if (focusWidget() == txAnt_ && txAnt_->isEnabled()) TakeAdvanceCount();
+  Change([this](FunctionsBlock& block) {
+    block.AdvanceOn = chkAnt_->isChecked();
+    block.DelayOn = chkRit_->isChecked();
+    block.Ratio17On = chkRap17_->isChecked();
+    block.Ratio25On = chkRap25_->isChecked();
+    block.SpeedLimit = FieldFrom<std::int16_t>(rows_[SpeedLimit].box);
+    block.RotationSense = FieldFrom<std::uint8_t>(rows_[RotationSense].box);
+    block.OutputSize = FieldFrom<std::uint8_t>(rows_[OutputSize].box);
+    block.EncoderShift = FieldFrom<std::int16_t>(rows_[EncoderShift].box);
+  });
+}
+
+EnabledFunctions FuncSel::Enabled() const {
+  return {chkAnt_->isChecked(), chkRit_->isChecked(), chkRap17_->isChecked(),
+          chkRap25_->isChecked()};
+}
+
+void FuncSel::Change(const std::function<void(FunctionsBlock&)>& change) {
+  FunctionsBlock block = Block();
+  change(block);
+  instance_.Program.SetFunctions(block);
+}
+
+void FuncSel::ShowAdvanceCams() {
+  txAnt_->setText(ZeroFilled(Block().AdvanceLast + 1, 2));
+  DrawValueBars();
+}
+
+void FuncSel::FillConfiguration() {
+  rows_[OutputSize].box->setText(ZeroFilled(Block().OutputSize, 2));
+  rows_[EncoderShift].box->setText(ZeroFilled(Block().EncoderShift, 3));
+  rows_[RotationSense].box->setText(QString::number(Block().RotationSense));
+  rows_[SpeedLimit].box->setText(ZeroFilled(Block().SpeedLimit, 4));
+}
+
+void FuncSel::ComputeMaxAdvanceIndex() {
+  MaxAdvanceIndex = LastAdvanceAllowed(Enabled(), instance_.Program.NumCams());
+}
+
+void FuncSel::DrawValueBars() {
+  const EnabledFunctions enabled = Enabled();
+  const FunctionsBlock& block = Block();
+  std::vector<CamGroup> groups;
+  for (int cam = 0; cam < instance_.Program.NumCams(); ++cam) {
+    const FunctionValue value = ShownValue(cam, enabled);
+    const bool grouped = value != FunctionValue::Advance;
+    const bool inUse = grouped || (enabled.advance && cam <= block.AdvanceLast);
+    const bool selected = cam == instance_.Program.CurrentCam();
+    columns_->Show(cam, {inUse, selected, value, FieldOf(block, value, cam)});
+    const CamGroup group = GroupOf(value, cam);
+    if (grouped && group.first == cam) groups.push_back(group);
+  }
+  columns_->ShowGroups(groups);
+}
+
+void FuncSel::ChkANT_Click() {
+  const bool on = chkAnt_->isChecked();
+  if (!on) Change([](FunctionsBlock& block) { block.AdvanceLast = 0; });
+  ShowAdvanceCams();
+  if (!on) txAnt_->setText(QStringLiteral("00"));
+  txAnt_->setEnabled(on);
+  if (on) {
+    txAnt_->setFocus(Qt::OtherFocusReason);
+    txAnt_->SelectAllText();
+  }
+  ComputeMaxAdvanceIndex();
+}
+
+void FuncSel::ChkRIT_Click() {
+  chkRap17_->setEnabled(!chkRit_->isChecked());
+  ComputeMaxAdvanceIndex();
+  DrawValueBars();
+}
+
+void FuncSel::ChkRAP17_Click() {
+  const bool on = chkRap17_->isChecked();
+  Change([on](FunctionsBlock& block) { block.Ratio17On = on; });
+  chkRit_->setEnabled(!on);
+  ComputeMaxAdvanceIndex();
+  DrawValueBars();
+}
+
+void FuncSel::ChkRAP25_Click() {
+  ComputeMaxAdvanceIndex();
+  DrawValueBars();
+}
+
+void FuncSel::LabCam_Click(int cam) {
+  instance_.Program.SelectCam(cam);
+  const FunctionValue value = ShownValue(cam, Enabled());
+  ScrollGuard = true;
+  if (value == FunctionValue::Advance) {
+    scrVal_->setMaximum(HighestTime);
+    scrVal_->setPageStep(timePage);
+  } else if (IsRatio(value)) {
+    scrVal_->setMaximum(HighestRatio);
+    scrVal_->setPageStep(ratioPage);
+  }  // a delay is edited in the range that was set last
+  ShowSelection();
+  if (value == FunctionValue::Advance && FieldOf(Block(), value, cam) > HighestTime) {
+    Change([cam](FunctionsBlock& block) {
+      FieldOf(block, FunctionValue::Advance, cam) = HighestTime;
+    });
+  }
+  DrawValueBars();
+}
+
+/// The value editor for the selected cam; nothing is stored.
+void FuncSel::ShowSelection() {
+  const int cam = instance_.Program.CurrentCam();
+  const FunctionValue value = ShownValue(cam, Enabled());
+  const int number = FieldOf(Block(), value, cam);
+  lantc_->setText(instance_.Text(TitleOf(value)));
+  lNcam_->setText(CamsText(GroupOf(value, cam)));
+  lmsec_->setText(IsRatio(value) ? QStringLiteral("1 /") : QStringLiteral("msec."));
+  SpeakOf(lantc_->text() + u' ' + lNcam_->text());
+  tmsec_->setText(QString::number(number));
+  SetScroll(number);
+}
+
+/// What a screen reader calls the controls of the value.
+void FuncSel::SpeakOf(const QString& value) {
+  for (QWidget* control : std::initializer_list<QWidget*>{columns_, scrVal_, tmsec_}) {
+    control->setAccessibleName(value);
+  }
+}
+
+/// Also when this changes nothing, the operator's next move counts.
+void FuncSel::SetScroll(int value) {
+  ScrollGuard = true;
+  scrVal_->setValue(value);
+  ScrollGuard = false;
+}
+
+void FuncSel::ScrVal_Change(int value) {
+  if (ScrollGuard) {
+    ScrollGuard = false;
+  } else {
+    const int cam = instance_.Program.CurrentCam();
+    const FunctionValue edited = EditedValue(cam, Enabled());
+    Change([=](FunctionsBlock& block) {
+      FieldOf(block, edited, cam) = static_cast<std::uint8_t>(value);
+    });
+    if (IsRatio(edited)) lmsec_->setText(QStringLiteral("1 /"));
+    tmsec_->setText(QString::number(value));
+  }
+  DrawValueBars();
+}
+
+bool FuncSel::Tmsec_KeyPress(char16_t code) {
+  if (code != DegreeBox::Enter) return NumberBox::IsDigit(code);
+  const std::int64_t typed = NumericValue(tmsec_->text());
+  if (typed <= scrVal_->maximum()) {
+    ScrollGuard = false;
+    scrVal_->setValue(static_cast<int>(typed));
+  } else {
+    ReportRange(QString::number(scrVal_->minimum()) + u'-' + QString::number(scrVal_->maximum()));
+  }
+  tmsec_->SelectAllText();
+  return false;
+}
+
+bool FuncSel::TxANT_KeyPress(char16_t code) {
+  if (code != DegreeBox::Enter) return NumberBox::IsDigit(code);
+  if (!TakeAdvanceCount()) ReportRange(AdvanceRange());
+  txAnt_->SelectAllText();
+  return false;
+}
+
+/// Handled as an Enter. The message waits until the focus and the click that moved it have arrived:
+/// a box that opens in between would leave a pressed control behind.
+void FuncSel::TxANT_LostFocus(Qt::FocusReason reason) {
+  if (closed_ || !NumberBox::IsLeft(reason) || !chkAnt_->isChecked()) return;
+  if (TakeAdvanceCount()) return;
+  QMetaObject::invokeMethod(
+      this,
+      [this, range = AdvanceRange()] {
+        if (!closed_) ReportRange(range);
+      },
+      Qt::QueuedConnection);
+}
+
+/// Makes the number in `TxANT` the advance count; false when it is out of range.
+bool FuncSel::TakeAdvanceCount() {
+  const std::int64_t count = NumericValue(txAnt_->text());
+  if (count < 1 || count > MaxAdvanceIndex + 1) return false;
+  ScrollGuard = false;
+  Change(
+      [count](FunctionsBlock& block) { block.AdvanceLast = static_cast<std::int16_t>(count - 1); });
+  EnableGroups();
+  ShowAdvanceCams();
+  return true;
+}
+
+/// A cam with an advance is in no group.
+void FuncSel::EnableGroups() {
+  const bool free25 = Block().AdvanceLast <= lastBefore25;
+  const bool free17 = Block().AdvanceLast <= lastBefore17;
+  if (!free25) chkRap25_->setChecked(false);
+  if (!free17) {
+    chkRit_->setChecked(false);
+    chkRap17_->setChecked(false);
+  }
+  const bool exist = HasGroups(instance_.Program.NumCams());
+  chkRap25_->setEnabled(exist && free25);
+  chkRit_->setEnabled(exist && free17 && !chkRap17_->isChecked());
+  chkRap17_->setEnabled(exist && free17 && !chkRit_->isChecked());
+}
+
+/// A size too high puts the highest one into the box of the advance count, of all places; operators
+/// know it so.
+bool FuncSel::Tforusc_KeyPress(char16_t code) {
+  if (code != DegreeBox::Enter) return NumberBox::IsDigit(code);
+  const int sizes = instance_.Program.NumSizes();
+  if (NumericValue(rows_[OutputSize].box->text()) > sizes) {
+    ReportRange(QStringLiteral(" 1 ") + QString::number(sizes));
+    txAnt_->setText(QString::number(sizes));
+  }
+  return false;
+}
+
+bool FuncSel::Trotaz_KeyPress(char16_t code) {
+  if (code != DegreeBox::Enter) return NumberBox::IsDigit(code);
+  if (NumericValue(rows_[RotationSense].box->text()) > 1) ReportRange(QStringLiteral(" 0-1"));
+  return false;
+}
+
+void FuncSel::Option_Click(const Row& row) {
+  row.option->setChecked(true);
+  row.box->setFocus(Qt::OtherFocusReason);
+}
+
+/// Enter in a configuration box must not close the window, so from here on it has no default
+/// button.
+void FuncSel::Configuration_GotFocus(const Row& row, Qt::FocusReason reason) {
+  if (!NumberBox::IsLeft(reason)) return;
+  tOk_->setDefault(false);
+  for (const Row& other : rows_) other.option->setChecked(&other == &row);
+}
+
+void FuncSel::tDEMO_Click() {
+  QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);  // a message that waits comes first
+  openCalculator_();
+}
+
+QString FuncSel::AdvanceRange() const {
+  return QStringLiteral("1-") + QString::number(MaxAdvanceIndex + 1);
+}
+
+void FuncSel::ReportRange(const QString& range) {
+  instance_.Ask.MsgBox(instance_.Text(TextNumber::OutOfRange) + range, Buttons::Ok,
+                       Icon::Exclamation);
+}
+
+void FuncSel::closeEvent(QCloseEvent* event) {
+  Form_Unload();
+  event->accept();
+}
+
+void FuncSel::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) return;
+  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+    QDialog::keyPressEvent(event);
+    return;
+  }
+  auto* button = qobject_cast<QPushButton*>(focusWidget());
+  if (button == nullptr && tOk_->isDefault()) button = tOk_;
+  if (button != nullptr) button->click();
+}
+
+}  // namespace nira

@@ -1,0 +1,546 @@
+#include "functions/FuncSel.h"
+#include "support/WindowFixture.h"
+
+#include <random>
+
+namespace nira {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A block in few words: "ON 15" for advances up to index 15, "RIT", "RAP17", "RAP25".
+FunctionsBlock BlockOf(const QString& words) {
+  FunctionsBlock block;
+  block.AdvanceOn = words.contains(u"ON"_qs);
+  block.AdvanceLast = words.section(u' ', 1, 1).toShort();
+  block.DelayOn = words.contains(u"RIT"_qs);
+  block.Ratio17On = words.contains(u"RAP17"_qs);
+  block.Ratio25On = words.contains(u"RAP25"_qs);
+  block.Delay17to20 = 25;
+  block.Delay21to24 = 110;
+  block.Ratio17to24 = 6;
+  block.Ratio25to32 = 4;
+  for (std::size_t cam = 0; cam < 32; ++cam) block.CamFunc[cam] = std::uint8_t(cam == 8 ? 250 : 7);
+  return block;
+}
+
+/// The functions window over a program of its own, and what a person does with it.
+struct FunctionsFixture : WindowFixture {
+  explicit FunctionsFixture(const QString& words = u"ON 15"_qs, int cams = 32) {
+    texts.Read(Path(u"p32qx_IT.SCR"_qs));
+    program.SetLimits(22, cams, 255);
+    program.SetFunctions(BlockOf(words));
+    program.SelectCam(0);
+  }
+
+  void Open() {
+    functions.emplace(instance, demo, nullptr);
+    functions->show();
+    QVERIFY(QTest::qWaitForWindowActive(&*functions));
+  }
+  template <typename Widget = QWidget>
+  Widget* Get(const QString& name) const {
+    auto* widget = functions->findChild<Widget*>(name);
+    if (widget == nullptr) qFatal("no control %s", qPrintable(name));
+    return widget;
+  }
+  /// A click on a control; what waited for the click to arrive has happened then.
+  void Hit(const QString& name) const {
+    QWidget* widget = Get(name);
+    const bool check = qobject_cast<QCheckBox*>(widget) != nullptr;
+    const QPoint place(check ? 8 : widget->width() / 2, widget->height() / 2);
+    QTest::mouseClick(widget, Qt::LeftButton, {}, place);
+    QApplication::processEvents();
+  }
+  void Keys(const QString& keys) const {
+    for (const QChar key : keys) {
+      QWidget* focused = QApplication::focusWidget();
+      if (key == u'\r') {
+        QTest::keyClick(focused, Qt::Key_Return);
+      } else if (key == u'\t') {
+        QTest::keyClick(focused, Qt::Key_Tab);
+      } else {
+        QTest::sendKeyEvent(QTest::Click, focused, Qt::Key_unknown, key, Qt::NoModifier);
+      }
+      QApplication::processEvents();
+    }
+  }
+  /// Types over what a box holds, or empties it.
+  void Fill(const QString& name, const QString& text) const {
+    Hit(name);
+    QTest::keyClick(Get(name), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(Get(name), Qt::Key_Delete);
+    Keys(text);
+  }
+  QString BoxText(const char* name) const { return Get<QLineEdit>(QString(name))->text(); }
+
+  /// "007*16 -*16": the value of each column, "-" for one that is out of use.
+  QString Columns() const {
+    QStringList runs;
+    QString last;
+    int count = 0;
+    for (int cam = 0; cam <= program.NumCams(); ++cam) {
+      const QString value = cam == program.NumCams() ? QString() : Column(cam);
+      if (value == last && ++count > 0) continue;
+      if (count > 0) runs.append(last + u'*' + QString::number(count));
+      last = value;
+      count = 1;
+    }
+    return runs.join(u' ');
+  }
+  QString Column(int cam) const {
+    const QString index = QString::number(cam);
+    const auto* value = Get<QLabel>(u"lValAn_"_qs + index);
+    const bool use = Get(u"LabCam_"_qs + index)->isEnabled();
+    if (value->isVisible() != use || Get(u"Barra_"_qs + index)->isVisible() != use) return u"?"_qs;
+    return use ? value->text() : u"-"_qs;
+  }
+  /// "ANT rit (rap17) rap25": capital when ticked, in brackets when disabled.
+  QString Checks() const {
+    QStringList shown;
+    for (const char* name : {"ANT", "RIT", "RAP17", "RAP25"}) {
+      const auto* box = Get<QCheckBox>(u"Chk"_qs + QString(name));
+      const QString word = box->isChecked() ? QString(name) : QString(name).toLower();
+      shown.append(box->isEnabled() ? word : u'(' + word + u')');
+    }
+    return shown.join(u' ');
+  }
+  /// The value editor: "title|cams|unit|box|value of highest, large change".
+  QString Editor() const {
+    const auto* scroll = Get<QScrollBar>(u"ScrVal"_qs);
+    return QStringList{
+        Get<QLabel>(u"Lantc"_qs)->text(), Get<QLabel>(u"LNcam"_qs)->text(),
+        Get<QLabel>(u"Lmsec"_qs)->text(), BoxText("Tmsec"),
+        u"%1 of %2, %3"_qs.arg(scroll->value()).arg(scroll->maximum()).arg(scroll->pageStep())}
+        .join(u'|');
+  }
+  /// "1 15 RIT RAP25|output shift sense limit" of the block.
+  QString Block() const {
+    const FunctionsBlock& b = program.Functions();
+    QString words = u"%1 %2"_qs.arg(b.AdvanceOn).arg(b.AdvanceLast);
+    if (b.DelayOn == 1) words += u" RIT"_qs;
+    if (b.Ratio17On == 1) words += u" RAP17"_qs;
+    if (b.Ratio25On == 1) words += u" RAP25"_qs;
+    return words + u"|%1 %2 %3 %4"_qs.arg(b.OutputSize)
+                       .arg(b.EncoderShift)
+                       .arg(b.RotationSense)
+                       .arg(b.SpeedLimit);
+  }
+  /// The ranges that messages named so far.
+  QString Told() const {
+    QStringList ranges = prompts.Shown();
+    return ranges.replaceInStrings(u"Exclamation Ok: VALORE FUORI LIMITI: "_qs, QString())
+        .join(u';');
+  }
+
+  std::function<void()> demo = [] {};
+  std::optional<FuncSel> functions;
+};
+
+}  // namespace
+
+/// The functions window, by mouse and keys.
+class FuncSelTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void OpensAndCloses_data() {
+    QTest::addColumn<QString>("columns");
+    QTest::addColumn<QString>("checks");
+    QTest::addColumn<QString>("count");
+    QTest::addColumn<QString>("closed");
+    const auto row = [](const char* block, const char* columns, const char* checks,
+                        const char* count, const char* closed) {
+      QTest::newRow(block) << QString(columns) << QString(checks) << QString(count)
+                           << QString(closed);
+    };
+    row("ON 3", "007*4 -*28", "ANT rit rap17 rap25", "04", "1 3|0 0 0 0");
+    row("OFF 3", "-*32", "ant rit rap17 rap25", "00", "0 0|0 0 0 0");
+    row("ON 15 RIT RAP25", "007*8 250*1 007*7 025*4 110*4 1/4*8", "ANT RIT (rap17) RAP25", "16",
+        "1 15 RIT RAP25|0 0 0 0");
+    row("OFF 0 RAP17", "-*16 1/6*8 -*8", "ant (rit) RAP17 rap25", "00", "0 0 RAP17|0 0 0 0");
+    row("ON 15 RIT RAP17", "007*8 250*1 007*7 025*4 110*4 -*8", "ANT RIT (rap17) rap25", "16",
+        "1 15 RIT|0 0 0 0");
+    row("OFF 11 RIT RAP17 RAP25 16 cams", "007*8 250*1 007*3 -*4", "ANT (rit) (rap17) (rap25)",
+        "12", "1 11|0 0 0 0");
+    row("ON 0 16 cams", "-*16", "ant (rit) (rap17) (rap25)", "00", "0 0|0 0 0 0");
+    row("ON 31 RIT", "007*8 250*1 007*7 025*4 110*4 007*8", "ANT RIT (rap17) rap25", "32",
+        "1 31 RIT|0 0 0 0");
+  }
+
+  void OpensAndCloses() {
+    const QString words = QString::fromLatin1(QTest::currentDataTag());
+    FunctionsFixture f(words, words.endsWith(u"cams"_qs) ? 16 : 32);
+    f.program.IsSaved = true;
+    f.Open();
+    QTEST(f.Columns(), "columns");
+    QTEST(f.Checks(), "checks");
+    QTEST(f.BoxText("TxANT"), "count");
+    QCOMPARE(f.Get(u"TxANT"_qs)->isEnabled(), f.Checks().startsWith(u"ANT"_qs));
+    f.functions->close();
+    QTEST(f.Block(), "closed");
+    QCOMPARE(f.Told(), QString());
+    QVERIFY(f.program.IsSaved);
+    f.functions.reset();
+    const std::uint64_t revision = f.program.Revision();
+    f.Open();
+    f.Hit(u"tOK"_qs);
+    QCOMPARE(f.program.Revision(), revision);  // looking changes nothing
+  }
+
+  /// Numbers that the boxes cannot show whole come back as the boxes show them.
+  void ConfigurationAsTheBoxesHoldIt() {
+    FunctionsFixture f;
+    FunctionsBlock block = BlockOf(u"ON 15"_qs);
+    block.OutputSize = 255;
+    block.EncoderShift = -5;
+    block.RotationSense = 255;
+    block.SpeedLimit = 12345;
+    f.program.SetFunctions(block);
+    f.Open();
+    QCOMPARE(f.BoxText("Tforusc") + u' ' + f.BoxText("Tsfas") + u' ' + f.BoxText("Trotaz") + u' ' +
+                 f.BoxText("Tlimvel"),
+             u"55 0-5 2 2345"_qs);
+    f.Hit(u"tOK"_qs);
+    QCOMPARE(f.Block(), u"1 15|55 0 2 2345"_qs);
+  }
+
+  void Selection_data() {
+    QTest::addColumn<QString>("block");
+    QTest::addColumn<QList<int>>("cams");
+    QTest::addColumn<QString>("editor");
+    QTest::addColumn<QString>("columns");  // after one step to the right, or to the left at the end
+    const auto row = [](const char* name, const char* block, const QList<int>& cams,
+                        const char* editor, const char* columns) {
+      QTest::newRow(name) << QString(block) << cams << QString(editor) << QString(columns);
+    };
+    row("opened", "ON 15", {}, "ANTICIPO su CAMMA|1|msec.|7|7 of 210, 25",
+        "008*1 007*7 250*1 007*7 -*16");
+    row("advance", "ON 15", {5}, "ANTICIPO su CAMMA|5|msec.|7|7 of 210, 25",
+        "007*4 008*1 007*3 250*1 007*7 -*16");
+    row("advance above 210", "ON 15", {9}, "ANTICIPO su CAMMA|9|msec.|250|210 of 210, 25",
+        "007*8 209*1 007*7 -*16");
+    row("out of use", "ON 3", {2, 5}, "ANTICIPO su CAMMA|2|msec.|7|7 of 210, 25",
+        "007*1 008*1 007*2 -*28");
+    row("delay of 20", "OFF 0 RIT", {20}, "RITARDO su CAMME|17 - 20|msec.|25|25 of 210, 25",
+        "-*16 026*4 110*4 -*8");
+    row("delay of 21", "OFF 0 RIT", {21}, "RITARDO su CAMME|21 - 24|msec.|110|110 of 210, 25",
+        "-*16 111*4 110*4 -*8");
+    row("delay of 22", "OFF 0 RIT", {22}, "RITARDO su CAMME|21 - 24|msec.|110|110 of 210, 25",
+        "-*16 025*4 111*4 -*8");
+    row("ratio of 24", "OFF 0 RAP17", {24}, "RAPPORTO su CAMME|17 - 24|1 /|6|6 of 9, 2",
+        "-*16 1/7*8 -*8");
+    row("ratio of 25", "ON 15 RAP25", {9, 25}, "RAPPORTO su CAMME|25 - 32|1 /|4|4 of 9, 2",
+        "007*8 210*1 007*7 -*8 1/5*8");
+    row("delay after ratio", "OFF 0 RIT RAP25", {32, 22},
+        "RITARDO su CAMME|21 - 24|msec.|110|9 of 9, 2", "-*16 025*4 008*4 1/4*8");
+    row("advance of 24", "ON 31", {24}, "ANTICIPO su CAMMA|24|msec.|7|7 of 210, 25",
+        "007*8 250*1 007*14 008*1 007*8");
+  }
+
+  void Selection() {
+    QFETCH(QString, block);
+    QFETCH(QList<int>, cams);
+    FunctionsFixture f(block);
+    f.Open();
+    const QString before = f.Columns();
+    for (const int cam : cams) f.Hit(u"LabCam_%1"_qs.arg(cam - 1));
+    QTEST(f.Editor(), "editor");
+    if (!before.contains(u"250"_qs)) QCOMPARE(f.Columns(), before);  // selecting stores nothing
+    auto* scroll = f.Get<QScrollBar>(u"ScrVal"_qs);
+    const bool atEnd = scroll->value() == scroll->maximum();
+    QTest::keyClick(scroll, atEnd ? Qt::Key_Left : Qt::Key_Right);
+    QTEST(f.Columns(), "columns");
+    QCOMPARE(f.BoxText("Tmsec"), QString::number(scroll->value()));
+  }
+
+  void BarsShareOneScale() {
+    FunctionsFixture f(u"ON 15 RIT RAP25"_qs);
+    f.Open();
+    const auto height = [&f](int cam) { return f.Get(u"Barra_%1"_qs.arg(cam))->height(); };
+    const int full = height(8);  // 250, more than the scale holds
+    const auto level = [&f](const char* mark) {
+      return f.Get(QString(mark))->geometry().center().y();
+    };
+    const auto near = [](int a, int b) { return std::abs(a - b) <= 1; };
+    QVERIFY(near(height(20), full * 110 / 210));
+    QVERIFY(near(height(24), full * 4 / 9));
+    QVERIFY(near(level("Label12") - level("Label10"), full * 200 / 210));
+    QVERIFY(near(level("Label12") - level("Label11"), full * 100 / 210));
+  }
+
+  void Boxes_data() {
+    QTest::addColumn<QString>("block");
+    QTest::addColumn<QString>("clicks");
+    QTest::addColumn<QString>("checks");
+    QTest::addColumn<QString>("columns");
+    const auto row = [](const char* block, const char* clicks, const char* checks,
+                        const char* columns) {
+      QTest::addRow("%s: %s", block, clicks)
+          << QString(block) << QString(clicks) << QString(checks) << QString(columns);
+    };
+    row("ON 3", "ANT", "ant rit rap17 rap25", "-*32");
+    row("ON 3", "ANT ANT", "ANT rit rap17 rap25", "007*1 -*31");
+    row("ON 3", "RIT RAP25", "ANT RIT (rap17) RAP25", "007*4 -*12 025*4 110*4 1/4*8");
+    row("ON 3", "RAP17 RIT", "ANT (rit) RAP17 rap25", "007*4 -*12 1/6*8 -*8");
+    row("ON 3", "RIT ANT RIT", "ant rit rap17 rap25", "-*32");
+    row("ON 3", "count 17", "ANT (rit) (rap17) rap25", "007*8 250*1 007*8 -*15");
+    row("ON 3", "count 25 count 24", "ANT (rit) (rap17) rap25", "007*8 250*1 007*15 -*8");
+    row("ON 3", "count 32 count 5", "ANT rit rap17 rap25", "007*5 -*27");
+    row("ON 3", "RAP17 count 16", "ANT (rit) RAP17 rap25", "007*8 250*1 007*7 1/6*8 -*8");
+    row("ON 3 16 cams", "RIT count 16", "ANT (rit) (rap17) (rap25)", "007*8 250*1 007*7");
+  }
+
+  void Boxes() {
+    QFETCH(QString, block);
+    QFETCH(QString, clicks);
+    FunctionsFixture f(block, block.endsWith(u"cams"_qs) ? 16 : 32);
+    f.Open();
+    const QStringList words = clicks.split(u' ');
+    for (qsizetype i = 0; i < words.size(); ++i) {
+      if (words[i] == u"count"_qs) {
+        f.Fill(u"TxANT"_qs, words[++i] + u'\r');
+      } else {
+        f.Hit(u"Chk"_qs + words[i]);
+      }
+    }
+    QTEST(f.Checks(), "checks");
+    QTEST(f.Columns(), "columns");
+    const bool ratio17 = f.Checks().contains(u"RAP17"_qs);
+    QCOMPARE(f.program.Functions().Ratio17On == 1, ratio17);
+    QCOMPARE(f.Told(), QString());
+  }
+
+  /// What is typed into a box, how the box is left - Enter, Tab, a click elsewhere, or closing with
+  /// the window's frame - and what the block holds after closing.
+  void Typing_data() {
+    QTest::addColumn<QString>("block");
+    QTest::addColumn<QString>("box");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("leave");
+    QTest::addColumn<QString>("told");
+    QTest::addColumn<QString>("result");
+    const auto row = [](const char* block, const char* box, const char* text,
+                        std::initializer_list<const char*> ways, const char* told,
+                        const char* result) {
+      for (const char* leave : ways) {
+        QTest::addRow("%s %s '%s' %s", block, box, text, leave)
+            << QString(block) << QString(box) << QString(text) << QString(leave) << QString(told)
+            << QString(result);
+      }
+    };
+    // A count of advances counts however its box is left; a wrong one is told once, not on closing.
+    row("ON 15", "TxANT", "5", {"enter", "tab", "click", "close", "exit"}, "", "1 4|0 0 0 0");
+    for (const char* bad : {"33", "0", "", "abc", "-"}) {
+      row("ON 15", "TxANT", bad, {"enter", "tab", "click"}, "1-32", "1 15|0 0 0 0");
+      row("ON 15", "TxANT", bad, {"close", "exit"}, "", "1 15|0 0 0 0");
+    }
+    row("ON 15 RIT", "TxANT", "17", {"enter", "tab"}, "1-16", "1 15 RIT|0 0 0 0");
+    row("ON 15 RAP17", "TxANT", "17", {"enter"}, "1-16", "1 15 RAP17|0 0 0 0");
+    row("ON 15 RAP25", "TxANT", "25", {"enter"}, "1-24", "1 15 RAP25|0 0 0 0");
+    row("ON 15 RAP25", "TxANT", "24", {"enter", "close"}, "", "1 23 RAP25|0 0 0 0");
+    row("ON 15 16 cams", "TxANT", "17", {"enter"}, "1-16", "1 15|0 0 0 0");
+    row("ON 15", "TxANT", "1x24", {"enter"}, "", "1 11|0 0 0 0");  // two digits are all it takes
+    // The configuration is taken over by closing, wrong or not; only Enter looks at it.
+    row("ON 15", "Tforusc", "22", {"enter", "tab", "click", "close"}, "", "1 15|22 0 0 0");
+    row("ON 15", "Tforusc", "99", {"enter"}, " 1 22", "1 15|99 0 0 0");
+    row("ON 15", "Tforusc", "99", {"tab", "click", "close", "exit"}, "", "1 15|99 0 0 0");
+    row("ON 15", "Tforusc", "-7+", {"enter", "close"}, "", "1 15|7 0 0 0");
+    row("ON 15", "Tforusc", "", {"enter", "close"}, "", "1 15|0 0 0 0");
+    row("ON 15", "Trotaz", "2", {"enter"}, " 0-1", "1 15|0 0 2 0");
+    row("ON 15", "Trotaz", "21", {"tab", "click", "close"}, "", "1 15|0 0 2 0");
+    row("ON 15", "Tlimvel", "99999", {"enter", "tab", "close"}, "", "1 15|0 0 0 9999");
+    row("ON 15", "Tlimvel", "a-1.5", {"enter", "close"}, "", "1 15|0 0 0 15");
+    row("ON 15", "Tsfas", "-999", {"enter", "tab", "close"}, "", "1 15|0 -99 0 0");
+    row("ON 15", "Tsfas", "7x9", {"enter", "close"}, "", "1 15|0 7 0 0");
+    row("ON 15", "Tsfas", "\u20acx", {"enter", "close"}, "", "1 15|0 0 0 0");
+  }
+
+  void Typing() {
+    QFETCH(QString, block);
+    QFETCH(QString, box);
+    QFETCH(QString, text);
+    QFETCH(QString, leave);
+    FunctionsFixture f(block, block.endsWith(u"cams"_qs) ? 16 : 32);
+    QFETCH(QString, told);
+    f.Open();
+    f.Fill(box, text);
+    if (!told.isEmpty()) f.prompts.Expect();
+    if (leave == u"enter"_qs) f.Keys(u"\r"_qs);
+    if (leave == u"tab"_qs) f.Keys(u"\t"_qs);
+    if (leave == u"click"_qs) f.Hit(u"Tmsec"_qs);
+    if (leave == u"exit"_qs) f.Hit(u"tOK"_qs);
+    QCOMPARE(f.functions->isVisible(), leave != u"exit"_qs);
+    QCOMPARE(QApplication::focusWidget() == f.Get(box),
+             leave == u"enter"_qs || leave == u"close"_qs);
+    QCOMPARE(f.Told(), told);
+    if (!told.isEmpty() && box == u"TxANT"_qs) {
+      QCOMPARE(f.BoxText("TxANT"), text.startsWith(u'a') || text == u"-"_qs ? QString() : text);
+    }
+    f.functions->close();
+    QApplication::processEvents();
+    QCOMPARE(f.Told(), told);
+    QTEST(f.Block(), "result");
+  }
+
+  void TypedValue_data() {
+    QTest::addColumn<int>("cam");
+    QTest::addColumn<QString>("keys");
+    QTest::addColumn<QString>("told");
+    QTest::addColumn<QString>("columns");
+    const auto row = [](const char* name, int cam, const char* keys, const char* told,
+                        const char* columns) {
+      QTest::newRow(name) << cam << QString(keys) << QString(told) << QString(columns);
+    };
+    row("advance", 1, "210\r", "", "210*1 007*15 025*4 110*4 1/4*8");
+    row("too high", 1, "211\r", "0-210", "007*16 025*4 110*4 1/4*8");
+    row("left with Tab", 1, "99\t", "", "007*16 025*4 110*4 1/4*8");
+    row("empty", 1, "\r", "", "000*1 007*15 025*4 110*4 1/4*8");
+    row("letters", 1, "a-4.x\r", "", "004*1 007*15 025*4 110*4 1/4*8");
+    row("delay of cam 21", 21, "30\r", "", "007*16 030*4 110*4 1/4*8");
+    row("ratio", 25, "9\r", "", "007*16 025*4 110*4 1/9*8");
+    row("ratio too high", 25, "10\r", "0-9", "007*16 025*4 110*4 1/4*8");
+  }
+
+  void TypedValue() {
+    QFETCH(int, cam);
+    QFETCH(QString, keys);
+    QFETCH(QString, told);
+    FunctionsFixture f(u"ON 15 RIT RAP25"_qs);
+    FunctionsBlock block = f.program.Functions();
+    block.CamFunc[8] = 7;
+    f.program.SetFunctions(block);
+    f.Open();
+    f.Hit(u"LabCam_%1"_qs.arg(cam - 1));
+    if (!told.isEmpty()) f.prompts.Expect();
+    f.Fill(u"Tmsec"_qs, keys);
+    QCOMPARE(f.Told(), told);
+    QTEST(f.Columns(), "columns");
+  }
+
+  /// A size too high puts the number of sizes into the other box, which tells of it when it is
+  /// left.
+  void OutputSizeGoesAstray() {
+    FunctionsFixture f(u"ON 15 RIT"_qs);
+    f.Open();
+    f.prompts.Expect();
+    f.Fill(u"Tforusc"_qs, u"23\r"_qs);
+    QCOMPARE(f.BoxText("Tforusc") + u' ' + f.BoxText("TxANT"), u"23 22"_qs);
+    QCOMPARE(f.program.Functions().AdvanceLast, 15);
+    f.Hit(u"TxANT"_qs);
+    f.prompts.Expect();
+    f.Keys(u"\t"_qs);
+    QCOMPARE(f.Told(), u" 1 22;1-16"_qs);
+    f.Hit(u"ChkRIT"_qs);
+    f.Hit(u"TxANT"_qs);
+    f.Keys(u"\t"_qs);
+    QCOMPARE(f.program.Functions().AdvanceLast, 21);
+  }
+
+  /// One message for one loss of the focus, however often windows come and go over the box.
+  void AMessageComesOnce() {
+    FunctionsFixture f;
+    f.Open();
+    f.Fill(u"TxANT"_qs, u"40"_qs);
+    WindowFixture::OtherWindow();
+    f.functions->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&*f.functions));
+    QCOMPARE(f.Told(), QString());
+    f.prompts.Expect();
+    f.Hit(u"ChkANT"_qs);
+    QCOMPARE(f.Told(), u"1-32"_qs);
+    QCOMPARE(f.BoxText("TxANT"), u"00"_qs);
+    QVERIFY(!f.Get(u"TxANT"_qs)->isEnabled());
+  }
+
+  /// The option buttons lead to their boxes, and from then on Enter has nothing to press.
+  void ButtonsAndKeys() {
+    FunctionsFixture f;
+    bool opened = false;
+    f.demo = [&opened] { opened = true; };
+    f.Open();
+    QVERIFY(f.Get<QPushButton>(u"tOK"_qs)->isDefault());
+    for (const char* row : {"forusc", "sfas", "rotaz", "limvel"}) {
+      auto* option = f.Get<QRadioButton>(u'O' + QString(row));
+      QTest::mouseClick(option, Qt::LeftButton, {}, QPoint(8, option->height() / 2));
+      auto* box = f.Get<QLineEdit>(u'T' + QString(row));
+      QCOMPARE(QApplication::focusWidget(), box);
+      QCOMPARE(box->selectedText(), box->text());
+      QVERIFY(option->isChecked());
+    }
+    QVERIFY(!f.Get<QPushButton>(u"tOK"_qs)->isDefault());
+    for (const char* box : {"Tmsec", "TxANT", "Tforusc", "Tsfas", "Trotaz", "Tlimvel", "ChkRIT"}) {
+      f.Get(QString(box))->setFocus();
+      f.Keys(u"\r"_qs);
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+      QVERIFY2(f.functions->isVisible(), box);
+    }
+    QStringList order;
+    f.Get(u"Columns"_qs)->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_End);
+    QCOMPARE(f.program.CurrentCam(), 15);
+    for (int i = 0; i < 13; ++i) {
+      f.Keys(u"\t"_qs);
+      order.append(QApplication::focusWidget()->objectName());
+    }
+    QCOMPARE(order.join(u' '),
+             u"ScrVal Tmsec ChkANT TxANT ChkRIT ChkRAP17 ChkRAP25 Tforusc Tsfas "
+             "Trotaz Tlimvel tDEMO tOK"_qs);
+    f.Get(u"tDEMO"_qs)->setFocus();
+    f.Keys(u"\r"_qs);
+    QVERIFY(opened);
+    QTest::keyClick(&*f.functions, Qt::Key_X, Qt::AltModifier);
+    QTRY_VERIFY(!f.functions->isVisible());
+    f.demo = nullptr;
+    f.Open();
+    QVERIFY(!f.Get(u"tDEMO"_qs)->isEnabled());
+  }
+
+  /// The cam that is selected here is selected in the main window.
+  void FromTheMenu() {
+    WindowFixture f;
+    QVERIFY(f.Start(f.Sample(u"press.CAM"_qs)));
+    WhenOpens<FuncSel>([](FuncSel* open) {
+      QTest::mouseClick(open->findChild<QWidget*>(u"LabCam_17"_qs), Qt::LeftButton);
+      QTest::mouseClick(open->findChild<QWidget*>(u"tOK"_qs), Qt::LeftButton);
+    });
+    f.Choose("Fu_Set");
+    QCOMPARE(f.Text("SizeCam"), u"F01 C18"_qs);
+    QVERIFY(f.Find<CamBar>(u"Barra_17"_qs)->Shown().selected);
+    QVERIFY(f.program.IsSaved);
+    QCOMPARE(f.Text("StatusChanged"), u"salvato"_qs);
+  }
+
+  /// Whatever is clicked and typed in whatever order, the block stays inside the model and the
+  /// columns show it.
+  void AnyOrder() {
+    FunctionsFixture f;
+    f.prompts.AnswerEverything(true);
+    f.Open();
+    std::mt19937 random(4);
+    static constexpr const char* names[] = {"ChkANT",  "ChkRIT", "ChkRAP17", "ChkRAP25",
+                                            "TxANT",   "Tmsec",  "Tforusc",  "Tsfas",
+                                            "Oforusc", "ScrVal", "LabCam_"};
+    for (int i = 0; i < 1500; ++i) {
+      QString name(names[random() % std::size(names)]);
+      if (name.endsWith(u'_')) name += QString::number(random() % 32);
+      f.Hit(name);
+      f.Keys(u"0123456789-a\r\t"_qs.mid(qsizetype(random() % 14), 1 + qsizetype(random() % 2)));
+      const FunctionsBlock& block = f.program.Functions();
+      QVERIFY(block.AdvanceLast >= 0 && block.AdvanceLast < 32);
+      const auto* scroll = f.Get<QScrollBar>(u"ScrVal"_qs);
+      QVERIFY(scroll->maximum() == HighestTime || scroll->maximum() == HighestRatio);
+      QVERIFY(!f.Checks().contains(u"RIT RAP17"_qs));
+      QVERIFY(!f.Columns().contains(u'?'));
+      if (f.Get<QCheckBox>(u"ChkRAP25"_qs)->isChecked()) {
+        QCOMPARE(f.Column(31), u"1/"_qs + QString::number(block.Ratio25to32));
+      }
+    }
+  }
+};
+
+}  // namespace nira
+
+QTEST_MAIN(nira::FuncSelTest)
+#include "FuncSelTest.moc"
