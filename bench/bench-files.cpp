@@ -32,7 +32,8 @@ class NoPrompts : public Prompts {
                 const QString& /*title*/) override {
     return Answer::Cancel;
   }
-  std::optional<QString> InputBox(const QString& /*prompt*/, const QString& /*preset*/) override {
+  std::optional<QString> InputBox(const QString& /*prompt*/, const QString& /*preset*/,
+                                  const QString& /*title*/) override {
     return std::nullopt;
   }
 };

@@ -1,7 +1,10 @@
-// Writes the sample programs anew: the same bytes at every run, through the program's own writer.
+// Writes the sample programs and messages anew: the same bytes at every run, through the program's
+// own writer.
 
+#include "PressMessages.h"
 #include "files/CamLines.h"
 #include "files/FileWriter.h"
+#include "messages/MessageFile.h"
 #include "model/CamProgram.h"
 #include "model/PhaseList.h"
 
@@ -160,10 +163,29 @@ CamProgram Smallest() {
   return program;
 }
 
-bool Write(CamProgram program, const QString& path) {
-  const QString reason = FileWriter().Write(path, WriteCamFile(program), FileWriter::Backup::No);
+/// Two rows as one text: the second begins at character 21.
+QString TwoRows(const char* const (&rows)[2]) {
+  return QString::fromUtf8(rows[0]).leftJustified(20) + QString::fromUtf8(rows[1]);
+}
+
+/// The alarms of the press in the language of `rows`, for a programmer of so many messages.
+std::string PressAlarms(int messages, const char* const (PressMessage::*rows)[2]) {
+  CamProgram program;
+  program.SetLimits(22, 32, messages);
+  for (int number = 1; number <= messages; ++number) {
+    program.SetMessageText(number, TwoRows(pressMessages[number - 1].*rows));
+  }
+  return WriteMessageLines(program);
+}
+
+bool Write(const std::string& bytes, const QString& path) {
+  const QString reason = FileWriter().Write(path, bytes, FileWriter::Backup::No);
   if (!reason.isEmpty()) QTextStream(stderr) << path << ": " << reason << '\n';
   return reason.isEmpty();
+}
+
+bool Write(CamProgram program, const QString& path) {
+  return Write(WriteCamFile(program), path);
 }
 
 }  // namespace
@@ -178,6 +200,10 @@ int main(int argc, char** argv) {
   const QDir folder(arguments.last());
   const bool written = Write(Press(), folder.filePath(QStringLiteral("press.CAM"))) &&
                        Write(Carton(), folder.filePath(QStringLiteral("carton.CAM"))) &&
-                       Write(Smallest(), folder.filePath(QStringLiteral("smallest.CAM")));
+                       Write(Smallest(), folder.filePath(QStringLiteral("smallest.CAM"))) &&
+                       Write(PressAlarms(255, &PressMessage::italian),
+                             folder.filePath(QStringLiteral("press_IT.MSG"))) &&
+                       Write(PressAlarms(180, &PressMessage::english),
+                             folder.filePath(QStringLiteral("press_EN.MSG")));
   return written ? 0 : 1;
 }

@@ -26,8 +26,9 @@ class KeptMessage : public Prompts {
     return Answer::Ok;
   }
 
-  std::optional<QString> InputBox(const QString& prompt, const QString& preset) override {
-    return prompts_.InputBox(prompt, preset);
+  std::optional<QString> InputBox(const QString& prompt, const QString& preset,
+                                  const QString& title) override {
+    return prompts_.InputBox(prompt, preset, title);
   }
 
   QString Text;

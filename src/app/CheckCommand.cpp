@@ -1,5 +1,6 @@
 #include "app/CamFileAccess.h"
 #include "app/Commands.h"
+#include "app/MessageCheck.h"
 #include "app/Printable.h"
 #include "app/ScriptCheck.h"
 
@@ -37,7 +38,8 @@ bool CheckFile(const Console& console, const QString& file) {
   const QString extension = QFileInfo(file).suffix().toLower();
   if (extension == QStringLiteral("cam")) return CheckCamFile(console, file);
   if (extension == QStringLiteral("scr")) return CheckScriptOf(console, file);
-  PrintFault(console.Out, file, {0, QStringLiteral("neither a .cam nor a .scr file by its name")});
+  if (extension == QStringLiteral("msg")) return CheckMessages(console, file);
+  PrintFault(console.Out, file, {0, QStringLiteral("none of .cam, .scr and .msg by its name")});
   return false;
 }
 
@@ -55,7 +57,7 @@ int RunCheck(Console& console, const Arguments& arguments) {
 Command CheckCommand() {
   return {.name = "check",
           .synopsis = "FILE...",
-          .summary = "read each .cam or .scr file and name its first fault",
+          .summary = "read each .cam, .scr or .msg file and name its first fault",
           .most = Command::Any,
           .run = RunCheck};
 }

@@ -9,7 +9,8 @@ const std::vector<Command>& AllCommands() {
       FunctionsCommand(),  //
       RewriteCommand(),    //
       EditCommand(),       //
-      PrintCommand(),
+      PrintCommand(),      //
+      MessagesCommand(),
   };
   return commands;
 }

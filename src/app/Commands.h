@@ -11,6 +11,7 @@ Command FunctionsCommand();
 Command RewriteCommand();
 Command EditCommand();
 Command PrintCommand();
+Command MessagesCommand();
 
 /// All commands, in the order in which the usage shows them.
 const std::vector<Command>& AllCommands();

@@ -49,7 +49,9 @@ Answer ConsolePrompts::MsgBox(const QString& text, Buttons buttons, Icon /*icon*
   return answer;
 }
 
-std::optional<QString> ConsolePrompts::InputBox(const QString& prompt, const QString& /*preset*/) {
+std::optional<QString> ConsolePrompts::InputBox(const QString& prompt, const QString& /*preset*/,
+                                                const QString& title) {
+  if (!title.isEmpty()) lines_ << Printable(title) << ": ";
   lines_ << Printable(prompt) << " [" << Name(Answer::Cancel) << ']' << Qt::endl;
   return std::nullopt;
 }

@@ -15,7 +15,8 @@ class ConsolePrompts : public Prompts {
   Answer MsgBox(const QString& text, Buttons buttons, Icon icon, const QString& title) override;
 
   /// There is nobody to type an answer: always cancelled.
-  std::optional<QString> InputBox(const QString& prompt, const QString& preset) override;
+  std::optional<QString> InputBox(const QString& prompt, const QString& preset,
+                                  const QString& title) override;
 
  private:
   Answer Choose(Buttons buttons) const;

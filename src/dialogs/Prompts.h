@@ -20,8 +20,9 @@ class Prompts {
   virtual Answer MsgBox(const QString& text, Buttons buttons, Icon icon,
                         const QString& title = {}) = 0;
 
-  /// Asks for a line of text; none when the operator cancelled.
-  virtual std::optional<QString> InputBox(const QString& prompt, const QString& preset) = 0;
+  /// Asks for a line of text; none when the operator cancelled. The title as above.
+  virtual std::optional<QString> InputBox(const QString& prompt, const QString& preset,
+                                          const QString& title = {}) = 0;
 };
 
 }  // namespace nira

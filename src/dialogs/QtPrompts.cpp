@@ -98,10 +98,11 @@ Answer QtPrompts::MsgBox(const QString& text, Buttons buttons, Icon icon, const 
   return AnswerOf(box.exec());
 }
 
-std::optional<QString> QtPrompts::InputBox(const QString& prompt, const QString& preset) {
+std::optional<QString> QtPrompts::InputBox(const QString& prompt, const QString& preset,
+                                           const QString& title) {
   const PlainPointer pointer;
   QInputDialog box(QApplication::activeWindow());
-  box.setWindowTitle(TitleOr({}));
+  box.setWindowTitle(TitleOr(title));
   box.setLabelText(Printable(prompt));
   if (auto* label = box.findChild<QLabel*>()) label->setTextFormat(Qt::PlainText);
   box.setTextValue(preset);

@@ -10,7 +10,8 @@ namespace nira {
 class QtPrompts : public Prompts {
  public:
   Answer MsgBox(const QString& text, Buttons buttons, Icon icon, const QString& title) override;
-  std::optional<QString> InputBox(const QString& prompt, const QString& preset) override;
+  std::optional<QString> InputBox(const QString& prompt, const QString& preset,
+                                  const QString& title) override;
 };
 
 }  // namespace nira

@@ -44,7 +44,7 @@ constexpr std::array sizesEntries = {
     Entry{"o_Undo", "&Undo", State::Off},
     separator,
     Entry{"Fu_Set", "Fu&nctions", State::On},
-    Entry{"Al_Msg", "&Messages", State::Off},
+    Entry{"Al_Msg", "&Messages", State::On},
 };
 
 constexpr std::array communicEntries = {

@@ -5,6 +5,7 @@
 #include "dialogs/ThemedIcon.h"
 #include "files/ScriptFile.h"
 #include "functions/FuncSel.h"
+#include "messages/AlMsg.h"
 #include "model/Text.h"
 #include "printing/PrnSize.h"
 
@@ -173,6 +174,7 @@ void MainWindow::BuildHandlers() {
       {QStringLiteral("o_MODC"), [this] { o_MODC_Click(); }},
       {QStringLiteral("o_Undo"), [this] { o_Undo_Click(); }},
       {QStringLiteral("Fu_Set"), [this] { Fu_Set_Click(); }},
+      {QStringLiteral("Al_Msg"), [this] { AlMsg(instance_, {}, this).exec(); }},
       {QStringLiteral("o_Setlng"), [this] { SelectLanguage(); }},
       {QStringLiteral("info"), [this] { About(instance_.Texts, instance_.Ask, this).exec(); }},
   };

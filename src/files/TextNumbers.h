@@ -101,6 +101,23 @@ enum class TextNumber : int {
   PrintedDescription = 264,
   PrintedPhases = 265,
   PrintedNoPhases = 266,
+  MessagesNotSaved = 267,
+  MsgFileMenu = 268,
+  MsgNew = 269,
+  MsgOpen = 270,
+  MsgSave = 271,
+  MsgSaveAs = 272,
+  MsgSelectPrinter = 273,
+  MsgSelectFont = 274,
+  MsgPrint = 275,
+  MsgExit = 276,
+  MsgModify = 277,
+  MsgSearchText = 278,
+  MsgSearchNumber = 279,
+  MsgTransmit = 280,
+  MsgReceive = 281,
+  CancelCaption = 282,
+  AlarmMessages = 283,
 };
 
 }  // namespace nira

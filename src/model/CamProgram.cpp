@@ -39,6 +39,11 @@ bool CutBackward(CamRow& row, int degree) {
   throw IndexError(std::string(what) + " " + std::to_string(index));
 }
 
+void CheckText(const QString& text) {
+  if (!text.contains(u'\n') && ToBytes(text)) return;
+  throw std::invalid_argument("a text that no file can hold");
+}
+
 void CheckDegree(int degree) {
   if (degree < 0 || degree >= CamProgram::Degrees) Outside("degree", degree);
 }
@@ -174,9 +179,7 @@ const QString& CamProgram::CamText(int cam) const {
 
 void CamProgram::SetCamText(int cam, const QString& text) {
   CheckCam(cam);
-  if (text.contains(u'\n') || !ToBytes(text)) {
-    throw std::invalid_argument("a description that no cam file can hold");
-  }
+  CheckText(text);
   QString& target = camText_[static_cast<std::size_t>(cam)];
   if (target == text) return;
   target = text;
@@ -190,6 +193,7 @@ const QString& CamProgram::MessageText(int number) const {
 
 void CamProgram::SetMessageText(int number, const QString& text) {
   if (number < 1 || number > MaxMessages) Outside("message", number);
+  CheckText(text);
   messageText_[static_cast<std::size_t>(number - 1)] = text;
 }
 

@@ -75,7 +75,8 @@ class CamProgram {
   const QString& CamText(int cam) const;
   void SetCamText(int cam, const QString& text);
 
-  /// Alarm message, number 1..255; all 255 are held whatever the programmer has.
+  /// Alarm message, number 1..255; all 255 are held whatever the programmer has. As a description
+  /// it is one line of Windows-1252 characters.
   const QString& MessageText(int number) const;
   void SetMessageText(int number, const QString& text);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFileInfo>
 #include <QString>
 
 namespace nira {
@@ -19,6 +20,15 @@ struct Globals {
 
   /// Path of the cam file that was loaded or saved last; empty for a new program.
   QString CurrentFile;
+
+  /// Path of the alarm message file that was opened or saved last; empty when none.
+  QString MsgFile = {};
+  /// `MsgFile` without folders, for questions.
+  QString MsgFileTitle() const { return QFileInfo(MsgFile).fileName(); }
+  /// True while the alarm messages in memory are in a file of the operator's.
+  bool MsgSaved = true;
+  /// Font of the printed alarm messages, in the form of QFont's `toString`.
+  QString MsgFont = QStringLiteral("Arial");
 };
 
 }  // namespace nira

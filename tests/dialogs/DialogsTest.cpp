@@ -125,12 +125,14 @@ class DialogsTest : public QObject {
     WhenOpens<QInputDialog>([](QInputDialog* box) {
       const auto* label = box->findChild<QLabel*>();
       QVERIFY(label->textFormat() == Qt::PlainText || !Qt::mightBeRichText(label->text()));
+      QCOMPARE(box->windowTitle(), u"SEARCH"_qs);
       box->setTextValue(box->textValue() + u" new"_qs);
       box->accept();
     });
-    QCOMPARE(QtPrompts().InputBox(u"<b>A</b>"_qs, u"old"_qs).value_or(u"-"_qs), u"old new"_qs);
+    const auto answer = QtPrompts().InputBox(u"<b>A</b>"_qs, u"old"_qs, u"SEARCH"_qs);
+    QCOMPARE(answer.value_or(u"-"_qs), u"old new"_qs);
     WhenOpens<QInputDialog>([](QInputDialog* box) { box->reject(); });
-    QVERIFY(!QtPrompts().InputBox(u"A"_qs, u"old"_qs).has_value());
+    QVERIFY(!QtPrompts().InputBox(u"A"_qs, u"old"_qs, {}).has_value());
   }
 
   /// The pictures follow the colours of the system.

@@ -63,7 +63,7 @@ class MainWindowStartTest : public QObject {
              "S&el Programmer f_New, Se&lect Printer f_SelPr, &Print Pr_size, &Exit F_quit], "
              "&Sizes [Se&lect Size s_sel, Copy &Size O_Copy, &Erase Size s_Clr, "
              "&Import Size S_Imp, Cop&y Cam O_CopyC, S&hift Cam o_Shc, E&rase Cam O_ClC, "
-             "&Modify Cam o_MODC, -&Undo o_Undo, Fu&nctions Fu_Set, -&Messages Al_Msg], "
+             "&Modify Cam o_MODC, -&Undo o_Undo, Fu&nctions Fu_Set, &Messages Al_Msg], "
              "&Communic [-Size &Transmit Tr_Siz, -Size &Receive Rc_Siz, "
              "-&Alarm Msg Transmit Msg_Trans, -Alarm &Msg Receive Msg_Rec, "
              "-&Update FLASH Upd_Flash], "

@@ -35,6 +35,7 @@ class ScriptedPrompts : public Prompts {
   struct Input {
     QString prompt;
     QString preset;
+    QString title;
   };
 
   ~ScriptedPrompts() override {
@@ -65,8 +66,9 @@ class ScriptedPrompts : public Prompts {
     return answer;
   }
 
-  std::optional<QString> InputBox(const QString& prompt, const QString& preset) override {
-    inputs.push_back({prompt, preset});
+  std::optional<QString> InputBox(const QString& prompt, const QString& preset,
+                                  const QString& title) override {
+    inputs.push_back({prompt, preset, title});
     if (lines_.empty()) {
       if (!everything_) Fail(u"unscripted input box: " + prompt);
       return std::nullopt;

@@ -40,9 +40,20 @@ class ScriptedDialog : public clsCommonDialog {
 
   bool ShowOpen(QWidget*) override { return Show(QStringLiteral("open")); }
   bool ShowSave(QWidget*) override { return Show(QStringLiteral("save")); }
+  bool ShowFont(QWidget*) override {
+    shown.append(QStringLiteral("font; ") + Font.family());
+    if (font) Font = *font;
+    return font.has_value();
+  }
+  bool ShowPrinter(QWidget*) override {
+    shown.append(QStringLiteral("printer"));
+    return true;
+  }
 
   /// "open; title; filter; flags; preset" of each dialog so far.
   QStringList shown;
+  /// The font that is chosen; none = Cancel.
+  std::optional<QFont> font;
 
  private:
   bool Show(const QString& kind) {

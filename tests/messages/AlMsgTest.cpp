@@ -1,0 +1,427 @@
+#include "messages/AlMsg.h"
+#include "messages/ModMsg.h"
+#include "support/WindowFixture.h"
+
+#include <QLineEdit>
+#include <QListWidget>
+#include <QScrollBar>
+
+namespace nira {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString prefix = u"NIRA-KPL -  PROGRAMMATORE DI CAMME QX32 -  "_qs;
+const QString filter = u"File Messaggi (*.Msg)|*.msg|Tutti i File (*.*)|*.*"_qs;
+
+/// The message window over an instance with the Italian texts, and what a person does with it.
+struct MessageWindow : WindowFixture {
+  explicit MessageWindow(MessageLink link = {}) {
+    texts.Read(Path(u"p32qx_IT.SCR"_qs));
+    Reopen(std::move(link));
+  }
+
+  void Reopen(MessageLink link = {}) {
+    messages = std::make_unique<AlMsg>(instance, std::move(link), nullptr);
+    messages->show();
+    if (!QTest::qWaitForWindowActive(messages.get())) qFatal("no message window");
+  }
+
+  template <typename Control>
+  Control* Named(const QString& name) const {
+    auto* control = messages->findChild<Control*>(name);
+    if (control == nullptr) qFatal("no control %s", qPrintable(name));
+    return control;
+  }
+  QListWidget* List() const { return Named<QListWidget>(u"LstAlr"_qs); }
+  QString Selected() const { return List()->currentItem()->text(); }
+  QString Display() const {
+    return Named<QLabel>(u"Upper"_qs)->text() + u'/' + Named<QLabel>(u"Lower"_qs)->text();
+  }
+
+  /// Chooses a menu entry or clicks a button.
+  void Do(const QString& name) const {
+    messages->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(messages.get()));
+    if (auto* button = messages->findChild<QPushButton*>(name)) {
+      QTest::mouseClick(button, Qt::LeftButton);
+      return;
+    }
+    auto* bar = messages->findChild<QMenuBar*>();
+    QAction* top = bar->actions().constFirst();
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(top).center());
+    QTest::mouseClick(top->menu(), Qt::LeftButton, {},
+                      top->menu()->actionGeometry(Named<QAction>(name)).center());
+    if (top->menu()->isVisible()) top->menu()->close();  // the entry is disabled
+  }
+
+  /// Opens the selected message and acts on its window.
+  void Modify(const std::function<void(ModMsg*)>& act) const {
+    bool opened = false;
+    WhenOpens<ModMsg>([&](ModMsg* open) {
+      opened = true;
+      act(open);
+    });
+    const QPoint place = List()->visualItemRect(List()->currentItem()).center();
+    QTest::mouseClick(List()->viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(List()->viewport(), Qt::LeftButton, {}, place);
+    QVERIFY(opened);
+  }
+
+  QString OpenSample(const QString& name) {
+    const QString path = Sample(name);
+    dialog.Expect(path);
+    Do(u"f_Open"_qs);
+    return path;
+  }
+
+  std::unique_ptr<AlMsg> messages;
+};
+
+QString Preview(const ModMsg* window) {
+  return window->findChild<QLabel*>(u"row1"_qs)->text() + u'/' +
+         window->findChild<QLabel*>(u"row2"_qs)->text();
+}
+
+void Press(const ModMsg* window, const char* button) {
+  QTest::mouseClick(window->findChild<QPushButton*>(QString::fromLatin1(button)), Qt::LeftButton);
+}
+
+}  // namespace
+
+/// The message editor through its controls.
+class AlMsgTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void FromTheMenu() {
+    WindowFixture f;
+    QVERIFY(f.Start());
+    f.program.SetMessageText(2, u"TWO"_qs);
+    QStringList seen;
+    WhenOpens<AlMsg>([&seen](AlMsg* open) {
+      seen = {open->windowTitle(), open->findChild<QListWidget*>(u"LstAlr"_qs)->item(1)->text()};
+      for (const char* button : {"Tr_M", "Rc_M"}) {
+        QVERIFY(!open->findChild<QPushButton*>(QString::fromLatin1(button))->isEnabled());
+      }
+      open->close();
+    });
+    f.Choose("Al_Msg");
+    QCOMPARE(seen, QStringList({u"NIRA-KPL -  MESSAGGI DI ALLARME"_qs, u"002 TWO"_qs}));
+  }
+
+  /// No two captions of a place share their mnemonic, in either language.
+  void Mnemonics() {
+    for (const char* script : {"p32qx_IT.SCR", "p32qx_EN.SCR"}) {
+      MessageWindow f;
+      QVERIFY(f.texts.Read(f.Path(QString::fromLatin1(script))));
+      f.Reopen();
+      const QAction* top = f.messages->findChild<QMenuBar*>()->actions().constFirst();
+      QString window = top->text().section(u'&', 1).left(1);
+      for (const auto* button : f.messages->findChildren<QPushButton*>()) {
+        window += button->text().section(u'&', 1).left(1);
+      }
+      QString menu;
+      for (const QAction* entry : top->menu()->actions()) {
+        if (!entry->isSeparator()) menu += entry->text().section(u'&', 1).left(1);
+      }
+      for (const QString& place : {window.toUpper(), menu.toUpper()}) {
+        QCOMPARE(QSet<QChar>(place.begin(), place.end()).size(), place.size());
+      }
+      QCOMPARE(window.size() + menu.size(), 15);
+    }
+  }
+
+  void Open() {
+    MessageWindow f;
+    f.settings.MsgSaved = false;
+    const QString path = f.OpenSample(u"press_EN.MSG"_qs);
+    QCOMPARE(f.dialog.shown,
+             QStringList(u"open; APRI File Messaggi; "_qs + filter + u"; 4096; "_qs));
+    QCOMPARE(f.settings.MsgFile, path);
+    QVERIFY(f.settings.MsgSaved);
+    QCOMPARE(f.messages->windowTitle(), prefix + path);
+    QCOMPARE(f.Selected(), u"001 EMERGENCY STOP      FRONT DESK"_qs);
+    QCOMPARE(f.Display(), u"EMERGENCY STOP      /FRONT DESK"_qs);
+    QCOMPARE(f.List()->item(254)->text(), u"255 "_qs);
+    for (const QString& bad : {f.Path(u"gone.MSG"_qs), f.folder.path()}) {  // and the old ones stay
+      f.dialog.Expect(bad);
+      f.prompts.Expect();
+      f.Do(u"f_Open"_qs);
+      QCOMPARE(f.messages->windowTitle(), prefix + path);
+      QCOMPARE(f.settings.MsgFile, path);
+      QCOMPARE(f.Display(), u"EMERGENCY STOP      /FRONT DESK"_qs);
+    }
+  }
+
+  void Save() {
+    MessageWindow f;
+    const QString none = u"Critical Ok: FILE NON SELEZIONATO"_qs;
+    f.prompts.Expect();
+    f.Do(u"f_Save"_qs);
+    const QString path = f.OpenSample(u"press_IT.MSG"_qs);
+    f.program.SetMessageText(1, u"CHANGED"_qs);
+    f.settings.MsgSaved = false;
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+      f.prompts.Expect(answer);
+      f.Do(u"f_Save"_qs);
+      QCOMPARE(ReadBytes(path).startsWith("N. 001 \"CHANGED\"\r\n"), answer == Answer::Yes);
+      QCOMPARE(f.settings.MsgSaved, answer == Answer::Yes);
+    }
+    QVERIFY(QFile::remove(path));
+    f.prompts.Expect();
+    f.Do(u"f_Save"_qs);
+    const QString question = u"Exclamation YesNo: SOVRASCRIVERE FILE press_IT.MSG"_qs;
+    QCOMPARE(f.prompts.Shown(), QStringList({none, question, question, none}));
+    QVERIFY(!QFile::exists(path));
+  }
+
+  void SaveAs() {
+    MessageWindow f;
+    QVERIFY(f.folder.mkpath(u"v1.2"_qs));
+    QString path;
+    for (const auto& [typed, stored] :
+         {std::pair("a.txt", "a.txt"), {"a", "a.MSG"}, {"v1.2/a", "v1.2/a.MSG"}}) {
+      path = f.Path(QString::fromLatin1(stored));
+      f.settings.MsgSaved = false;
+      f.dialog.Expect(f.Path(QString::fromLatin1(typed)));
+      f.Do(u"SVA"_qs);
+      QCOMPARE(f.messages->windowTitle(), prefix + path);
+      QCOMPARE(ReadBytes(path).count('\n'), 255);
+      QVERIFY(f.settings.MsgSaved);
+    }
+    f.dialog.Expect(path);  // the dialog has asked, and so does the writing
+    f.prompts.Expect(Answer::Yes);
+    f.Do(u"SVA"_qs);
+    QCOMPARE(f.dialog.shown.constLast(),
+             u"save; SALVA File con Nome ; "_qs + filter + u"; 2050; "_qs + path);
+    f.dialog.Expect(f.Path(u"gone/b"_qs));  // what could not be written is not the file
+    f.prompts.Expect();
+    f.Do(u"SVA"_qs);
+    f.dialog.ExpectCancel();
+    f.Do(u"SVA"_qs);
+    QCOMPARE(f.settings.MsgFile, path);
+    QCOMPARE(f.prompts.boxes.size(), std::size_t(2));
+  }
+
+  void Search_data() {
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<QString>("answer");
+    QTest::addColumn<QString>("told");
+    QTest::addColumn<int>("row");
+    const auto row = [](const char* button, const char* answer, const char* told, int selected) {
+      QTest::addRow("%s %s", button, answer)
+          << QString(button) << QString(answer) << QString(told) << selected;
+    };
+    row("t_Searc", "FRENO", "", 52);
+    row("t_Searc", "freno", "None Ok: TESTO NON TROVATO", 6);
+    row("t_Searc", "", "", 6);
+    row("t_Searc", "(cancel)", "", 6);
+    row("S_num", "254", "", 253);
+    row("S_num", " 1 2", "", 11);
+    for (const char* bad : {"255", "0", "-1", "abc", "", "4294967297"}) {
+      row("S_num", bad, qPrintable(u"None Ok: "_qs + QString(bad) + u" = NUMERO NON VALIDO"), 6);
+    }
+    row("S_num", "(cancel)", "", 6);
+  }
+
+  void Search() {
+    QFETCH(QString, button);
+    QFETCH(QString, answer);
+    QFETCH(QString, told);
+    MessageWindow f;
+    f.OpenSample(u"press_IT.MSG"_qs);
+    QTest::keyClicks(f.List(), u"7"_qs);
+    f.prompts.ExpectInput(answer == u"(cancel)"_qs ? std::nullopt : std::optional(answer));
+    if (!told.isEmpty()) f.prompts.Expect();
+    f.Do(button);
+    const auto& asked = f.prompts.inputs.at(0);
+    QCOMPARE(asked.title + u'|' + asked.prompt, button == u"S_num"_qs
+                                                    ? u"SEARCH|NUMERO ALLARME 1 - 255"_qs
+                                                    : u"MESSAGGI ALLARME|TESTO DA RICERCARE"_qs);
+    QCOMPARE(f.prompts.Shown().join(u'|'), told);
+    QTEST(f.List()->currentRow(), "row");
+    QVERIFY(
+        f.List()->viewport()->rect().contains(f.List()->visualItemRect(f.List()->currentItem())));
+  }
+
+  void TypedNumbers() {
+    MessageWindow f;
+    QTest::keyClick(f.List(), Qt::Key_PageDown);
+    const QStringList rows =
+        u"255:255 007:7 1:1 2:12 3:123 4:4 9:49 6:6 A:6 6:6 0:60"_qs.split(u' ');
+    for (const QString& row : rows) {
+      QTest::keyClicks(f.List(), row.section(u':', 0, 0));
+      QCOMPARE(f.List()->currentRow() + 1, row.section(u':', 1).toInt());
+    }
+    auto* pause = f.List()->findChild<QTimer*>(u"Pause"_qs);
+    pause->setInterval(0);  // as if it had passed
+    QTRY_VERIFY(!pause->isActive());
+    QTest::keyClicks(f.List(), u"3"_qs);
+    QCOMPARE(f.List()->currentRow() + 1, 3);
+  }
+
+  void Modify() {
+    MessageWindow f;
+    f.OpenSample(u"press_IT.MSG"_qs);
+    QTest::keyClicks(f.List(), u"62"_qs);
+    const int place = f.List()->verticalScrollBar()->value();
+    f.Modify([](ModMsg* window) {
+      auto* text = window->findChild<QLineEdit*>(u"Text1"_qs);
+      QCOMPARE(window->findChild<QLabel*>(u"ltx"_qs)->text(), u"062"_qs);
+      QCOMPARE(text->text(), u"VALVOLA DOPPIA      FRIZIONE: CANALE B"_qs);
+      QCOMPARE(Preview(window), u"VALVOLA DOPPIA      / FRIZIONE: CANALE B"_qs);
+      QTest::keyClicks(text, u"12345"_qs);  // 38 characters were there
+      QCOMPARE(Preview(window), u"VALVOLA DOPPIA      /FRIZIONE: CANALE B12"_qs);
+      Press(window, "kcl");
+    });
+    QCOMPARE(f.Selected(), u"062 VALVOLA DOPPIA      FRIZIONE: CANALE B"_qs);
+    f.Modify([](ModMsg* window) { QTest::keyClick(window, Qt::Key_Return); });
+    QVERIFY(f.settings.MsgSaved);
+    f.Modify([](ModMsg* window) {
+      QTest::keyClicks(window->findChild<QLineEdit*>(u"Text1"_qs), u"!"_qs);
+      Press(window, "kok");
+    });
+    QVERIFY(!f.settings.MsgSaved);
+    QCOMPARE(f.Selected(), u"062 VALVOLA DOPPIA      FRIZIONE: CANALE B!"_qs);
+    QCOMPARE(f.Display(), u"VALVOLA DOPPIA      /FRIZIONE: CANALE B!"_qs);
+    QCOMPARE(f.List()->verticalScrollBar()->value(), place);
+  }
+
+  void ForeignText() {
+    MessageWindow f;
+    f.program.SetMessageText(1, QString(60, u'A'));
+    f.prompts.Expect();
+    QApplication::clipboard()->setText(u"B\nC\u0416"_qs);
+    f.Modify([&f](ModMsg* window) {
+      auto* text = window->findChild<QLineEdit*>(u"Text1"_qs);
+      QCOMPARE(text->text(), QString(40, u'A'));
+      QTest::keyClick(text, Qt::Key_A, Qt::ControlModifier);
+      QTest::keyClick(text, Qt::Key_V, Qt::ControlModifier);
+      Press(window, "kok");
+      QVERIFY(window->isVisible());
+      QCOMPARE(f.program.MessageText(1), QString(60, u'A'));
+      QTest::keyClick(text, Qt::Key_Backspace);
+      Press(window, "kok");
+    });
+    QCOMPARE(f.prompts.Shown(), QStringList(u"Exclamation Ok: CARATTERE NON AMMESSO: \u0416"_qs));
+    QCOMPARE(f.Selected(), u"001 B C"_qs);
+  }
+
+  /// What is in no file is thrown away after a question only.
+  void New() {
+    MessageWindow f;
+    const QString path = f.OpenSample(u"press_IT.MSG"_qs);
+    QTest::keyClicks(f.List(), u"100"_qs);
+    f.settings.MsgSaved = false;
+    for (const char* name : {"f_New", "f_Open"}) {
+      f.prompts.Expect(Answer::Cancel);
+      f.Do(QString::fromLatin1(name));
+      QCOMPARE(f.prompts.Shown().constLast(),
+               u"Exclamation OkCancel: I MESSAGGI NON SONO STATI SALVATI !"_qs);
+      QCOMPARE(f.Selected(), u"100 LUBRIFICAZIONE      DISTRIBUTORE 1 FERMO"_qs);
+    }
+    f.settings.MsgSaved = true;
+    f.Do(u"f_New"_qs);
+    QCOMPARE(f.Selected(), u"100 "_qs);
+    QCOMPARE(f.Display(), u"/"_qs);
+    QVERIFY(!f.settings.MsgSaved);
+    QCOMPARE(f.settings.MsgFile, path);
+    QCOMPARE(f.messages->windowTitle(), prefix + path);
+    f.Do(u"f_New"_qs);  // nothing is left to lose
+  }
+
+  void Exit_data() { NameRows("way", {"tEX", "F_EX", "Escape", "close"}); }
+
+  void Exit() {
+    QFETCH(QString, way);
+    MessageWindow f;
+    f.settings.MsgSaved = false;
+    for (const Answer answer : {Answer::Cancel, Answer::No, Answer::Yes}) {
+      f.prompts.Expect(answer);
+      if (way == u"Escape"_qs) {
+        QTest::keyClick(f.List(), Qt::Key_Escape);
+      } else if (way == u"close"_qs) {
+        f.messages->close();
+      } else {
+        f.Do(way);
+      }
+      QCOMPARE(f.messages->isVisible(), answer != Answer::Yes);
+    }
+    QCOMPARE(f.prompts.Shown().constLast(),
+             u"Exclamation YesNoCancel: IL FILE NON E' STATO SALVATO\rVUOI USCIRE ?"_qs);
+    f.settings.MsgSaved = true;
+    f.Reopen();
+    f.Do(u"tEX"_qs);
+    QVERIFY(!f.messages->isVisible());
+  }
+
+  void Transmit() {
+    QByteArray sent;
+    bool works = true;
+    MessageWindow f({[&](const QString& file) {
+                       sent = ReadBytes(file);
+                       return works;
+                     },
+                     {}});
+    QVERIFY(!f.Named<QPushButton>(u"Rc_M"_qs)->isEnabled());
+    const QString path = f.OpenSample(u"press_IT.MSG"_qs);
+    for (const bool saved : {true, false}) {
+      f.program.SetMessageText(1, saved ? u"ONE"_qs : u"TWO"_qs);
+      f.settings.MsgSaved = works = saved;
+      f.Do(u"Tr_M"_qs);
+      QCOMPARE(sent.left(12), QByteArray(saved ? "N. 001 \"ONE\"" : "N. 001 \"TWO\""));
+      QCOMPARE(f.settings.MsgFile, path);
+      QCOMPARE(f.settings.MsgSaved, saved);
+    }
+    sent.clear();
+    QVERIFY(QFile::remove(f.Path(u"~.~"_qs)) && f.folder.mkpath(u"~.~"_qs));
+    f.prompts.Expect();  // it cannot be written
+    f.Do(u"Tr_M"_qs);
+    QVERIFY(sent.isEmpty());
+  }
+
+  void Receive() {
+    bool works = false;
+    MessageWindow f;
+    const QString path = f.OpenSample(u"press_IT.MSG"_qs);
+    f.Reopen({{}, [&](const QString& file) {
+                f.program.SetLimits(22, 32, 180);  // as the programmer has
+                return WriteBytes(file, "N. 001 \"NEW\"\r\nEND\r\n") && works;
+              }});
+    QTest::keyClicks(f.List(), u"200"_qs);
+    f.Do(u"Rc_M"_qs);
+    QCOMPARE(f.List()->count(), 180);
+    QCOMPARE(f.List()->item(0)->text(), u"001 EMERGENZA PREMUTA   PULPITO FRONTALE"_qs);
+    QVERIFY(f.settings.MsgSaved);
+    works = true;
+    f.Do(u"Rc_M"_qs);
+    QCOMPARE(f.List()->item(0)->text(), u"001 NEW"_qs);
+    QCOMPARE(f.Selected(), u"180 "_qs);
+    QVERIFY(!f.settings.MsgSaved);
+    QCOMPARE(f.settings.MsgFile, path);
+    f.prompts.Expect(Answer::Cancel);  // nor does a reception throw anything away
+    f.Do(u"Rc_M"_qs);
+  }
+
+  void Font() {
+    MessageWindow f;
+    QCOMPARE(f.Named<QAction>(u"SEL_FNT"_qs)->text(), u"Ca&rattere... (Arial)"_qs);
+    f.Do(u"SEL_FNT"_qs);  // cancelled
+    f.dialog.font = QFont(u"Courier & Co"_qs, 14);
+    f.Do(u"SEL_FNT"_qs);
+    f.Do(u"Pr_SEL"_qs);
+    QCOMPARE(f.dialog.shown, QStringList({u"font; Arial"_qs, u"font; Arial"_qs, u"printer"_qs}));
+    f.Reopen();
+    QCOMPARE(f.Named<QAction>(u"SEL_FNT"_qs)->text(), u"Ca&rattere... (Courier && Co)"_qs);
+    QFont kept;
+    QVERIFY(kept.fromString(f.settings.MsgFont));
+    QCOMPARE(kept.pointSize(), 14);
+  }
+};
+
+}  // namespace nira
+
+QTEST_MAIN(nira::AlMsgTest)
+#include "AlMsgTest.moc"
