@@ -61,8 +61,8 @@ constexpr std::array optionsEntries = {
 };
 
 constexpr std::array demoEntries = {
-    Entry{"O_Rot", "&Rotate Demo", State::Off},
-    Entry{"o_Ant", "&Advance Demo", State::Off},
+    Entry{"O_Rot", "&Rotate Demo", State::On},
+    Entry{"o_Ant", "&Advance Demo", State::On},
 };
 
 template <typename Entries>

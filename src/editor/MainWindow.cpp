@@ -4,6 +4,8 @@
 #include "dialogs/PlainTip.h"
 #include "dialogs/ThemedIcon.h"
 #include "files/ScriptFile.h"
+#include "functions/BNKRTN.h"
+#include "functions/CalcAnt.h"
 #include "functions/FuncSel.h"
 #include "messages/AlMsg.h"
 #include "model/Text.h"
@@ -47,6 +49,11 @@ enum class Programmer { NoPort, Accepted, NotAccepted };
 /// The line to the programmer is not built yet: every start is one without a port.
 Programmer IdentifyProgrammer() {
   return Programmer::NoPort;
+}
+
+/// Another window has the floor: nothing may happen to this one, and a drop does not ask Qt.
+bool Blocked() {
+  return QApplication::activeModalWidget() != nullptr;
 }
 
 QString FirstLocalFile(const QMimeData* data) {
@@ -173,9 +180,18 @@ void MainWindow::BuildHandlers() {
       {QStringLiteral("O_ClC"), [this] { sizes_->O_ClC_Click(); }},
       {QStringLiteral("o_MODC"), [this] { o_MODC_Click(); }},
       {QStringLiteral("o_Undo"), [this] { o_Undo_Click(); }},
-      {QStringLiteral("Fu_Set"), [this] { Fu_Set_Click(); }},
+      {QStringLiteral("Fu_Set"),
+       [this] { Select(FuncSel(instance_, handlers_.value(QStringLiteral("o_Ant")), this)); }},
       {QStringLiteral("Al_Msg"), [this] { AlMsg(instance_, {}, this).exec(); }},
       {QStringLiteral("o_Setlng"), [this] { SelectLanguage(); }},
+      {QStringLiteral("O_Rot"),
+       [this] { Select(BNKRTN(instance_.Program, instance_.Texts, this)); }},
+      {QStringLiteral("o_Ant"),
+       [this] {
+         // Also opened by a button of the functions window.
+         QWidget* window = QApplication::activeModalWidget();
+         CalcAnt(instance_.Program, instance_.Texts, window != nullptr ? window : this).exec();
+       }},
       {QStringLiteral("info"), [this] { About(instance_.Texts, instance_.Ask, this).exec(); }},
   };
 }
@@ -269,10 +285,20 @@ void MainWindow::o_Undo_Click() {
   ShowSizeCam();
 }
 
-/// The functions window may select another cam.
-void MainWindow::Fu_Set_Click() {
-  FuncSel(instance_, handlers_.value(QStringLiteral("o_Ant")), this).exec();
-  ShowSizeCam();
+/// Shows a window in which the operator may select another size or cam, and then the new selection.
+/// Where there is none the diagram stays as it is: an erased size shows with the next refresh.
+void MainWindow::Select(QDialog&& window) {
+  const CamProgram& program = instance_.Program;
+  const auto selection = [&program] {
+    return std::pair(program.CurrentSize(), program.CurrentCam());
+  };
+  const auto before = selection();
+  window.exec();
+  if (selection() != before) {
+    ShowSizeCam();
+  } else {
+    status_->Show();
+  }
 }
 
 void MainWindow::Picture1_Step(int step) {
@@ -307,6 +333,7 @@ bool MainWindow::KeyDown(int key) {
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) return false;
+  if (Blocked()) return false;
   if (static_cast<QWidget*>(watched)->window() != this) return false;
   const auto* key = static_cast<QKeyEvent*>(event);
   if ((key->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return false;
@@ -454,12 +481,12 @@ void MainWindow::Form_Unload() {
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-  if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+  if (event->mimeData()->hasUrls() && !Blocked()) event->acceptProposedAction();
 }
 
 void MainWindow::dropEvent(QDropEvent* event) {
   const QString path = FirstLocalFile(event->mimeData());
-  if (path.isEmpty()) return;
+  if (path.isEmpty() || Blocked()) return;
   event->acceptProposedAction();
   // After the drop: questions must not keep the program waiting from which the file came.
   QMetaObject::invokeMethod(

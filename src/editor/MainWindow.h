@@ -10,6 +10,7 @@
 #include "editor/StatusLine.h"
 #include "files/OptionsFile.h"
 
+#include <QDialog>
 #include <QHash>
 #include <QMainWindow>
 #include <QToolBar>
@@ -68,7 +69,7 @@ class MainWindow : public QMainWindow {
   void Picture1_Step(int step);
   void o_MODC_Click();
   void o_Undo_Click();
-  void Fu_Set_Click();
+  void Select(QDialog&& window);
   void ProgramReplaced();
   bool LoadTexts();
   void ReportWrite(const QString& name, const QString& reason);

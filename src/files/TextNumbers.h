@@ -118,6 +118,12 @@ enum class TextNumber : int {
   MsgReceive = 281,
   CancelCaption = 282,
   AlarmMessages = 283,
+  CalculatorWanted = 284,
+  CalculatorTurns = 285,
+  CalculatorProgrammed = 286,
+  CalculatorShifted = 287,
+  DemoCircle = 288,
+  DemoSpeed = 289,
 };
 
 }  // namespace nira

@@ -68,7 +68,7 @@ class MainWindowStartTest : public QObject {
              "-&Alarm Msg Transmit Msg_Trans, -Alarm &Msg Receive Msg_Rec, "
              "-&Update FLASH Upd_Flash], "
              "&Options [-&Set CommPort setcom, Set &Language o_Setlng], "
-             "&Demo Demo [-&Rotate Demo O_Rot, -&Advance Demo o_Ant], &Info info"_qs);
+             "&Demo Demo [&Rotate Demo O_Rot, &Advance Demo o_Ant], &Info info"_qs);
   }
 
   /// A script is anybody's file: its texts are shown as they stand.

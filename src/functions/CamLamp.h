@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QWidget>
+
+namespace nira {
+
+/// The lamp of one cam with the cam's number in it and its description under it, on two lines where
+/// it has to be.
+class CamLamp : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// `cam` is an index from 0.
+  CamLamp(int cam, const QString& description);
+
+  /// Repaints the lamp when its state changes, and nothing else.
+  void Light(bool on);
+  bool IsLit() const { return lit_; }
+
+  QSize sizeHint() const override { return minimumSizeHint(); }
+  QSize minimumSizeHint() const override;
+
+ Q_SIGNALS:
+  void DblClick();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+ private:
+  QFont TextFont() const;
+  QRect LampPlace() const;
+  void PaintLamp(QPainter& painter, const QRect& place) const;
+
+  QString number_;
+  QString description_;
+  bool lit_ = false;
+};
+
+}  // namespace nira

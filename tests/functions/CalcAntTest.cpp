@@ -1,0 +1,164 @@
+#include "functions/CalcAnt.h"
+#include "support/WindowFixture.h"
+
+#include <QTest>
+
+namespace nira {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The calculator over cam 5 of size 2, with the shipped Italian texts.
+struct Calculator {
+  Calculator(const QString& runs, int advance) {
+    texts.Read(QStringLiteral(NIRA_SOURCE_FOLDER "/lang/p32qx_IT.SCR"));
+    program.SelectSize(2);
+    program.SelectCam(4);
+    program.SetRow(2, 4, RowOf(runs));
+    FunctionsBlock block;
+    block.CamFunc[4] = static_cast<std::uint8_t>(advance);
+    program.SetFunctions(block);
+    window.emplace(program, texts, nullptr);
+    window->show();
+  }
+
+  bool Drawn() {
+    return QTest::qWaitFor([this] { return !Bar(u"Barra"_qs)->Shown().runs.empty(); });
+  }
+  QScrollBar* Scroll(const char* name) {
+    return window->findChild<QScrollBar*>(QLatin1String(name));
+  }
+  CamBar* Bar(const QString& name) { return window->findChild<CamBar*>(name); }
+  QString Text(const char* name) { return window->findChild<QLabel*>(QLatin1String(name))->text(); }
+  /// "advance: degrees, turns".
+  QString Result() { return Text("LAntImp") + u": " + Text("LAntRis") + u", " + Text("LGirAnt"); }
+  QString Runs(const QString& bar) {
+    QStringList runs;
+    for (const Run& run : Bar(bar)->Shown().runs) {
+      runs.append(QString::number(run.on) + u'-' + QString::number(run.off));
+    }
+    return runs.join(u' ');
+  }
+
+  CamProgram program;
+  MessageTable texts;
+  std::optional<CalcAnt> window;
+};
+
+}  // namespace
+
+class CalcAntTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  /// The timer makes the first drawing, from what the bars say.
+  void Opens_data() {
+    QTest::addColumn<int>("advance");
+    QTest::addColumn<QString>("result");
+    QTest::addColumn<QString>("shifted");
+    QTest::newRow("none") << 0 << u"0: 0, 0"_qs << u"100-110"_qs;
+    QTest::newRow("some") << 200 << u"200: 1, 0"_qs << u"99-109"_qs;
+    QTest::newRow("above the bar's end") << 255 << u"210: 1, 0"_qs << u"99-109"_qs;
+  }
+
+  void Opens() {
+    QFETCH(int, advance);
+    Calculator c(u"100-110"_qs, advance);
+    QCOMPARE(c.window->windowTitle(), u"CALCOLO ANTICIPI"_qs);
+    QCOMPARE(c.Text("Label14"), u"F02 C05"_qs);
+    const auto* timer = c.window->findChild<QTimer*>(u"Timer1"_qs);
+    QVERIFY(timer->isActive());
+    QCOMPARE(c.Runs(u"Barra"_qs), QString());
+    QVERIFY(c.Drawn());
+    QVERIFY(!timer->isActive());
+    QTEST(c.Result(), "result");
+    QTEST(c.Runs(u"Barra"_qs), "shifted");
+    QCOMPARE(c.Runs(u"BarraProg"_qs), u"100-110"_qs);
+    QCOMPARE(c.Text("LRPM"), u"1"_qs);
+    QCOMPARE(c.Text("LAntDes"), u"1"_qs);
+  }
+
+  void Settings_data() {
+    QTest::addColumn<int>("speed");
+    QTest::addColumn<int>("time");
+    QTest::addColumn<int>("wanted");  // 0: not touched
+    QTest::addColumn<QString>("result");
+    QTest::addColumn<QString>("shifted");
+    QTest::newRow("60 degrees") << 1000 << 10 << 0 << u"10: 60, 0"_qs << u"40-50 290-320"_qs;
+    QTest::newRow("whole turns") << 4000 << 210 << 0 << u"210: 0, 14"_qs
+                                 << u"0-20 350-360 100-110"_qs;
+    QTest::newRow("no rounding") << 345 << 100 << 0 << u"100: 206, 0"_qs << u"144-174 254-264"_qs;
+    QTest::newRow("wanted") << 1000 << 0 << 90 << u"15: 90, 0"_qs << u"10-20 260-290"_qs;
+    QTest::newRow("steps down to what fits")
+        << 100 << 7 << 360 << u"210: 126, 0"_qs << u"224-254 334-344"_qs;
+  }
+
+  void Settings() {
+    QFETCH(int, speed);
+    QFETCH(int, time);
+    QFETCH(int, wanted);
+    Calculator c(u"0-20 100-110 350-360"_qs, 0);
+    QVERIFY(c.Drawn());
+    c.Scroll("ScrollRPM")->setValue(speed);
+    c.Scroll("ScrollAnt")->setValue(time);
+    if (wanted > 0) c.Scroll("ScrAntRis")->setValue(wanted);
+    QTEST(c.Result(), "result");
+    QTEST(c.Runs(u"Barra"_qs), "shifted");
+    QCOMPARE(c.Runs(u"BarraProg"_qs), u"0-20 350-360 100-110"_qs);
+    QCOMPARE(c.Text("LAntDes"), QString::number(c.Scroll("ScrAntRis")->value()));
+    if (wanted == 360) QCOMPARE(c.Scroll("ScrAntRis")->value(), 126);
+    const QImage picture = c.Bar(u"Barra"_qs)->grab().toImage();
+    int blue = 0;
+    for (int x = 4; x < picture.width() - 4; ++x) {
+      const QRgb pixel = picture.pixel(x, picture.height() / 4);
+      if (pixel == 0xff5555ff) ++blue;
+      QVERIFY(pixel == 0xff5555ff || (pixel & 0xff) == 0);  // on yellow, with its quarter lines
+    }
+    QVERIFY(qAbs(blue * 360 / picture.width() - 40) < 6);
+  }
+
+  /// The speed changes what the time means, not the wanted angle; nothing reaches the program.
+  void Keys() {
+    Calculator c(u"100-110"_qs, 200);
+    QVERIFY(c.Drawn());
+    const FunctionsBlock before = c.program.Functions();
+    const std::uint64_t revision = c.program.Revision();
+    QScrollBar* speed = c.Scroll("ScrollRPM");
+    QCOMPARE(QTest::qWaitForWindowActive(&*c.window), true);
+    QCOMPARE(QApplication::focusWidget(), speed);
+    QTest::keyClick(speed, Qt::Key_PageDown);
+    QCOMPARE(c.Text("LRPM"), u"101"_qs);
+    QCOMPARE(c.Result(), u"200: 121, 0"_qs);
+    QCOMPARE(c.Text("LAntDes"), u"1"_qs);
+    QTest::keyClick(speed, Qt::Key_End);
+    QTest::keyClick(speed, Qt::Key_Tab);
+    QTest::keyClick(c.Scroll("ScrollAnt"), Qt::Key_PageUp);
+    QCOMPARE(c.Result(), u"180: 0, 12"_qs);
+    QTest::keyClick(c.Scroll("ScrollAnt"), Qt::Key_Tab);
+    QTest::keyClick(c.Scroll("ScrAntRis"), Qt::Key_PageDown);
+    QCOMPARE(c.Result(), u"0: 0, 0"_qs);  // 11 degrees take less than a millisecond
+    QTest::keyClick(c.Scroll("ScrAntRis"), Qt::Key_Escape);
+    QVERIFY(!c.window->isVisible());
+    QVERIFY(c.program.Functions() == before);
+    QCOMPARE(c.program.Revision(), revision);
+  }
+
+  void FromTheMenu() {
+    WindowFixture f;
+    QVERIFY(f.StartWith(u"100-110"_qs, 4));
+    QString shown;
+    WhenOpens<CalcAnt>([&shown](CalcAnt* window) {
+      shown = window->findChild<QLabel*>(u"Label14"_qs)->text();
+      QTest::mouseClick(window->findChild<QPushButton*>(u"Command1"_qs), Qt::LeftButton);
+    });
+    f.Choose("o_Ant");
+    QCOMPARE(shown, u"F01 C05"_qs);
+    QVERIFY(QApplication::activeModalWidget() == nullptr);
+  }
+};
+
+}  // namespace nira
+
+QTEST_MAIN(nira::CalcAntTest)
+#include "CalcAntTest.moc"
