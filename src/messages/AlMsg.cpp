@@ -20,7 +20,7 @@ namespace nira {
 namespace {
 
 constexpr qsizetype longestShown = 60;  // characters of an answer that a box repeats
-constexpr QSize startSize(960, 640);
+constexpr QSize windowSize(960, 640);
 
 int BasePixels() {
   return QFontInfo(QApplication::font()).pixelSize();
@@ -51,7 +51,7 @@ AlMsg::AlMsg(Instance& instance, MessageLink link, QWidget* parent)
   ShowTitle();
   ShowFont();
   ShowAll();
-  resize(startSize);
+  resize(windowSize);
   list_->setFocus();
 }
 
