@@ -2,6 +2,8 @@
 
 #include "app/Printable.h"
 
+#include <QRegularExpression>
+
 namespace nira {
 
 namespace {
@@ -20,6 +22,14 @@ QString Name(Answer answer) {
       return QStringLiteral("retry");
   }
   return {};
+}
+
+/// A text of several lines, the later ones indented.
+QString Lines(const QString& text) {
+  static const QRegularExpression lineEnd(QStringLiteral("[\r\n]+"));
+  QStringList lines = text.split(lineEnd);
+  for (QString& line : lines) line = Printable(line);
+  return lines.join(QStringLiteral("\n  "));
 }
 
 }  // namespace
@@ -43,7 +53,7 @@ Answer ConsolePrompts::MsgBox(const QString& text, Buttons buttons, Icon /*icon*
                               const QString& title) {
   const Answer answer = Choose(buttons);
   if (!title.isEmpty()) lines_ << Printable(title) << ": ";
-  lines_ << Printable(text);
+  lines_ << Lines(text);
   if (buttons != Buttons::Ok) lines_ << " [" << Name(answer) << ']';
   lines_ << Qt::endl;
   return answer;

@@ -17,9 +17,11 @@ class FileWriter {
   /// reason when it failed (the old file is whole then), empty when it succeeded.
   QString Write(const QString& path, std::string_view bytes, Backup backup);
 
- private:
+  /// Keeps what stands under this name, as `Backup::Yes` does, for a file that is then written
+  /// otherwise. Returns the system's reason when it failed.
   QString KeepOld(const QString& path);
 
+ private:
   QSet<QString> kept_;
 };
 

@@ -124,6 +124,16 @@ enum class TextNumber : int {
   CalculatorShifted = 287,
   DemoCircle = 288,
   DemoSpeed = 289,
+  CannotFindPort = 290,
+  ConnectAdapter = 291,
+  PortForbidden = 292,
+  JoinGroup = 293,
+  PortInUse = 294,
+  CloseOther = 295,
+  PortFailed = 296,
+  CheckCable = 297,
+  NotTaken = 298,
+  CutByProgrammer = 299,
 };
 
 }  // namespace nira

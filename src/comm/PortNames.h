@@ -1,0 +1,60 @@
+#pragma once
+
+#include "files/WorkingFolder.h"
+
+#include <QList>
+#include <QSerialPortInfo>
+#include <QString>
+
+#include <vector>
+
+namespace nira {
+
+/// A serial port as the machine has it.
+struct PortInfo {
+  int Number = 0;       ///< number by which it is chosen, from 1; 0 when it has none
+  QString Device;       ///< "/dev/ttyUSB0", "COM3"; empty when there is nothing behind the number
+  QString Description;  ///< of the adapter, where the system knows one
+  QString SerialNumber;
+  bool Present = false;    ///< there is such a device now
+  bool Permitted = false;  ///< this user may read and write it
+  bool Simulated = false;  ///< a simulated programmer is behind it
+  QString HeldBy;          ///< the program that has it open, as far as the system tells
+};
+
+/// Which device stands behind a port number.
+///
+/// The working folder comes first: a link "com1", a device or a file of that name whose first line
+/// is a path, is port 1. Otherwise ports 1 to 4 are ttyS0 to ttyS3, and 5 to 8 the first four that
+/// exist of ttyUSB0.. and ttyACM0.., in that order; on Windows port n is COMn.
+class PortNames {
+ public:
+  static constexpr int Ports = 8;       ///< that the settings window offers
+  static constexpr int FixedPorts = 4;  ///< ttyS0 to ttyS3; adapters come after them
+
+  /// `devices` is the folder of the devices.
+  explicit PortNames(const WorkingFolder& folder, const QString& devices = QStringLiteral("/dev"))
+      : folder_(folder), devices_(devices) {}
+
+  /// The device of a port, whether or not it exists; empty when there is none.
+  QString Device(int number) const;
+
+  /// The name that stands for a port in the working folder, whether or not there is one.
+  QString Link(int number) const;
+
+  /// The port with all that the system tells of it.
+  PortInfo Describe(int number) const;
+
+  /// The ports that the machine has now: those with a number in its order, then the others.
+  std::vector<PortInfo> All() const;
+
+ private:
+  PortInfo Describe(int number, const QList<QSerialPortInfo>& known) const;
+  QString Linked(int number) const;
+  QStringList Adapters() const;
+
+  const WorkingFolder& folder_;
+  QString devices_;
+};
+
+}  // namespace nira

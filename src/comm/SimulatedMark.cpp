@@ -1,0 +1,20 @@
+#include "comm/SimulatedMark.h"
+
+#include <QFileInfo>
+#include <QLockFile>
+
+namespace nira {
+
+QString SimulatedMark(const QString& link) {
+  return link + QStringLiteral(".simulated");
+}
+
+bool IsSimulatedPort(const QString& link) {
+  const QString mark = SimulatedMark(link);
+  if (!QFileInfo::exists(mark)) return false;
+  QLockFile lock(mark);
+  lock.setStaleLockTime(0);  // by its program alone, not by its age
+  return !lock.tryLock(0) && lock.error() == QLockFile::LockFailedError;
+}
+
+}  // namespace nira

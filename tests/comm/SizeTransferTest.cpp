@@ -1,0 +1,392 @@
+#include "comm/SizeTransfer.h"
+#include "support/CommFixture.h"
+
+#include <QDir>
+#include <QTest>
+
+namespace nira {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QByteArray qx32 = "32 22 255  NIRA QX32-22F V1.00 and some more of it  \r\n";
+const QByteArray qx16 = "16 44 180  NIRA QX16-44F V1.00\r\n";
+const QString noAnswer =
+    u"Critical RetryCancel:     Errore su Porta COM1\rVerificare le connessioni"_qs;
+const QString gone = u"Critical Ok: [Errore su COM1] Errore 8020 generato da MsComm1\rgone"_qs;
+const QString cut =
+    u"Exclamation OkCancel: THE PROGRAMMER HAS FEWER CAMS OR SIZES THAN THE PROGRAM USES. "
+    "GO ON WITHOUT THE OTHERS ?\n"_qs;
+
+/// A reception of a 32-cam program, its frames in one string with "|" between.
+const QByteArray reception =
+    "FUNZIONI 32-22|1 0 0 0 |020508|0310001000|FORMATO N. 02|C 03\"NEW\"| 350 010|END";
+
+/// A program with a phase, a description and a size that are in use, from a file that was saved.
+struct TransferFixture : CommFixture {
+  TransferFixture() {
+    program.SetRow(1, 0, RowOf(u"10-20"_qs));
+    program.SetCamText(0, u"OLD"_qs);
+    program.SetMessageText(7, u"STAYS"_qs);
+    program.SelectSize(2);
+    program.SelectCam(4);
+    settings.CurrentFile = u"press.CAM"_qs;
+  }
+
+  QString Limits() const {
+    return QStringLiteral("%1 %2 %3")
+        .arg(program.NumCams())
+        .arg(program.NumSizes())
+        .arg(program.NumMessages());
+  }
+  SizeTransfer::Monitor Monitor() {
+    return [this] { return TransferJobs(comm, report).Run(); };
+  }
+  void Receive(const QByteArray& records, const QByteArray& identity = qx32) {
+    QByteArrayList frames = records.split('|');
+    for (QByteArray& frame : frames) frame = Frame(frame);
+    Play(frames, identity);
+  }
+  /// Answers each query with the next of these, the last one again and again.
+  void Identify(const QByteArrayList& replies, int afterMs = 5) {
+    auto left = std::make_shared<QByteArrayList>(replies);
+    serial.Device = [this, left, afterMs](const QByteArray& out) {
+      if (!out.startsWith("?M")) return;
+      serial.Send(left->size() > 1 ? left->takeFirst() : left->constFirst(), afterMs);
+    };
+  }
+};
+
+}  // namespace
+
+/// The identity query and the two commands that transfer sizes.
+class SizeTransferTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void Identifies_data() {
+    QTest::addColumn<QByteArray>("reply");
+    QTest::addColumn<QString>("limits");
+    QTest::addColumn<QString>("refused");  // "cams sizes" of the message, empty when accepted
+    const auto row = [](const char* name, const QByteArray& reply, const QString& limits,
+                        const QString& refused = {}) {
+      QTest::newRow(name) << QByteArray(reply + '\r') << limits << refused;
+    };
+    row("32 cams", qx32, u"32 22 255"_qs);
+    row("16 cams", qx16, u"16 44 180"_qs);
+    row("other separators", "a16/22,180..NIRA", u"16 22 180"_qs);
+    row("signs count for nothing", "32 22 255  xx32 44-180  NIRA", u"32 44 180"_qs);
+    row("blanks around", "   16 44 180  NIRA", u"16 44 180"_qs);
+    row("24 cams", "24 22 180  NIRA", u"32 22 180"_qs, u"24 22"_qs);
+    row("89 sizes", "16 89 180  NIRA", u"16 22 180"_qs, u"16 89"_qs);
+    row("200 messages", "16 44 200  NIRA", u"32 22 255"_qs, u"16 44"_qs);
+    row("cams before the reply", "x 44 180  NIRA", u"32 22 180"_qs, u"0 44"_qs);
+    row("text for numbers", "xx yy zzz  NIRA", u"32 22 255"_qs, u"0 0"_qs);
+    row("earliest place", "255  NIRA", u"32 22 255"_qs, u"0 0"_qs);
+    row("the first word counts", "16 44 180  NIRA 32 22 255  NIRA", u"16 44 180"_qs);
+  }
+
+  void Identifies() {
+    QFETCH(QByteArray, reply);
+    QFETCH(QString, refused);
+    TransferFixture f;
+    f.Identify({reply});
+    f.settings.PortErrorFlag = 5;
+    if (!refused.isEmpty()) f.prompts.Expect();
+    QCOMPARE(IdentityQuery(f.comm), refused.isEmpty() ? Identity::Accepted : Identity::Rejected);
+    QTEST(f.Limits(), "limits");
+    QCOMPARE(f.settings.PortErrorFlag, 0);
+    QCOMPARE(f.serial.PortOpen(), refused.isEmpty());
+    if (refused.isEmpty()) return;
+    QCOMPARE(f.prompts.Shown(),
+             QStringList(u"None Ok: BAD DEVICE  CAM." + refused.section(u' ', 0, 0) + u" FORM." +
+                         refused.section(u' ', 1)));
+  }
+
+  void AsksAgain_data() {
+    QTest::addColumn<QByteArrayList>("replies");
+    QTest::addColumn<QStringList>("answers");
+    QTest::addColumn<int>("queries");
+    QTest::addColumn<bool>("accepted");
+    const QByteArrayList early = {"1234NIRA\r"};
+    QTest::newRow("word too early")
+        << QByteArrayList{early.first(), qx32} << QStringList() << 2 << true;
+    QTest::newRow("noise") << QByteArrayList{"\r", "x\n", qx32} << QStringList() << 3 << true;
+    QTest::newRow("retry") << QByteArrayList{"", "32 22", qx32}
+                           << QStringList{u"Retry"_qs, u"Retry"_qs} << 3 << true;
+    QTest::newRow("cancel") << QByteArrayList{""} << QStringList{u"Cancel"_qs} << 1 << false;
+    // Another device that goes on answering: 10 ms, the reply's 5 and 50 ms each, for two seconds.
+    QTest::newRow("never an identity")
+        << early << QStringList{u"Retry"_qs, u"Cancel"_qs} << 62 << false;
+  }
+
+  void AsksAgain() {
+    QFETCH(QByteArrayList, replies);
+    QFETCH(QStringList, answers);
+    QFETCH(bool, accepted);
+    TransferFixture f;
+    f.Identify(replies);
+    for (const QString& answer : answers) {
+      f.prompts.Expect(answer == u"Retry" ? Answer::Retry : Answer::Cancel);
+    }
+    QCOMPARE(IdentityQuery(f.comm), accepted ? Identity::Accepted : Identity::Cancelled);
+    QTEST(static_cast<int>(f.serial.Written.count("?M\x8C\r")), "queries");
+    QCOMPARE(f.prompts.Shown(), QStringList(answers.size(), noAnswer));
+    QCOMPARE(f.serial.PortOpen(), accepted);
+    QCOMPARE(f.Limits(), u"32 22 255"_qs);
+  }
+
+  /// A reply that was cut anywhere is no identity, or not that of another programmer.
+  void CutReplies() {
+    for (qsizetype length = 0; length < qx16.size(); ++length) {
+      TransferFixture f;
+      f.prompts.AnswerEverything(false);
+      f.Identify({qx16.left(length) + '\r'});
+      const bool whole = qx16.left(length).contains("NIRA");
+      QCOMPARE(IdentityQuery(f.comm), whole ? Identity::Accepted : Identity::Cancelled);
+      QCOMPARE(f.Limits(), whole ? u"16 44 180"_qs : u"32 22 255"_qs);
+    }
+  }
+
+  void AsksOnlyOnce() {
+    TransferFixture f;
+    f.comm.Busy = true;
+    QCOMPARE(IdentityQuery(f.comm), Identity::PortError);
+    QCOMPARE(SizeTransfer(f.comm).Tr_Siz(f.Monitor()), TransferEnd::Busy);
+    QCOMPARE(SizeTransfer(f.comm).Rc_Siz(f.Monitor()), TransferEnd::Busy);
+    QVERIFY(!AutSelQuery(f.comm));
+    QVERIFY(f.comm.Busy && f.serial.Log.isEmpty());
+  }
+
+  void AutomaticSelection_data() {
+    QTest::addColumn<QByteArray>("reply");
+    QTest::addColumn<QString>("model");  // empty when none
+    QTest::newRow("32 cams") << qx32 << u"32 22 255"_qs;
+    QTest::newRow("any counts") << QByteArray("16 99 001  NIRA and no more...\r") << u"16 99 1"_qs;
+    QTest::newRow("30 characters")
+        << QByteArray("32 22 255  NIRA 3456789012345\r") << u"32 22 255"_qs;
+    QTest::newRow("29 characters") << QByteArray("32 22 255  NIRA 345678901234\r") << QString();
+    QTest::newRow("24 cams") << QByteArray("24 22 255  NIRA QX32-22F V1.00\r\n") << QString();
+    QTest::newRow("no size") << QByteArray("32 00 255  NIRA QX32-22F V1.00\r\n") << QString();
+    QTest::newRow("256 messages") << QByteArray("32 22 256  NIRA QX32-22F V1.00\r\n") << QString();
+    QTest::newRow("no message") << QByteArray("32 22 xxx  NIRA QX32-22F V1.00\r\n") << QString();
+  }
+
+  void AutomaticSelection() {
+    QFETCH(QByteArray, reply);
+    TransferFixture f;
+    f.Identify({reply});
+    const auto model = AutSelQuery(f.comm);
+    QTEST(model ? QStringLiteral("%1 %2 %3").arg(model->Cams).arg(model->Sizes).arg(model->Messages)
+                : QString(),
+          "model");
+    QVERIFY(!f.serial.PortOpen() && !f.comm.Busy);
+    QCOMPARE(f.Limits(), u"32 22 255"_qs);
+  }
+
+  void AskedOnceBeforeMessages() {
+    TransferFixture f;
+    f.Identify({"32 22 255  NIRA\r\n"});
+    QCOMPARE(AskBeforeMessages(f.comm), std::optional(u"32 22 255  NIR"_qs));
+    QVERIFY(f.serial.PortOpen());
+    f.Identify({"?\r"});
+    QCOMPARE(AskBeforeMessages(f.comm), std::optional(QString()));
+    f.Identify({""});
+    f.prompts.Expect();
+    QCOMPARE(AskBeforeMessages(f.comm), std::optional<QString>());
+    QVERIFY(!f.serial.PortOpen());
+    f.serial.GoneAfter(4);
+    f.prompts.Expect();
+    QCOMPARE(AskBeforeMessages(f.comm), std::optional<QString>());
+    QCOMPARE(f.prompts.Shown().constLast(), gone);
+  }
+
+  void Transmits() {
+    TransferFixture f;
+    f.Acknowledge(qx32);
+    QCOMPARE(SizeTransfer(f.comm).Tr_Siz(f.Monitor()), TransferEnd::Done);
+    const QByteArray& out = f.serial.Written;
+    const QByteArray begin = "?M\x8C\r?FW\xDC\r" + Frames({"0000", "0000000000", "F01",
+                                                           "C 01\"OLD\"", " 010 020", "F02"});
+    QVERIFY(out.startsWith(begin));
+    QVERIFY(out.endsWith(Frames({"F22", "END"})));
+    QVERIFY(!f.serial.PortOpen() && !f.comm.Busy);
+    QCOMPARE(f.settings.JobCode, u"?FW"_qs);
+    QCOMPARE(f.settings.CurrentFile, u"press.CAM"_qs);
+  }
+
+  void SendsNothing_data() {
+    QTest::addColumn<bool>("holding");
+    QTest::addColumn<QByteArray>("identity");
+    QTest::addColumn<int>("end");
+    QTest::newRow("no CTS") << false << qx32 << int(TransferEnd::PortError);
+    QTest::newRow("no answer") << true << QByteArray() << int(TransferEnd::Cancelled);
+    QTest::newRow("another") << true << QByteArray("24 22 255  NIRA\r")
+                             << int(TransferEnd::NotIdentified);
+  }
+
+  void SendsNothing() {
+    QFETCH(QByteArray, identity);
+    QFETCH(int, end);
+    TransferFixture f;
+    f.serial.Holding = QTest::currentDataTag() != QByteArray("no CTS");
+    f.prompts.AnswerEverything(false);
+    f.Identify({identity});
+    SizeTransfer transfer(f.comm);
+    const auto monitor = [] {
+      QTest::qFail("the monitor ran", __FILE__, __LINE__);
+      return TransferEnd::Done;
+    };
+    QCOMPARE(int(transfer.Tr_Siz(monitor)), end);
+    QCOMPARE(int(transfer.Rc_Siz(monitor)), end);
+    QVERIFY(!f.serial.PortOpen());
+    QCOMPARE(ContentOf(f.program), u"1.1: 10-20; 1 = OLD"_qs);
+  }
+
+  void SmallerProgrammer_data() {
+    QTest::addColumn<QString>("used");
+    QTest::addColumn<bool>("asked");
+    QTest::newRow("nothing above") << QString() << false;
+    QTest::newRow("phase of cam 17") << u"phase"_qs << true;
+    QTest::newRow("description of cam 32") << u"text"_qs << true;
+    QTest::newRow("advance of cam 17") << u"advance"_qs << true;
+    QTest::newRow("advances off") << u"off"_qs << false;
+    QTest::newRow("delays") << u"delay"_qs << true;
+    QTest::newRow("size 45") << u"size"_qs << true;
+  }
+
+  void SmallerProgrammer() {
+    QFETCH(QString, used);
+    QFETCH(bool, asked);
+    for (const Answer answer : {Answer::Cancel, Answer::Ok}) {
+      TransferFixture f;
+      f.program.SetLimits(50, 32, 255);
+      FunctionsBlock functions;
+      functions.AdvanceLast = 20;
+      functions.AdvanceOn = used == u"advance";
+      functions.CamFunc[16] = used == u"advance" || used == u"off" ? 9 : 0;
+      functions.DelayOn = used == u"delay";
+      f.program.SetFunctions(functions);
+      if (used == u"phase") f.program.SetRow(44, 16, RowOf(u"1-2"_qs));
+      if (used == u"size") f.program.SetRow(45, 0, RowOf(u"1-2"_qs));
+      if (used == u"text") f.program.SetCamText(31, u"LAST"_qs);
+      f.program.SelectSize(50);
+      f.program.SelectCam(31);
+      const QString content = ContentOf(f.program);
+      const auto revision = f.program.Revision();
+      f.Acknowledge(qx16);
+      if (asked) f.prompts.Expect(answer);
+      const bool goesOn = !asked || answer == Answer::Ok;
+      QCOMPARE(SizeTransfer(f.comm).Tr_Siz(f.Monitor()),
+               goesOn ? TransferEnd::Done : TransferEnd::Cancelled);
+      QCOMPARE(f.prompts.Shown(), asked
+                                      ? QStringList(cut + u"32 cams, 50 sizes -> 16 cams, 44 sizes")
+                                      : QStringList());
+      QCOMPARE(f.Limits(), goesOn ? u"16 44 180"_qs : u"32 50 255"_qs);
+      QCOMPARE(f.serial.Written.contains("?FW"), goesOn);
+      QCOMPARE(f.settings.CurrentFile, asked && goesOn ? QString() : u"press.CAM"_qs);
+      QVERIFY(!f.serial.PortOpen());
+      if (goesOn) continue;
+      QCOMPARE(ContentOf(f.program), content);
+      QCOMPARE(f.program.Revision(), revision);
+      QCOMPARE(f.program.Functions(), functions);
+      QCOMPARE(f.program.CurrentSize() * 100 + f.program.CurrentCam(), 5031);
+    }
+  }
+
+  void RejectedProgrammerCuts() {
+    TransferFixture f;
+    f.program.SetCamText(31, u"LAST"_qs);
+    f.Identify({"16 89 255  NIRA\r"});
+    f.prompts.Expect();
+    QCOMPARE(SizeTransfer(f.comm).Tr_Siz(f.Monitor()), TransferEnd::NotIdentified);
+    QCOMPARE(f.Limits(), u"16 22 255"_qs);
+    QCOMPARE(f.settings.CurrentFile, QString());
+  }
+
+  void Receives() {
+    TransferFixture f;
+    f.Receive(reception);
+    QCOMPARE(SizeTransfer(f.comm).Rc_Siz(f.Monitor()), TransferEnd::Done);
+    QCOMPARE(ContentOf(f.program), u"2.3: 0-10 350-360; 3 = NEW"_qs);
+    const FunctionsBlock& functions = f.program.Functions();
+    QCOMPARE(functions.AdvanceOn * 100 + functions.AdvanceLast * 10 + functions.CamFunc[1], 118);
+    QCOMPARE(functions.OutputSize * 10000 + functions.EncoderShift, 30100);
+    QCOMPARE(functions.SpeedLimit, std::int16_t(1000));
+    QCOMPARE(f.program.CurrentSize() * 100 + f.program.CurrentCam(), 100);
+    QVERIFY(!f.program.IsSaved && !f.serial.PortOpen());
+    QCOMPARE(f.settings.CurrentFile, u"press.CAM"_qs);
+    QCOMPARE(f.program.MessageText(7), u"STAYS"_qs);
+    QCOMPARE(f.serial.Written, "?M\x8C\r?FR\xD7\r" + QByteArray(8, '\x06'));
+  }
+
+  void AsksAboutUnsavedWork() {
+    TransferFixture f;
+    f.program.IsSaved = false;
+    f.Receive(reception);
+    f.prompts.Expect(Answer::Cancel);
+    QCOMPARE(SizeTransfer(f.comm).Rc_Siz(f.Monitor()), TransferEnd::Cancelled);
+    QVERIFY(f.serial.Log.isEmpty());
+    f.prompts.Expect(Answer::Ok);
+    QCOMPARE(SizeTransfer(f.comm).Rc_Siz(f.Monitor()), TransferEnd::Done);
+    QCOMPARE(f.prompts.Shown().constFirst(),
+             u"Exclamation OkCancel: THE CAM PROGRAM HAS NOT BEEN SAVED !"_qs);
+  }
+
+  void BadReceptions_data() {
+    QTest::addColumn<QByteArray>("records");
+    QTest::addColumn<QString>("told");
+    const auto row = [](const char* name, const QByteArray& records, const QString& told) {
+      QTest::newRow(name) << records << told;
+    };
+    const auto bad = [](const QString& line) -> QString {
+      return u"Exclamation Ok: " + line + u" INVALID FILE OR SIZE !";
+    };
+    const QString timeout = u"None Ok: TIMEOUT SERIAL PORT "_qs;
+    row("no header", "0 0 0 0|FORMATO N. 01|END", bad(u"0 0 0 0"_qs));
+    row("other cams", "FUNZIONI 16-44|END", u"None Ok: WRONG DSP  C.16"_qs);
+    row("no dash", "FUNZIONI 32|END", u"None Ok: WRONG DSP  C."_qs);
+    row("blank before the dash", "FUNZIONI 32 -22|END", u"None Ok: WRONG DSP  C.2 "_qs);
+    row("bad functions", "FUNZIONI 32-22|1 0 0 0|XX|FORMATO N. 01|END", bad(u"XX"_qs));
+    row("no size", "FUNZIONI 32-22|0 0 0 0|END", bad(u"END"_qs));
+    row("size above", "FUNZIONI 32-22|FORMATO N. 23|C 01| 001 002|END", bad(u" 001 002"_qs));
+    row("cam above", "FUNZIONI 32-22|FORMATO N. 01|C 33| 001 002|END", bad(u" 001 002"_qs));
+    row("phase without cam", "FUNZIONI 32-22|FORMATO N. 01| 001 002|END", bad(u" 001 002"_qs));
+    row("degree above", "FUNZIONI 32-22|FORMATO N. 01|C 01| 001 360|END", bad(u" 001 360"_qs));
+    row("cut", "FUNZIONI 32-22|0 0 0 0|FORMATO N. 01|C 01", timeout);
+    row("nothing", "", timeout);
+  }
+
+  void BadReceptions() {
+    QFETCH(QByteArray, records);
+    TransferFixture f;
+    f.prompts.Expect();
+    f.Receive(records);
+    QVERIFY(SizeTransfer(f.comm).Rc_Siz(f.Monitor()) != TransferEnd::Done);
+    QTEST(f.prompts.Shown().join(u'|'), "told");
+    QCOMPARE(ContentOf(f.program), u"1.1: 10-20; 1 = OLD"_qs);
+    QCOMPARE(f.program.CurrentSize() * 100 + f.program.CurrentCam(), 204);
+    QVERIFY(f.program.IsSaved && !f.serial.PortOpen());
+  }
+
+  void PortGone() {
+    for (int operation = 0;; ++operation) {
+      TransferFixture f;
+      f.Receive(reception);
+      f.serial.GoneAfter(operation);
+      f.prompts.AnswerEverything(true);
+      const TransferEnd end = SizeTransfer(f.comm).Rc_Siz(f.Monitor());
+      if (!f.serial.Gone) break;
+      QCOMPARE(end, TransferEnd::PortError);
+      QCOMPARE(f.prompts.Shown(), QStringList(gone));
+      QCOMPARE(ContentOf(f.program), u"1.1: 10-20; 1 = OLD"_qs);
+      QVERIFY(!f.comm.Busy && !f.serial.PortOpen());
+    }
+  }
+};
+
+}  // namespace nira
+
+QTEST_APPLESS_MAIN(nira::SizeTransferTest)
+#include "SizeTransferTest.moc"

@@ -1,0 +1,259 @@
+#include "comm/TransferJobs.h"
+#include "support/CommFixture.h"
+
+#include <QDir>
+#include <QTest>
+
+namespace nira {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString timeout = u"None Ok: TIMEOUT SERIAL PORT "_qs;
+const QString gone = u"Critical Ok: [Errore su COM1] Errore 8020 generato da MsComm1\rgone"_qs;
+const QByteArray messages =
+    "N. 001 \"A\r\r\nN. 002\r\n\r\nX. 255 say \"B\" now\"\r\nEND\r\nN. 009\r\n";
+const QByteArrayList received = {"FUNZIONI 16-02", "0",        "0100000000", "FORMATO N. 01",
+                                 "C 01\"UP\"",     " 010 020", "END"};
+constexpr TransferEnd done = TransferEnd::Done;
+
+QByteArrayList FramesOf(const QByteArrayList& records) {
+  QByteArrayList frames;
+  for (const QByteArray& record : records) frames.append(Frame(record));
+  return frames;
+}
+
+/// Two sizes of 16 cams with phases in both and a description.
+struct JobFixture : CommFixture {
+  JobFixture() {
+    program.SetLimits(2, 16, 255);
+    program.SetRow(1, 0, RowOf(u"0-5 10-20 350-360"_qs));
+    program.SetRow(2, 0, RowOf(u"1-2"_qs));
+    program.SetRow(2, 15, RowOf(u"359-360"_qs));
+    program.SetCamText(0, u"UP"_qs);
+    program.SetCamText(1, u"NO PHASE"_qs);
+  }
+
+  /// What the log says after the opening, up to the first frame.
+  QString Beginning() const {
+    const qsizetype first = serial.Log.indexOf(u"handshake 2"_qs) + 1;
+    return serial.Log.mid(first, 6).join(u'|');
+  }
+};
+
+}  // namespace
+
+/// The four jobs, byte by byte, and what ends them early.
+class TransferJobsTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void SendsSizes() {
+    JobFixture f;
+    f.Acknowledge();
+    QCOMPARE(f.Run("?FW"), done);
+    QCOMPARE(f.serial.Written,
+             "?FW\xDC\r" + Frames({"0", "0000000000", "F01", "C 01\"UP\"", " 010 020", " 350 005",
+                                   "F02", "C 01", " 001 002", "C 16", " 359 000", "END"}));
+    QCOMPARE(f.Beginning(),
+             u"discard input|handshake 0|length 0|out 3f 46 57 dc 0d|pause 50"
+             u"|discard input"_qs);
+    QCOMPARE(f.serial.Log.count(u"pause 10"_qs), 2);  // after each size header
+    QCOMPARE(f.report.Shown.join(u'|'),
+             u"NIRA QX-16   360|0|1 TRASMISSIONE IN CORSO"
+             u"|2 SIZE N. 1|50|2 SIZE N. 2|100"_qs);
+  }
+
+  void SendsOnAfterSilence() {
+    JobFixture f;
+    f.prompts.AnswerEverything(true);
+    f.serial.Device = [&f](const QByteArray& out) {
+      if (out != Frame("F01") && out.startsWith('\x02')) f.serial.Send("\x06");
+    };
+    QCOMPARE(f.Run("?FW"), TransferEnd::TimedOut);
+    QCOMPARE(f.prompts.Shown(), QStringList(timeout));
+    QVERIFY(f.serial.Written.endsWith(Frame("END")));
+  }
+
+  void ReceivesSizes() {
+    JobFixture f;
+    QVERIFY(WriteBytes(f.Path(u"_._"_qs), "stale"));
+    f.Play(FramesOf(received));
+    QCOMPARE(f.Run("?FR"), done);
+    QCOMPARE(f.serial.Written, "?FR\xD7\r" + QByteArray(7, '\x06'));
+    QCOMPARE(f.WorkBytes(), received.join("\r\n") + "\r\n");
+    QCOMPARE(f.Beginning(),
+             u"discard input|discard input|handshake 0|length 1"
+             u"|out 3f 46 52 d7 0d|pause 50"_qs);
+    QCOMPARE(f.report.Shown.join(u'|'),
+             u"NIRA QX-16   360|0|1 RICEZIONE IN CORSO"
+             u"|2 RECEIVING FORMATO N. 01|50"_qs);
+  }
+
+  void ReceptionBreaksOff_data() {
+    QTest::addColumn<QByteArrayList>("pieces");
+    QTest::addColumn<QByteArray>("file");
+    const QByteArray first = Frame("FUNZIONI 16-02");
+    QTest::newRow("silence") << QByteArrayList{} << QByteArray();
+    QTest::newRow("silence later") << QByteArrayList{first} << QByteArray("FUNZIONI 16-02\r\n");
+    QTest::newRow("bad checksum") << QByteArrayList{first, Frame("END").chopped(1) + '!'}
+                                  << QByteArray("FUNZIONI 16-02\r\n");
+    QTest::newRow("1 MB") << QByteArrayList{Frame(QByteArray(1 << 20, 'x'))} << QByteArray();
+    QTest::newRow("two lines in a record")
+        << QByteArrayList{first, Frame("0\nEND")} << QByteArray("FUNZIONI 16-02\r\n");
+  }
+
+  void ReceptionBreaksOff() {
+    QFETCH(QByteArrayList, pieces);
+    JobFixture f;
+    f.prompts.Expect();
+    f.Play(pieces);
+    QCOMPARE(f.Run("?FR"), TransferEnd::TimedOut);
+    QTEST(f.WorkBytes(), "file");
+    QCOMPARE(f.prompts.Shown(), QStringList(timeout));
+    QVERIFY(!f.serial.PortOpen());
+  }
+
+  void ReceptionWithoutEnd() {
+    JobFixture f;
+    f.prompts.Expect();
+    const QByteArray frame = Frame(QByteArray(4000, 'x'));
+    f.serial.Device = [&f, &frame](const QByteArray&) { f.serial.Send(frame); };
+    QCOMPARE(f.Run("?FR"), TransferEnd::TimedOut);
+    QVERIFY(f.WorkBytes().size() > (7 << 20) && f.WorkBytes().size() <= WorkFile::MostBytes);
+    QVERIFY(f.serial.MostWaiting < 10000);
+  }
+
+  void SendsMessages() {
+    JobFixture f;
+    QVERIFY(WriteBytes(f.Path(u"press.msg"_qs), messages));
+    QCOMPARE(f.Run("?AW", u"press.msg"_qs), done);
+    QCOMPARE(f.serial.Written, QByteArray("?AW\xD7\rN001\"A\"\rN002\"\"\rN000\"\"\r"
+                                          "N255\"B\" now\"\rEND\r"));
+    QCOMPARE(f.Beginning().section(u'|', 0, 2), u"discard input|out 3f 41 57 d7 0d|pause 50"_qs);
+    QCOMPARE(f.serial.Log.mid(f.serial.Log.size() - 2).join(u'|'), u"pause 10|out 45 4e 44 0d"_qs);
+    QCOMPARE(f.report.Shown.join(u'|'),
+             u"NIRA QX-16   360|0|1 TRANSMITTING ALARM MESSAGES|2 |100"_qs);
+  }
+
+  void RefusesMessageFiles_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QByteArray>("written");
+    const QByteArray whole = "?AW\xD7\rN001\"A\"\rEND\r";
+    QTest::newRow("empty") << QByteArray() << QByteArray();
+    QTest::newRow("no message first") << QByteArray("END\r\nN. 001\r\n") << QByteArray();
+    QTest::newRow("endless first line") << QByteArray(70000, 'N') << QByteArray();
+    QTest::newRow("endless line later") << "N. 001 \"A\"\r\n" + QByteArray(70000, 'N') << whole;
+  }
+
+  void RefusesMessageFiles() {
+    QFETCH(QByteArray, bytes);
+    JobFixture f;
+    QVERIFY(WriteBytes(f.Path(u"press.msg"_qs), bytes));
+    f.prompts.Expect();
+    QCOMPARE(f.Run("?AW", u"press.msg"_qs), TransferEnd::BadFile);
+    QCOMPARE(f.prompts.Shown(), QStringList(u"Critical Ok:  INVALID FILE OR SIZE !"_qs));
+    QTEST(f.serial.Written, "written");
+  }
+
+  void ReceivesMessages() {
+    JobFixture f;
+    const QString path = f.Path(u"press.msg"_qs);
+    QVERIFY(WriteBytes(path, "before"));
+    f.program.SetLimits(2, 16, 100);
+    const QByteArrayList pieces = {Frame("N 007\"A\""), Frame("bad").chopped(1) + '!',
+                                   Frame("N 250\"BEN 9\""), Frame("END")};
+    f.Play(pieces);
+    QCOMPARE(f.Run("?AR", u"press.msg"_qs), done);
+    QCOMPARE(f.serial.Written, "?AR\xD2\r" + QByteArray(4, '\x06'));
+    QCOMPARE(f.Beginning(),
+             u"discard input|discard input|handshake 0|length 1"
+             u"|out 3f 41 52 d2 0d|pause 10"_qs);
+    QCOMPARE(f.report.Shown.join(u'|'),
+             u"NIRA QX-16   360|0|1 RECEIVING ALARM MESSAGES|2 RECEIVING 007|7"
+             u"|2 RECEIVING 250|100"_qs);
+    QCOMPARE(ReadBytes(path + u".bak"), QByteArray("before"));
+  }
+
+  void MessagesWaitForTheirEnd() {
+    JobFixture f;
+    f.serial.Device = [&f](const QByteArray& out) {
+      if (out.startsWith('?')) f.serial.Send(Frame("END").chopped(1) + '!', 4000);
+      if (out.startsWith('\x06')) f.serial.Send(Frame("END"), 7000);
+    };
+    QCOMPARE(f.Run("?AR", u"~.~"_qs), done);
+    QCOMPARE(ReadBytes(f.Path(u"~.~"_qs)), QByteArray("\r\n\r\n\r\n\r\nEND\r\n"));
+    QVERIFY(!QFile::exists(f.Path(u"~.~.bak"_qs)));
+  }
+
+  void FilesThatCannotBe_data() {
+    QTest::addColumn<QByteArray>("code");
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("told");
+    QTest::newRow("sizes") << QByteArray("?FR") << u"_._"_qs << u"CANNOT WRITE THE FILE"_qs;
+    QTest::newRow("messages") << QByteArray("?AR") << u"new.msg"_qs << u"CANNOT WRITE THE FILE"_qs;
+    QTest::newRow("nowhere") << QByteArray("?AR") << u"gone/new.msg"_qs
+                             << u"CANNOT WRITE THE FILE"_qs;
+    QTest::newRow("no name") << QByteArray("?AR") << QString() << u"CANNOT WRITE THE FILE"_qs;
+    QTest::newRow("unreadable") << QByteArray("?AW") << u"old.msg"_qs << u"CANNOT READ THE FILE"_qs;
+  }
+
+  void FilesThatCannotBe() {
+    QFETCH(QByteArray, code);
+    QFETCH(QString, file);
+    QFETCH(QString, told);
+    JobFixture f;
+    if (!file.contains(u'/')) QVERIFY(QDir().mkpath(f.Path(file) + u"/inside"));
+    f.prompts.Expect();
+    QCOMPARE(f.Run(code.constData(), file), TransferEnd::NoFile);
+    QCOMPARE(f.serial.Written, QByteArray());
+    QVERIFY(f.prompts.Shown().constFirst().startsWith(u"Critical Ok: " + told + u'\n'));
+  }
+
+  void PortGone_data() {
+    QTest::addColumn<QByteArray>("code");
+    for (const char* code : {"?FW", "?FR", "?AW", "?AR"}) QTest::newRow(code) << QByteArray(code);
+  }
+
+  /// Whatever operation meets it, the job ends with the platform's error, and the next one runs.
+  void PortGone() {
+    QFETCH(QByteArray, code);
+    bool whole = false;
+    for (int operation = 0; !whole; ++operation) {
+      JobFixture f;
+      QVERIFY(WriteBytes(f.Path(u"~.~"_qs), messages));
+      const auto device = [&f, &code] {
+        if (code == "?FW") f.Acknowledge();
+        if (code.endsWith('R')) f.Play(FramesOf(received));
+      };
+      device();
+      f.serial.GoneAfter(operation);
+      f.prompts.AnswerEverything(true);
+      const TransferEnd end = f.Run(code.constData(), u"~.~"_qs);
+      whole = !f.serial.Gone;
+      QVERIFY(!whole || operation > 5);
+      QCOMPARE(end, whole ? done : TransferEnd::PortError);
+      QCOMPARE(f.prompts.Shown(), whole ? QStringList() : QStringList(gone));
+      QCOMPARE(f.settings.PortErrorFlag, whole ? 0 : 8020);
+      if (whole) break;
+      device();
+      QVERIFY(WriteBytes(f.Path(u"~.~"_qs), messages));
+      QCOMPARE(f.Run(code.constData(), u"~.~"_qs), done);
+    }
+  }
+
+  void NothingToDo() {
+    JobFixture f;
+    QCOMPARE(f.Run("?XX"), done);
+    f.serial.PortOpen(false);
+    f.serial.Holding = false;
+    QCOMPARE(f.Run("?FW"), TransferEnd::PortError);
+    QCOMPARE(f.serial.Written, QByteArray());
+  }
+};
+
+}  // namespace nira
+
+QTEST_APPLESS_MAIN(nira::TransferJobsTest)
+#include "TransferJobsTest.moc"
