@@ -30,18 +30,22 @@ class Arguments {
   bool Has(const char* option) const { return options_.contains(QString::fromLatin1(option)); }
   /// The value of an option of kind Number; none when it was not given.
   std::optional<int> Number(const char* option) const;
-  /// The value of an option of kind Text; empty when it was not given.
-  QString Text(const char* option) const { return options_.value(QString::fromLatin1(option)); }
+  /// The last value of an option of kind Text; empty when it was not given.
+  QString Text(const char* option) const { return Texts(option).value(Texts(option).size() - 1); }
+  /// The values of an option that was given several times, in their order.
+  QStringList Texts(const char* option) const {
+    return options_.value(QString::fromLatin1(option));
+  }
 
   /// Why the number of an option is not within 1..`most`; empty when it is, or when none was given.
   QString OutOfRange(const char* option, int most) const;
 
   void SetOption(const char* option, const QString& value) {
-    options_.insert(QString::fromLatin1(option), value);
+    options_[QString::fromLatin1(option)].append(value);
   }
 
  private:
-  QHash<QString, QString> options_;
+  QHash<QString, QStringList> options_;
 };
 
 }  // namespace nira

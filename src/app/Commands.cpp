@@ -10,7 +10,8 @@ const std::vector<Command>& AllCommands() {
       RewriteCommand(),    //
       EditCommand(),       //
       PrintCommand(),      //
-      MessagesCommand(),
+      MessagesCommand(),   //
+      SimulateCommand(),
   };
   return commands;
 }

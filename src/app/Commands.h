@@ -12,6 +12,7 @@ Command RewriteCommand();
 Command EditCommand();
 Command PrintCommand();
 Command MessagesCommand();
+Command SimulateCommand();
 
 /// All commands, in the order in which the usage shows them.
 const std::vector<Command>& AllCommands();

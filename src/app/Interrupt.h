@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QObject>
+#include <QSocketNotifier>
+
+namespace nira {
+
+/// The operator's or the system's wish that the program ends (Ctrl+C, SIGTERM, SIGHUP), as a signal
+/// of the event loop instead of an end on the spot. One at a time.
+class Interrupt : public QObject {
+  Q_OBJECT
+
+ public:
+  Interrupt();
+  ~Interrupt() override;
+
+ Q_SIGNALS:
+  void Caught();
+
+ private:
+  QSocketNotifier told_{QSocketNotifier::Read};
+};
+
+}  // namespace nira

@@ -1,0 +1,17 @@
+#include "simulator/Exchange.h"
+
+namespace nira {
+
+bool Exchange::TakeByte(char /*byte*/, Instant /*at*/) {
+  return false;
+}
+
+void Exchange::TakeLine(std::string_view /*line*/, Instant /*at*/) {}
+
+std::optional<Instant> Exchange::NextAction() const {
+  return std::nullopt;
+}
+
+void Exchange::Act(Instant /*at*/) {}
+
+}  // namespace nira

@@ -1,0 +1,226 @@
+#include "files/CamLines.h"
+#include "simulator/DeviceFrame.h"
+#include "simulator/FrameSending.h"
+#include "simulator/SizeSending.h"
+#include "support/DeviceFixture.h"
+#include "support/Rows.h"
+
+#include <QTest>
+
+#include <random>
+
+namespace nira {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QByteArray identity = "32 22 255  NIRA QX32-22F V1.00        0360  001 0100\r\n";
+
+/// Functions, one size with a text, one without.
+ProgrammerState SmallState(int cams) {
+  ProgrammerState state(cams, 2, 2);
+  state.Functions = {1, 1, 1, 0, 12, 100, 4, 5, 5, 90, 1, 2000, 2, {5, 0, 210}};
+  state.SetCamText(0, "Press");
+  for (const int size : {1, 2}) state.SwitchOn(size, 0, 350, 5);
+  state.SwitchOn(1, 0, 10, 20);
+  state.SwitchOn(2, 2, 0, 359);
+  return state;
+}
+
+}  // namespace
+
+/// What the programmer answers, byte for byte.
+class ProgrammerTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void Identity() {
+    DeviceFixture f;
+    QCOMPARE(f.Say(identify), identity);
+    QCOMPARE(f.Say("?M\x8D\r"), QByteArray());  // wrong checksum
+    QCOMPARE(f.Say("?X\x97\r"), QByteArray());
+    QCOMPARE(f.Say("\x6\xFF?" + identify), identity);
+    QCOMPARE(DeviceFixture(ProgrammerState(16, 44, 180)).Say(identify).left(28),
+             QByteArray("16 44 180  NIRA QX16-44F V1."));
+    QCOMPARE(DeviceFixture(ProgrammerState(), {u"model=24,7,99"_qs}).Say(identify).left(28),
+             QByteArray("24 07 099  NIRA QX24-07F V1."));
+  }
+
+  void SizesIn() {
+    DeviceFixture f(SmallState(32));
+    QCOMPARE(f.Say(sendSizes), QByteArray());
+    for (const QByteArray& frame :
+         {Frame("1110", '"'), Frame("0205D2", 'r'), Frame("0C64", 'r'), Frame("4", '7'),
+          Frame("0509012000", ','), Frame("F01", 'D'), Frame("C 03", 'c'), Frame(" 010 020", ' '),
+          Frame(" 350 005", ' '), Frame("F02", 'G'), Frame("END", 'L'), Frame("END", 'L')}) {
+      QCOMPARE(f.Say(frame), QByteArray("\6"));
+    }
+    const ProgrammerState& state = f.device.State;
+    QCOMPARE(state.Functions.CamFunc[1], std::uint8_t{210});
+    QCOMPARE(RunsOf(state.Row(1, 0)), QString());
+    QCOMPARE(RunsOf(state.Row(1, 2)), u"0-5 10-20 350-360"_qs);
+    QCOMPARE(RunsOf(state.Row(2, 2)), QString());
+    QCOMPARE(state.CamText(0), std::string());
+  }
+
+  void FramesThatAreNotTaken() {
+    DeviceFixture f;
+    QCOMPARE(f.Say(sendSizes + Frame("F01", 'D') + Frame("C 01", 'a') + Frame("C 02", 'x')),
+             QByteArray("\6\6\x15"));
+    QCOMPARE(f.Say(Frame(" 010 020", '!')), QByteArray("\x15"));
+    QCOMPARE(f.Say(Frame(" 010 020", ' ')), QByteArray("\6"));
+    QCOMPARE(f.Say("\2 350" + Frame(" 350 005", ' ')), QByteArray("\6"));  // broken off, begun anew
+    QCOMPARE(f.Say("\2 100"), QByteArray());
+    f.Listen(DeviceFrameReader::MaxGap);
+    QCOMPARE(f.Say(identify), identity);  // broken off for good
+    QCOMPARE(RunsOf(f.device.State.Row(1, 0)), u"0-5 10-20 350-360"_qs);
+    QCOMPARE(f.Say(Frame("F01", 'D')), QByteArray());  // no job any more
+  }
+
+  void Functions_data() {
+    using Records = QList<QByteArray>;
+    QTest::addColumn<int>("cams");
+    QTest::addColumn<Records>("records");
+    QTest::addColumn<QByteArray>("read");  // flags, last index, delays, ratio and the rest
+    const QByteArray scalars = "0509012000";
+    const QByteArray old = "1110 2 12 100 4 5 90 1 2000";
+    const auto row = [&](const char* name, int cams, const Records& records, const char* read) {
+      QTest::newRow(name) << cams << records << (*read == '-' ? old : QByteArray(read));
+    };
+    row("all off", 32, {"0000", scalars}, "0000 0 0 0 0 5 90 1 2000");
+    row("delays alone", 32, {"0100", "0C64", scalars}, "0100 0 12 100 0 5 90 1 2000");
+    row("delays like flags", 32, {"0100", "0100", scalars}, "0100 0 1 0 0 5 90 1 2000");
+    row("flags twice", 32, {"0100", "0100", "0C64", scalars}, "0100 0 12 100 0 5 90 1 2000");
+    row("all twice", 32, {"0011", "0011", "9", "9", scalars, scalars}, "0011 0 0 0 9 5 90 1 2000");
+    row("long direction", 32, {"0000", "01002123456"}, "0000 0 0 0 0 1 2 12 3456");
+    row("index", 16, {"0", scalars}, "0000 0 0 0 0 5 90 1 2000");
+    row("entries", 16, {"020A0B", scalars}, "1000 1 0 0 0 5 90 1 2000");
+    row("too many entries", 16, {"17" + QByteArray(34, '0'), scalars}, "-");
+    row("entries missing", 16, {"020A", scalars}, "-");
+    row("no digits", 32, {"1000", "01-1", scalars}, "-");
+    row("no flags", 32, {"0509012000"}, "-");
+    row("one too many", 32, {"0000", scalars, "x"}, "-");
+    row("nothing", 32, {}, "-");
+  }
+
+  void Functions() {
+    QFETCH(int, cams);
+    QFETCH(QList<QByteArray>, records);
+    QFETCH(QByteArray, read);
+    DeviceFixture f(SmallState(cams));
+    f.Say(sendSizes);
+    for (const QByteArray& record : records) {
+      QCOMPARE(f.Say(QByteArray::fromStdString(DeviceFrame(record.toStdString()))),
+               QByteArray("\6"));
+    }
+    f.Say(Frame("F01", 'D'));
+    const FunctionsBlock& b = f.device.State.Functions;
+    QByteArray now;
+    for (const int flag : {b.AdvanceOn, b.DelayOn, b.Ratio25On, b.Ratio17On}) {
+      now += QByteArray::number(flag);
+    }
+    for (const int value :
+         {int{b.AdvanceLast}, int{b.Delay17to20}, int{b.Delay21to24}, int{b.Ratio25to32},
+          int{b.OutputSize}, int{b.EncoderShift}, int{b.RotationSense}, int{b.SpeedLimit}}) {
+      now += ' ' + QByteArray::number(value);
+    }
+    QCOMPARE(now, read);
+  }
+
+  void SizesOut() {
+    const QByteArray sizes =
+        Frame("FORMATO N. 01", '.') + Frame("C 01\"Press\"", '&') + Frame(" 010 020", ' ') +
+        Frame(" 350 005", ' ') + Frame("FORMATO N. 02", '-') + Frame("C 01", 'a') +
+        Frame(" 350 005", ' ') + Frame("C 03", 'c') + Frame(" 000 359", ',') + Frame("END", 'L');
+    const QByteArray scalars = Frame("0509012000", ',');
+    QCOMPARE(DeviceFixture(SmallState(32)).Collect(receiveSizes),
+             Frame("FUNZIONI 32-02", '+') + Frame("1 1 1 0 ", '"') + Frame("030500D2", 's') +
+                 Frame("0C64", 'r') + Frame("4", '7') + scalars + sizes);
+    QCOMPARE(DeviceFixture(SmallState(16)).Collect(receiveSizes),
+             Frame("FUNZIONI 16-02", '-') + Frame("030500D2", 's') + scalars + sizes);
+    ProgrammerState bare = SmallState(16);
+    bare.Functions.AdvanceLast = 0;
+    QVERIFY(
+        DeviceFixture(bare).Collect(receiveSizes).contains(QByteArray(Frame("0", '3') + scalars)));
+  }
+
+  /// The device walks a row by itself: its lines are those that the tool writes for the same row.
+  void LinesAreTheTools() {
+    std::mt19937 random(11);
+    CamProgram program;
+    program.SetLimits(40, 1, 255);
+    for (int size = 1; size <= program.NumSizes(); ++size) {
+      CamRow row{};
+      std::uint8_t on = random() % 2;
+      for (auto& cell : row) cell = random() % (size * 4U) == 0 ? on ^= 1 : on;
+      program.SetRow(size, 0, row);
+    }
+    program.SetRow(40, 0, RowOf(u"0-360"_qs));
+    ProgrammerState state(1, 40, 255);
+    state.Load(program);
+    std::vector<std::string> expected;
+    for (int size = 1; size <= program.NumSizes(); ++size) {
+      expected.push_back("FORMATO N. " +
+                         QByteArray::number(size).rightJustified(2, '0').toStdString());
+      BuildCamLines(program, size, 0, true);
+      for (auto line = program.LineBuffer.begin(); !line->empty(); ++line)
+        expected.push_back(*line);
+    }
+    expected.emplace_back("END");
+    std::vector<std::string> records = SizeRecords(state);
+    records.erase(records.begin(), records.begin() + 3);  // header and functions
+    QCOMPARE(records, expected);
+  }
+
+  /// Without an ACK the next frame follows in the end, and after three of them none.
+  void NobodyAcknowledges() {
+    DeviceFixture f(SmallState(32));
+    QCOMPARE(f.Say(receiveSizes), Frame("FUNZIONI 32-02", '+'));
+    QCOMPARE(f.Listen(FrameSending::AckWait), Frame("1 1 1 0 ", '"'));
+    QCOMPARE(f.Say("\6"), Frame("030500D2", 's'));
+    QCOMPARE(f.Listen(std::chrono::minutes(1)), Frame("0C64", 'r') + Frame("4", '7'));
+    QCOMPARE(f.Say("\6"), QByteArray());
+    QCOMPARE(f.Say(receiveSizes), Frame("FUNZIONI 32-02", '+'));
+  }
+
+  void Messages() {
+    DeviceFixture f(SmallState(32));
+    const QByteArray full(40, 'x');
+    QCOMPARE(f.Say(sendMessages + "N002\"HOT\"\rN001\"" + full + "yz\"\rN003\"no\"\r"),
+             QByteArray());
+    QCOMPARE(f.device.State.Message(1), full.toStdString());
+    f.Say("N001\"\"\rN002x\rNx02\"a\"\rN002\rN00\rEND\rN002\"late\"\r");
+    QCOMPARE(f.Collect(receiveMessages),
+             Frame("N 001\"\"", '\\') + Frame("N 002\"HOT\"", ',') + Frame("END", 'L'));
+  }
+
+  void Firmware() {
+    DeviceFixture f;
+    QCOMPARE(f.Say(updateFirmware), QByteArray("\6"));
+    for (const char* bad :
+         {":0200000041423C\r", ":020000004142\r", ":03000000414279\r", ":0200000041427\r",
+          ":02000000414G7B\r", "02000000414200\r", ":\r", ":020000014142\r"}) {
+      QCOMPARE(f.Say(bad), QByteArray("\x15"));
+    }
+    // Plain data, data at the end of a segment, and in another 64 KiB, then the end.
+    for (const char* good :
+         {":0200000041427B\r", ":020000021000EC\r", ":02FFFF00aabb9b\r\n", ":020000040001F9\r",
+          ":01001000FFF0\r", ":0400000512345678E3\r", ":00000001FF\r", ":00000001FF\r"}) {
+      QCOMPARE(f.Say(good), QByteArray("\6"));
+    }
+    const FirmwareImage& image = f.device.State.Firmware;
+    QVERIFY(image.IsComplete());
+    QCOMPARE(image.Bytes(), std::size_t{5});
+    for (const auto& [address, byte] :
+         {std::pair{0U, 0x41}, {1U, 0x42}, {0x1FFFFU, 0xAA}, {0x10000U, 0xBB}, {0x10010U, 0xFF}}) {
+      QCOMPARE(int{image.At(address).value_or(0)}, byte);
+    }
+    QVERIFY(!image.At(0x10011U));
+  }
+};
+
+}  // namespace nira
+
+QTEST_APPLESS_MAIN(nira::ProgrammerTest)
+#include "ProgrammerTest.moc"
