@@ -17,6 +17,7 @@ FocusScrollBar::FocusScrollBar(const char* name, Qt::Orientation orientation)
   setFocusPolicy(Qt::StrongFocus);
   setContextMenuPolicy(Qt::PreventContextMenu);
   if (orientation == Qt::Horizontal) {
+    setInvertedControls(false);  // the bar of a value: Right, Up, PageUp and the wheel up are more
     setFixedHeight(thickness);
     setMinimumWidth(shortest);
   } else {

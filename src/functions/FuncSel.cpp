@@ -116,10 +116,9 @@ void FuncSel::BuildValueEditor() {
   lNcam_ = Named(new QLabel(QStringLiteral("00")), "LNcam");
   lNcam_->setFont(DigitFont(2.8));
   lNcam_->setFixedWidth(QFontMetrics(lNcam_->font()).horizontalAdvance(QStringLiteral("00 - 00 ")));
-  scrVal_ = Named(new ValueScroll(this), "ScrVal");
-  scrVal_->setRange(0, HighestTime);
-  scrVal_->setPageStep(timePage);
-  scrVal_->setMinimumHeight(32);
+  scrVal_ = new ValueScroll("ScrVal");
+  scrVal_->SetRange(0, HighestTime, timePage);
+  scrVal_->setFixedHeight(32);
   tmsec_ = Box("Tmsec", "000", [this](char16_t& code) { return Tmsec_KeyPress(code); });
   tmsec_->setFont(DigitFont(2.2));
   tmsec_->setFixedWidth(QFontMetrics(tmsec_->font()).horizontalAdvance(QStringLiteral("0000")) +
@@ -265,7 +264,7 @@ void FuncSel::Form_Activate() {
   }
   FillConfiguration();
   DrawValueBars();
-  if (columns_->IsInUse(instance_.Program.CurrentCam())) ShowSelection();
+  ShowSelectionInUse();
 }
 
 /// What is in the box of the advance count counts, as it does when the box is left; but on the way
@@ -345,6 +344,7 @@ void FuncSel::ChkRIT_Click() {
   chkRap17_->setEnabled(!chkRit_->isChecked());
   ComputeMaxAdvanceIndex();
   DrawValueBars();
+  ShowSelectionInUse();
 }
 
 void FuncSel::ChkRAP17_Click() {
@@ -353,24 +353,18 @@ void FuncSel::ChkRAP17_Click() {
   chkRit_->setEnabled(!on);
   ComputeMaxAdvanceIndex();
   DrawValueBars();
+  ShowSelectionInUse();
 }
 
 void FuncSel::ChkRAP25_Click() {
   ComputeMaxAdvanceIndex();
   DrawValueBars();
+  ShowSelectionInUse();
 }
 
 void FuncSel::LabCam_Click(int cam) {
   instance_.Program.SelectCam(cam);
   const FunctionValue value = ShownValue(cam, Enabled());
-  ScrollGuard = true;
-  if (value == FunctionValue::Advance) {
-    scrVal_->setMaximum(HighestTime);
-    scrVal_->setPageStep(timePage);
-  } else if (IsRatio(value)) {
-    scrVal_->setMaximum(HighestRatio);
-    scrVal_->setPageStep(ratioPage);
-  }  // a delay is edited in the range that was set last
   ShowSelection();
   if (value == FunctionValue::Advance && FieldOf(Block(), value, cam) > HighestTime) {
     Change([cam](FunctionsBlock& block) {
@@ -378,6 +372,21 @@ void FuncSel::LabCam_Click(int cam) {
     });
   }
   DrawValueBars();
+}
+
+/// A cam without a value of its own leaves the value editor as it is. What the boxes and the count
+/// make of the selected cam decides the range that may be entered.
+void FuncSel::ShowSelectionInUse() {
+  if (columns_->IsInUse(instance_.Program.CurrentCam())) ShowSelection();
+}
+
+void FuncSel::SetRange(FunctionValue value) {
+  ScrollGuard = true;
+  if (value == FunctionValue::Advance) {
+    scrVal_->SetRange(0, HighestTime, timePage);
+  } else if (IsRatio(value)) {
+    scrVal_->SetRange(0, HighestRatio, ratioPage);
+  }  // a delay is edited in the range that was set last
 }
 
 /// The value editor for the selected cam; nothing is stored.
@@ -390,6 +399,7 @@ void FuncSel::ShowSelection() {
   lmsec_->setText(IsRatio(value) ? QStringLiteral("1 /") : QStringLiteral("msec."));
   SpeakOf(lantc_->text() + u' ' + lNcam_->text());
   tmsec_->setText(QString::number(number));
+  SetRange(value);
   SetScroll(number);
 }
 
@@ -426,13 +436,25 @@ bool FuncSel::Tmsec_KeyPress(char16_t code) {
   if (code != DegreeBox::Enter) return NumberBox::IsDigit(code);
   const std::int64_t typed = NumericValue(tmsec_->text());
   if (typed <= scrVal_->maximum()) {
-    ScrollGuard = false;
-    scrVal_->setValue(static_cast<int>(typed));
+    TakeValue(static_cast<int>(typed));
   } else {
     ReportRange(QString::number(scrVal_->minimum()) + u'-' + QString::number(scrVal_->maximum()));
   }
   tmsec_->SelectAllText();
   return false;
+}
+
+/// The scroll bar stores what it is set to. A value above its range leaves it at its end: that end
+/// can be typed too.
+void FuncSel::TakeValue(int value) {
+  const int cam = instance_.Program.CurrentCam();
+  const bool shown = FieldOf(Block(), ShownValue(cam, Enabled()), cam) == value;
+  ScrollGuard = false;
+  if (scrVal_->value() == value && !shown) {
+    ScrVal_Change(value);
+  } else {
+    scrVal_->setValue(value);
+  }
 }
 
 bool FuncSel::TxANT_KeyPress(char16_t code) {
@@ -442,7 +464,7 @@ bool FuncSel::TxANT_KeyPress(char16_t code) {
   return false;
 }
 
-/// Handled as an Enter. The message waits until the focus and the click that moved it have arrived:
+/// Handled as an Enter. The message waits until the focus and the press that moved it have arrived:
 /// a box that opens in between would leave a pressed control behind.
 void FuncSel::TxANT_LostFocus(Qt::FocusReason reason) {
   if (closed_ || !NumberBox::IsLeft(reason) || !chkAnt_->isChecked()) return;
@@ -464,6 +486,7 @@ bool FuncSel::TakeAdvanceCount() {
       [count](FunctionsBlock& block) { block.AdvanceLast = static_cast<std::int16_t>(count - 1); });
   EnableGroups();
   ShowAdvanceCams();
+  ShowSelectionInUse();
   return true;
 }
 

@@ -85,9 +85,12 @@ class FuncSel : public QDialog {
 
   EnabledFunctions Enabled() const;
   void Change(const std::function<void(FunctionsBlock&)>& change);
+  void ShowSelectionInUse();
   void ShowSelection();
+  void SetRange(FunctionValue value);
   void SpeakOf(const QString& value);
   void SetScroll(int value);
+  void TakeValue(int value);
   bool TakeAdvanceCount();
   void EnableGroups();
   void ReportRange(const QString& range);

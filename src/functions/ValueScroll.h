@@ -1,20 +1,18 @@
 #pragma once
 
-#include <QScrollBar>
+#include "functions/FocusScrollBar.h"
 
 namespace nira {
 
-/// The scroll bar of the value editor. It takes the keyboard, shows that it has it, and stops at
-/// once when a message box comes over a press on it.
-class ValueScroll : public QScrollBar {
+/// The scroll bar of the value editor: it stops at once when a message box comes over a press on
+/// it.
+class ValueScroll : public FocusScrollBar {
   Q_OBJECT
 
  public:
-  explicit ValueScroll(QWidget* parent);
+  explicit ValueScroll(const char* name) : FocusScrollBar(name, Qt::Horizontal) {}
 
  protected:
-  void paintEvent(QPaintEvent* event) override;
-  void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
 };
 

@@ -127,16 +127,16 @@ class CalcAntTest : public QObject {
     QScrollBar* speed = c.Scroll("ScrollRPM");
     QCOMPARE(QTest::qWaitForWindowActive(&*c.window), true);
     QCOMPARE(QApplication::focusWidget(), speed);
-    QTest::keyClick(speed, Qt::Key_PageDown);
+    QTest::keyClick(speed, Qt::Key_PageUp);
     QCOMPARE(c.Text("LRPM"), u"101"_qs);
     QCOMPARE(c.Result(), u"200: 121, 0"_qs);
     QCOMPARE(c.Text("LAntDes"), u"1"_qs);
     QTest::keyClick(speed, Qt::Key_End);
     QTest::keyClick(speed, Qt::Key_Tab);
-    QTest::keyClick(c.Scroll("ScrollAnt"), Qt::Key_PageUp);
+    QTest::keyClick(c.Scroll("ScrollAnt"), Qt::Key_PageDown);
     QCOMPARE(c.Result(), u"180: 0, 12"_qs);
     QTest::keyClick(c.Scroll("ScrollAnt"), Qt::Key_Tab);
-    QTest::keyClick(c.Scroll("ScrAntRis"), Qt::Key_PageDown);
+    QTest::keyClick(c.Scroll("ScrAntRis"), Qt::Key_PageUp);
     QCOMPARE(c.Result(), u"0: 0, 0"_qs);  // 11 degrees take less than a millisecond
     QTest::keyClick(c.Scroll("ScrAntRis"), Qt::Key_Escape);
     QVERIFY(!c.window->isVisible());

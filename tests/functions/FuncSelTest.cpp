@@ -1,3 +1,4 @@
+#include "functions/CalcAnt.h"
 #include "functions/FuncSel.h"
 #include "support/WindowFixture.h"
 
@@ -399,6 +400,7 @@ class FuncSelTest : public QObject {
     row("empty", 1, "\r", "", "000*1 007*15 025*4 110*4 1/4*8");
     row("letters", 1, "a-4.x\r", "", "004*1 007*15 025*4 110*4 1/4*8");
     row("delay of cam 21", 21, "30\r", "", "007*16 030*4 110*4 1/4*8");
+    row("cam 21 as it is shown", 21, "110\r", "", "007*16 025*4 110*4 1/4*8");
     row("ratio", 25, "9\r", "", "007*16 025*4 110*4 1/9*8");
     row("ratio too high", 25, "10\r", "0-9", "007*16 025*4 110*4 1/4*8");
   }
@@ -417,6 +419,32 @@ class FuncSelTest : public QObject {
     f.Fill(u"Tmsec"_qs, keys);
     QCOMPARE(f.Told(), told);
     QTEST(f.Columns(), "columns");
+  }
+
+  /// A delay above the range that is left behind a ratio: the bar stands at the typed value
+  /// already.
+  void TypedAtTheEndOfTheBar() {
+    FunctionsFixture f(u"OFF 0 RIT RAP25"_qs);
+    f.Open();
+    f.Hit(u"LabCam_31"_qs);
+    f.Hit(u"LabCam_21"_qs);
+    QCOMPARE(f.Editor(), u"RITARDO su CAMME|21 - 24|msec.|110|9 of 9, 2"_qs);
+    f.Fill(u"Tmsec"_qs, u"9\r"_qs);
+    QCOMPARE(f.Columns(), u"-*16 025*4 009*4 1/4*8"_qs);
+  }
+
+  /// What the boxes make of the selected cam is what the editor says and lets enter.
+  void EditorFollowsTheBoxes() {
+    FunctionsFixture f(u"ON 7 RAP25"_qs);
+    f.program.SelectCam(31);
+    f.Open();
+    QCOMPARE(f.Editor().section(u'|', 1), u"25 - 32|1 /|4|4 of 9, 2"_qs);
+    f.Hit(u"ChkRAP25"_qs);
+    f.Fill(u"TxANT"_qs, u"32\r"_qs);
+    QCOMPARE(f.Editor().section(u'|', 1), u"32|msec.|7|7 of 210, 25"_qs);
+    f.Fill(u"TxANT"_qs, u"24\r"_qs);
+    f.Hit(u"ChkRAP25"_qs);
+    QCOMPARE(f.Editor().section(u'|', 1), u"25 - 32|1 /|4|4 of 9, 2"_qs);
   }
 
   /// A size too high puts the number of sizes into the other box, which tells of it when it is
@@ -510,6 +538,52 @@ class FuncSelTest : public QObject {
     QVERIFY(f.Find<CamBar>(u"Barra_17"_qs)->Shown().selected);
     QVERIFY(f.program.IsSaved);
     QCOMPARE(f.Text("StatusChanged"), u"salvato"_qs);
+  }
+
+  /// Into the calculator over the cam just selected, and back with the time that it found: typed
+  /// into the value's box it is the cam's, and until then nothing is.
+  void CalculatorAndBack() {
+    WindowFixture f;
+    QVERIFY(f.Start(f.Sample(u"press.CAM"_qs)));
+    QStringList seen;
+    const auto text = [](QWidget* window, const QString& name) {
+      return window->findChild<QLabel*>(name)->text();
+    };
+    const auto use = [&](CalcAnt* calculator, const FuncSel* opener) {
+      seen.append(text(calculator, u"Label14"_qs) + u' ' + text(calculator, u"LAntImp"_qs));
+      for (const QString& name : {u"ScrollRPM"_qs, u"ScrAntRis"_qs}) {
+        auto* bar = calculator->findChild<QScrollBar*>(name);
+        for (int i = 0; i < (name == u"ScrollRPM"_qs ? 3 : 9); ++i) {
+          QTest::keyClick(bar, Qt::Key_PageUp);
+        }
+        QTest::keyClick(bar, Qt::Key_Left);
+      }
+      seen.append(text(calculator, u"LRPM"_qs) + u' ' + text(calculator, u"LAntRis"_qs) + u' ' +
+                  text(calculator, u"LAntImp"_qs));
+      if (calculator->parentWidget() != opener) seen.append(u"over another window"_qs);
+      QTest::mouseClick(calculator->findChild<QWidget*>(u"Command1"_qs), Qt::LeftButton);
+    };
+    WhenOpens<FuncSel>([&](FuncSel* open) {
+      const auto click = [open](const QString& name) {
+        QTest::mouseClick(open->findChild<QWidget*>(name), Qt::LeftButton);
+      };
+      auto* box = open->findChild<QLineEdit*>(u"Tmsec"_qs);
+      click(u"LabCam_4"_qs);
+      click(u"ChkRIT"_qs);
+      WhenOpens<CalcAnt>([&](CalcAnt* calculator) { use(calculator, open); });
+      click(u"tDEMO"_qs);
+      seen.append(box->text() + u' ' + QString::number(f.program.Functions().CamFunc[4]));
+      click(u"Tmsec"_qs);
+      QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
+      QTest::keyClicks(box, seen.value(1).section(u' ', -1));
+      QTest::keyClick(box, Qt::Key_Return);
+      click(u"tOK"_qs);
+    });
+    f.Choose("Fu_Set");
+    QCOMPARE(seen.join(u", "), u"F01 C05 24, 300 90 50, 24 24"_qs);
+    QCOMPARE(f.Text("SizeCam"), u"F01 C05"_qs);
+    QCOMPARE(int(f.program.Functions().CamFunc[4]), 50);
+    QCOMPARE(int(f.program.Functions().DelayOn), 0);  // the boxes stood as they were left
   }
 
   /// Whatever is clicked and typed in whatever order, the block stays inside the model and the
