@@ -55,8 +55,10 @@ class CommandLine {
   const Command* Chosen() const { return command_; }
   const Arguments& Given() const { return given_; }
 
- private:
+  /// True when it asks for the usage or the version.
   bool IsQuestion() const { return given_.Has("help") || given_.Has("version"); }
+
+ private:
   void Parse();
   void TakeWord();
   void TakeOption();
@@ -152,9 +154,9 @@ int RunCommand(const CommandLine& line, QTextStream& out, QTextStream& err) {
 
 }  // namespace
 
-bool NeedsFonts(const QString& command) {
-  const Command* found = FindCommand(command);
-  return found != nullptr && found->needsFonts;
+bool NeedsFonts(const QStringList& arguments) {
+  const CommandLine line(arguments);
+  return line.Error().isEmpty() && !line.IsQuestion() && line.Chosen()->needsFonts;
 }
 
 int RunKplctl(const QStringList& arguments, QTextStream& out, QTextStream& err) {

@@ -9,7 +9,8 @@ namespace nira {
 /// of the command, or 2 when the command line is not understood.
 int RunKplctl(const QStringList& arguments, QTextStream& out, QTextStream& err);
 
-/// True when the command of that name draws text, for which the process needs a QGuiApplication.
-bool NeedsFonts(const QString& command);
+/// True when this command line runs a command that draws text, for which the process needs a
+/// QGuiApplication. Wants no application itself.
+bool NeedsFonts(const QStringList& arguments);
 
 }  // namespace nira

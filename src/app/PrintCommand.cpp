@@ -78,8 +78,8 @@ int RunPrint(Console& console, const Arguments& arguments) {
   const Listing listing(program, console.Texts, QFileInfo(from).absoluteFilePath(),
                         QDateTime::currentDateTime(), *options);
   ListingPainter painter(listing);
-  const QPageSize::PageSizeId paper = PaperOf(arguments.Text("paper")).value_or(QPageSize::A4);
-  const QByteArray pdf = PdfOf(painter, paper);
+  const QPageSize paper(PaperOf(arguments.Text("paper")).value_or(QPageSize::A4));
+  const QByteArray pdf = PdfOf(painter, QPageLayout(paper, QPageLayout::Portrait, QMarginsF()));
   const QString failure = console.Writer.Write(
       to, {pdf.constData(), static_cast<std::size_t>(pdf.size())}, FileWriter::Backup::No);
   if (!failure.isEmpty()) {

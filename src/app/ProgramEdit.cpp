@@ -3,19 +3,7 @@
 #include "editor/SizeOperations.h"
 #include "model/Text.h"
 
-#include <algorithm>
-
 namespace nira {
-
-namespace {
-
-/// The first character that cannot be typed into the description of a cam; empty when all can.
-QString UntypableCharacter(const QString& text) {
-  const auto control = std::find_if(text.begin(), text.end(), [](QChar c) { return c < u' '; });
-  return control != text.end() ? QString(*control) : ForeignCharacter(text);
-}
-
-}  // namespace
 
 Refusal ProgramEdit::Run(const std::vector<EditOperation>& operations) {
   for (const EditOperation& operation : operations) {

@@ -7,9 +7,29 @@
 #include <QFontDialog>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QPrinterInfo>
 #include <QUrl>
 
 namespace nira {
+
+namespace {
+
+/// A printer that starts with what is set on another one: a dialog writes into its printer even
+/// when it is cancelled.
+std::unique_ptr<QPrinter> CopyOf(const QPrinter& printer) {
+  auto copy = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  copy->setOutputFormat(printer.outputFormat());
+  copy->setPrinterName(printer.printerName());
+  copy->setPageLayout(printer.pageLayout());
+  copy->setCopyCount(printer.copyCount());
+  copy->setCollateCopies(printer.collateCopies());
+  copy->setPageOrder(printer.pageOrder());
+  copy->setColorMode(printer.colorMode());
+  copy->setDuplex(printer.duplex());
+  return copy;
+}
+
+}  // namespace
 
 QStringList NameFilters(const QString& filter) {
   const QStringList parts = filter.split(u'|');
@@ -32,8 +52,16 @@ QString clsCommonDialog::FileTitle() const {
   return QFileInfo(FileName).fileName();
 }
 
+bool clsCommonDialog::HasPrinter() const {
+  return !QPrinterInfo::availablePrinterNames().isEmpty();
+}
+
 QPrinter& clsCommonDialog::Printer() {
   if (!printer_) printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  // A PDF stands in where the machine had no printer yet.
+  if (printer_->outputFormat() == QPrinter::PdfFormat && HasPrinter()) {
+    printer_->setOutputFormat(QPrinter::NativeFormat);
+  }
   return *printer_;
 }
 
@@ -80,9 +108,16 @@ bool clsCommonDialog::ShowFont(QWidget* parent) {
 }
 
 bool clsCommonDialog::ShowPrinter(QWidget* parent) {
-  QPrintDialog dialog(&Printer(), parent);
+  auto chosen = CopyOf(Printer());
+  QPrintDialog dialog(chosen.get(), parent);
+  for (const auto option : {QPrintDialog::PrintToFile, QPrintDialog::PrintPageRange,
+                            QPrintDialog::PrintSelection, QPrintDialog::PrintCurrentPage}) {
+    dialog.setOption(option, false);
+  }
   if (!DialogTitle.isEmpty()) dialog.setWindowTitle(DialogTitle);
-  return dialog.exec() == QDialog::Accepted;
+  if (dialog.exec() != QDialog::Accepted) return false;
+  printer_ = std::move(chosen);
+  return true;
 }
 
 bool clsCommonDialog::ShowHelp(QWidget*) {

@@ -31,6 +31,7 @@ class clsCommonDialog {
   virtual bool ShowSave(QWidget* parent);
   virtual bool ShowColor(QWidget* parent);
   virtual bool ShowFont(QWidget* parent);
+  /// Chooses the printer of this run and its paper; what is printed is not chosen here.
   virtual bool ShowPrinter(QWidget* parent);
   /// Opens `HelpFile` with the platform's own reader.
   virtual bool ShowHelp(QWidget* parent);
@@ -47,7 +48,10 @@ class clsCommonDialog {
   /// `FileName` without folders.
   QString FileTitle() const;
 
-  /// The printer of this run, made at its first use.
+  /// True when the machine has a printer.
+  virtual bool HasPrinter() const;
+
+  /// The printer of this run, made at its first use and anew when `ShowPrinter` was confirmed.
   QPrinter& Printer();
 
  private:

@@ -109,6 +109,10 @@ void CamDiagram::ShowCam(int cam, const std::vector<Run>& runs, bool selected,
   row.description->ShowText(text);
 }
 
+void CamDiagram::ShowDescription(int cam, const QString& text) {
+  rows_.at(static_cast<std::size_t>(cam)).description->ShowText(text);
+}
+
 void CamDiagram::Rescale(int rowPixels, int scalePixels) {
   rowPixels_ = rowPixels;
   scalePixels_ = scalePixels;

@@ -26,6 +26,9 @@ class CamDiagram : public QWidget {
   /// What is drawn for one cam (index from 0).
   void ShowCam(int cam, const std::vector<Run>& runs, bool selected, const QString& text);
 
+  /// Its description alone.
+  void ShowDescription(int cam, const QString& text);
+
   /// Computes the units per degree from the width that is drawn on.
   void SetScale();
 

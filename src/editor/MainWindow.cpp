@@ -144,6 +144,10 @@ void MainWindow::ConnectAll() {
   connect(diagram_, &CamDiagram::LabCam_DblClick, this, &MainWindow::LabCam_DblClick);
   connect(diagram_, &CamDiagram::LDefC_DblClick, sizes_, &SizeCommands::LDefC_DblClick);
   connect(sizes_, &SizeCommands::Shown, this, &MainWindow::ShowSizeCam);
+  connect(sizes_, &SizeCommands::Described, this, [this](int cam) {
+    diagram_->ShowDescription(cam, instance_.Program.CamText(cam));
+    status_->Show();
+  });
   connect(sizes_, &SizeCommands::Hidden, status_, &StatusLine::Show);
   connect(diagram_, &CamDiagram::Pressed, entry_, &PhaseEntry::LeaveForCommand);
   connect(diagram_, &CamDiagram::DegreeUnderPointer, status_, &StatusLine::ShowDegree);

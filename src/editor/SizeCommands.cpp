@@ -173,8 +173,8 @@ void SizeCommands::LDefC_DblClick() {
     Tell(TextNumber::DescriptionTooLong, Icon::Information);
     text = instance_.Ask.InputBox(prompt, text.left(LongestDescription)).value_or(QString());
   }
-  if (const QString foreign = ForeignCharacter(text); !foreign.isEmpty()) {
-    instance_.Ask.MsgBox(instance_.Text(TextNumber::CharacterNotAllowed) + foreign, Buttons::Ok,
+  if (const QString character = UntypableCharacter(text); !character.isEmpty()) {
+    instance_.Ask.MsgBox(instance_.Text(TextNumber::CharacterNotAllowed) + character, Buttons::Ok,
                          Icon::Exclamation);
     return;
   }
@@ -184,7 +184,7 @@ void SizeCommands::LDefC_DblClick() {
     return;
   }
   program.SetCamText(cam, text);
-  Q_EMIT Shown();
+  Q_EMIT Described(cam);
 }
 
 }  // namespace nira

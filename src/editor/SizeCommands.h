@@ -32,6 +32,8 @@ class SizeCommands : public QObject {
  Q_SIGNALS:
   /// The display has to be rebuilt.
   void Shown();
+  /// The description of a cam (from 0) changed, and nothing else of the display.
+  void Described(int cam);
   /// The program changed behind the display.
   void Hidden();
 

@@ -44,7 +44,8 @@ struct ImportResult {
 };
 
 /// Reads the size `number` (0..99) of a cam file into `into`: its phases and the descriptions of
-/// its block, whole or not at all. The functions block and the other sizes stay.
+/// its block, whole or not at all: the block has to end with another size line or "END". The
+/// functions block and the other sizes stay.
 ImportResult ImportSize(CamProgram& program, const QString& path, int number, int into);
 
 }  // namespace nira

@@ -57,6 +57,7 @@ SizeBlockReader::Stop SizeBlockReader::Read(int size, bool skip) {
         plain > 0 ? waiting.substr(0, plainLength) : lines_.Next();
     if (line && line->empty() && !lines_.AtEnd()) line = lines_.Next();
     if (!line) return Stop::EndOfFile;
+    line_ = *line;
     try {
       if (plain > 0) {
         if (!skip) program_.SetPhase(size, cam_, PlainDegree(*line, 1), PlainDegree(*line, 5));
@@ -67,13 +68,11 @@ SizeBlockReader::Stop SizeBlockReader::Read(int size, bool skip) {
       if (first == 'C') {
         if (!skip) TakeCamLine(*line);
       } else if (line->find(SizeWords) != std::string_view::npos || *line == "END") {
-        line_ = *line;
         return Stop::SizeOrEnd;
       } else if (first == ' ' && !skip) {
         TakePhaseLine(*line, size);
       }
     } catch (const std::logic_error&) {  // an index, or a description, that the model refuses
-      line_ = *line;
       return Stop::BadLine;
     }
   }

@@ -25,7 +25,7 @@ class SizeBlockReader {
   /// Reads past a block: its descriptions and cams count for nothing.
   Stop SkipSizeBlock();
 
-  /// The line at which the reading stopped.
+  /// The line at which the reading stopped; at the end of the file the last one before it.
   const std::string& Line() const { return line_; }
 
  private:

@@ -134,6 +134,7 @@ enum class TextNumber : int {
   CheckCable = 297,
   NotTaken = 298,
   CutByProgrammer = 299,
+  IsOpenCamFile = 300,
 };
 
 }  // namespace nira

@@ -3,6 +3,7 @@
 #include "dialogs/ThemedIcon.h"
 #include "messages/ModMsg.h"
 #include "model/Text.h"
+#include "printing/PrintPane.h"
 
 #include <QApplication>
 #include <QFontDatabase>
@@ -298,8 +299,7 @@ void AlMsg::tMOD_Click() {
 }
 
 void AlMsg::Pr_SEL_Click() {
-  instance_.Dialog.DialogTitle.clear();
-  instance_.Dialog.ShowPrinter(this);
+  SelectPrinter(instance_, this);
 }
 
 void AlMsg::SEL_FNT_Click() {

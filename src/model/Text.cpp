@@ -18,7 +18,8 @@ bool IsAscii(std::string_view bytes) {
                      [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
-/// The characters of `text` that make up its number, blanks left out.
+}  // namespace
+
 std::string NumberPart(std::string_view text) {
   std::string number;
   bool point = false;
@@ -33,8 +34,6 @@ std::string NumberPart(std::string_view text) {
   }
   return number;
 }
-
-}  // namespace
 
 double Val(std::string_view text) {
   const std::string number = NumberPart(text);
@@ -103,6 +102,13 @@ QString ForeignCharacter(QStringView text) {
     i += length;
   }
   return {};
+}
+
+QString UntypableCharacter(QStringView text) {
+  const auto control = std::find_if(text.begin(), text.end(), [](QChar c) { return c < u' '; });
+  if (control == text.end()) return ForeignCharacter(text);
+  constexpr char16_t pictures = 0x2400;
+  return QString(QChar(static_cast<char16_t>(pictures + control->unicode())));
 }
 
 QString TrimLeft(const QString& text) {

@@ -11,6 +11,10 @@
 
 namespace nira {
 
+/// The characters of a text that make up its number: a sign, digits and a decimal point as `Val`
+/// reads them.
+std::string NumberPart(std::string_view text);
+
 /// Numeric value of a text: blanks (code 32) anywhere are ignored, one leading sign and one decimal
 /// point are accepted, reading stops at the first other character; nothing numeric gives 0.
 double Val(std::string_view text);
@@ -38,6 +42,10 @@ std::optional<std::string> ToBytes(QStringView text);
 
 /// The first character that Windows-1252 lacks, empty when there is none.
 QString ForeignCharacter(QStringView text);
+
+/// The first character that cannot stand in a line of text: a control character, shown by its
+/// picture (U+2400..), or one that Windows-1252 lacks. Empty when there is none.
+QString UntypableCharacter(QStringView text);
 
 /// The text without blanks (code 32) at its start.
 QString TrimLeft(const QString& text);

@@ -34,13 +34,16 @@ QString Listing::FileLine() const {
 }
 
 QString Listing::ModelLine() const {
-  const auto counted = [this](int count, TextNumber word) -> QString {
-    return QStringLiteral("  ") + QString::number(count) + u' ' + Text(word);
+  const auto counted = [](int count, const QString& one, const QString& more) -> QString {
+    return QStringLiteral("  ") + QString::number(count) + u' ' + (count == 1 ? one : more);
   };
   return QStringLiteral("QX") + QString::number(program_.NumCams()) + u' ' +
-         counted(program_.NumCams(), TextNumber::StatusCams) +
-         counted(program_.NumSizes(), TextNumber::StatusSizes) +
-         counted(program_.NumMessages(), TextNumber::StatusMessages);
+         counted(program_.NumCams(), Text(TextNumber::CamWord).toLower(),
+                 Text(TextNumber::StatusCams)) +
+         counted(program_.NumSizes(), Text(TextNumber::SizeWord).toLower(),
+                 Text(TextNumber::StatusSizes)) +
+         QStringLiteral("  ") + QString::number(program_.NumMessages()) + u' ' +
+         Text(TextNumber::StatusMessages);
 }
 
 QString Listing::DateLine() const {
@@ -92,6 +95,10 @@ Listing::Cam Listing::CamOf(int size, int cam) const {
     entry.phases.append(PhaseText(phase));
   }
   return entry;
+}
+
+int Listing::PhaseCount(int size, int cam) const {
+  return static_cast<int>(PhaseList::Of(program_.CamMap(size, cam)).phases.size());
 }
 
 std::vector<Run> Listing::RunsOf(int size, int cam) const {

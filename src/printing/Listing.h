@@ -42,7 +42,7 @@ class Listing {
 
   QString ProgramLine() const;  ///< "NIRA-KPL   PROGRAMMATORE DI CAMME"
   QString FileLine() const;
-  QString ModelLine() const;  ///< "QX32   32 camme  22 formati  255 messaggi"
+  QString ModelLine() const;  ///< "QX32   32 camme  22 formati  255 messaggi", "1 formato"
   QString DateLine() const;   ///< "2026-11-21 14:05"
   QString PageLine(int page, int pages) const;
   QString FunctionsHeading() const;
@@ -57,6 +57,7 @@ class Listing {
   bool HasPhases(int size) const;
   /// Cam (from 0) of a size.
   Cam CamOf(int size, int cam) const;
+  int PhaseCount(int size, int cam) const;
   std::vector<Run> RunsOf(int size, int cam) const;
 
  private:

@@ -23,11 +23,12 @@ constexpr double columnGap = 90;
 constexpr double scaleHeight = 130;  // above and below the bars
 constexpr double scaleColumn = 170;  // the cams' numbers left and right of the bars
 constexpr double leastBarRow = 48;   // a row of the diagram at its narrowest,
-constexpr double mostBarRow = 130;   // at its widest, and where the sizes save paper
+constexpr double mostBarRow = 130;   // at its widest, where the sizes save paper,
 constexpr double flowingBarRow = 64;
+constexpr double smallBarRow = 10;  // and on paper that has no room for more
 constexpr double hairline = 3;
 constexpr double rule = 8;
-constexpr int functionColumns = 3;
+constexpr int mostFunctionColumns = 3;
 constexpr int phaseWidth = 9;  // characters of "350-010" and the gap behind it
 constexpr int fewestRows = 3;  // of a table below its heading before a page ends
 
@@ -90,10 +91,24 @@ void ListingPainter::Put(Block block) {
 
 void ListingPainter::LayOutFunctions() {
   if (functionLines_.isEmpty()) return;
+  qsizetype longest = 0;
+  for (const QString& line : std::as_const(functionLines_))
+    longest = std::max(longest, line.size());
+  const double column = static_cast<double>(longest) * character_ + columnGap;
+  functionColumns_ =
+      std::clamp(static_cast<int>((Right() - Left()) / column), 1, mostFunctionColumns);
   const int lines = static_cast<int>(functionLines_.size());
-  const int rows = (lines + functionColumns - 1) / functionColumns;
   Put({.kind = Block::Kind::FunctionsHeading, .height = headingHeight});
-  Put({.kind = Block::Kind::Functions, .count = rows, .height = rows * rowHeight});
+  for (int first = 0; first < lines;) {
+    if (first > 0) NewPage();
+    const int wanted = (lines - first + functionColumns_ - 1) / functionColumns_;
+    const int rows = std::clamp(static_cast<int>(Room() / rowHeight), 1, wanted);
+    Put({.kind = Block::Kind::Functions,
+         .first = first,
+         .count = rows,
+         .height = rows * rowHeight});
+    first += rows * functionColumns_;
+  }
 }
 
 void ListingPainter::LayOutSize(int size) {
@@ -156,12 +171,12 @@ void ListingPainter::LayOutDiagram(int size) {
   }
   const double fitting = (Room() - DiagramHeight(0)) / listing_.CamCount();
   const double most = listing_.Options().PagePerSize ? mostBarRow : flowingBarRow;
-  const double row = std::clamp(fitting, leastBarRow, most);
+  const double row = std::clamp(fitting, smallBarRow, most);
   Put({.kind = Block::Kind::Diagram, .size = size, .height = DiagramHeight(row)});
 }
 
 int ListingPainter::PhaseLines(int size, int cam) const {
-  const auto phases = static_cast<int>(listing_.CamOf(size, cam).phases.size());
+  const int phases = listing_.PhaseCount(size, cam);
   return std::max(1, (phases + phasesPerLine_ - 1) / phasesPerLine_);
 }
 
@@ -205,14 +220,15 @@ void ListingPainter::PaintFrame(QPainter& painter, int page) const {
   bold.setBold(true);
   const QRectF first(Left(), margin_, width, 110);
   const QRectF second(Left(), margin_ + 120, width, 110);
-  Word(painter, first, Qt::AlignLeft, listing_.ProgramLine(), bold);
-  Word(painter, first, Qt::AlignRight, listing_.DateLine(), plain_);
-  const QString model = listing_.ModelLine();
-  const QFontMetricsF metrics(plain_);
-  const double room = width - metrics.horizontalAdvance(model) - columnGap;
-  Word(painter, second, Qt::AlignRight, model, plain_);
-  Word(painter, second, Qt::AlignLeft,
-       metrics.elidedText(listing_.FileLine(), Qt::ElideMiddle, room), plain_);
+  const auto pair = [&](const QRectF& place, const QString& left, const QFont& font,
+                        Qt::TextElideMode elide, const QString& right) {
+    const double room = width - QFontMetricsF(plain_).horizontalAdvance(right) - columnGap;
+    const QString shown = QFontMetricsF(font).elidedText(left, elide, room);
+    Word(painter, place, Qt::AlignLeft, shown, font);
+    Word(painter, place, Qt::AlignRight, right, plain_);
+  };
+  pair(first, listing_.ProgramLine(), bold, Qt::ElideRight, listing_.DateLine());
+  pair(second, listing_.FileLine(), plain_, Qt::ElideMiddle, listing_.ModelLine());
   Line(painter, Left(), margin_ + 245, Right(), margin_ + 245, rule);
   Word(painter, QRectF(Left(), Bottom(), width, pageFoot), Qt::AlignRight | Qt::AlignBottom,
        listing_.PageLine(page, static_cast<int>(pages_.size())), plain_);
@@ -247,11 +263,13 @@ void ListingPainter::PaintBlock(QPainter& painter, const Block& block) const {
 }
 
 void ListingPainter::PaintFunctions(QPainter& painter, const Block& block) const {
-  const double width = (Right() - Left()) / functionColumns;
-  for (int i = 0; i < functionLines_.size(); ++i) {
-    const QRectF place(Left() + i / block.count * width, block.top + i % block.count * rowHeight,
-                       width, rowHeight);
-    Word(painter, place, Qt::AlignLeft | Qt::AlignVCenter, functionLines_.at(i), data_);
+  const double width = (Right() - Left()) / functionColumns_;
+  const int last = block.first + block.count * functionColumns_;
+  for (int line = block.first; line < std::min<qsizetype>(last, functionLines_.size()); ++line) {
+    const int column = (line - block.first) / block.count;
+    const int row = (line - block.first) % block.count;
+    const QRectF place(Left() + column * width, block.top + row * rowHeight, width, rowHeight);
+    Word(painter, place, Qt::AlignLeft | Qt::AlignVCenter, functionLines_.at(line), data_);
   }
 }
 
@@ -274,15 +292,13 @@ void ListingPainter::PaintCam(QPainter& painter, const Block& block) const {
   const double description = Left() + numberColumn;
   const double width = character_ * Listing::DescriptionWidth;
   const int flags = Qt::AlignLeft | Qt::AlignVCenter;
-  if (block.first == 0) {
-    const QRectF place(Left(), block.top, numberColumn, rowHeight);
-    Word(painter, place, flags, cam.number, data_);
-    painter.save();
-    const QRectF column(description, block.top, width, rowHeight);
-    painter.setClipRect(column);
-    Word(painter, column, flags, cam.description, data_);
-    painter.restore();
-  }
+  // Again where the cam goes on from the page before: each page is read by itself.
+  Word(painter, QRectF(Left(), block.top, numberColumn, rowHeight), flags, cam.number, data_);
+  const QRectF column(description, block.top, width, rowHeight);
+  painter.save();
+  painter.setClipRect(column);
+  Word(painter, column, flags, cam.description, data_);
+  painter.restore();
   for (int line = 0; line < block.count; ++line) {
     const double y = block.top + line * rowHeight;
     for (int i = 0; i < phasesPerLine_; ++i) {

@@ -23,7 +23,8 @@ class ListingPainter : public PagedDocument {
   void Paint(QPainter& painter, int page) const override;
 
  private:
-  /// A part of a page. `first` and `count` are function lines, or lines of phases of a cam.
+  /// A part of a page. Of a cam `first` and `count` are lines of phases; of the functions `first`
+  /// is a line and `count` the rows of each column.
   struct Block {
     enum class Kind { FunctionsHeading, Functions, Size, Columns, Cam, NoPhases, Diagram };
     Kind kind = Kind::Size;
@@ -77,6 +78,7 @@ class ListingPainter : public PagedDocument {
   QSizeF paper_;
   double margin_ = 0;
   int phasesPerLine_ = 1;
+  int functionColumns_ = 1;
   double y_ = 0;
   std::vector<Page> pages_;
 };

@@ -1,19 +1,22 @@
 #include "printing/PagedDocument.h"
 
 #include <QBuffer>
-#include <QPageLayout>
 #include <QPdfWriter>
 
 namespace nira {
 
-bool PrintOn(PagedDocument& document, QPagedPaintDevice& device, int resolution) {
+int LayOutFor(PagedDocument& document, const QPagedPaintDevice& device) {
   const QSizeF points = device.pageLayout().fullRectPoints().size();
-  const int pages = document.LayOut(points * PagedDocument::UnitsPerInch / 72);
+  return document.LayOut(points * PagedDocument::UnitsPerInch / 72);
+}
+
+bool PrintPages(const PagedDocument& document, QPagedPaintDevice& device, int resolution, int first,
+                int last) {
   QPainter painter;
   if (!painter.begin(&device)) return false;
   const double scale = double(resolution) / PagedDocument::UnitsPerInch;
-  for (int page = 1; page <= pages; ++page) {
-    if (page > 1 && !device.newPage()) return false;
+  for (int page = first; page <= last; ++page) {
+    if (page > first && !device.newPage()) return false;
     painter.save();
     painter.scale(scale, scale);
     document.Paint(painter, page);
@@ -22,7 +25,12 @@ bool PrintOn(PagedDocument& document, QPagedPaintDevice& device, int resolution)
   return painter.end();
 }
 
-QByteArray PdfOf(PagedDocument& document, QPageSize::PageSizeId paper) {
+bool PrintOn(PagedDocument& document, QPagedPaintDevice& device, int resolution) {
+  const int pages = LayOutFor(document, device);
+  return PrintPages(document, device, resolution, 1, pages);
+}
+
+QByteArray PdfOf(PagedDocument& document, const QPageLayout& paper) {
   QByteArray bytes;
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);
@@ -30,8 +38,7 @@ QByteArray PdfOf(PagedDocument& document, QPageSize::PageSizeId paper) {
   writer.setTitle(document.Title());
   writer.setCreator(QStringLiteral("nira-kpl"));
   writer.setResolution(PagedDocument::UnitsPerInch);
-  writer.setPageSize(QPageSize(paper));
-  writer.setPageMargins(QMarginsF());
+  writer.setPageLayout(QPageLayout(paper.pageSize(), paper.orientation(), QMarginsF()));
   PrintOn(document, writer, PagedDocument::UnitsPerInch);
   return bytes;
 }

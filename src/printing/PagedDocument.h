@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QByteArray>
-#include <QPageSize>
+#include <QPageLayout>
 #include <QPainter>
 #include <QString>
 
@@ -25,11 +25,18 @@ class PagedDocument {
   virtual void Paint(QPainter& painter, int page) const = 0;
 };
 
-/// Prints the document on the whole paper of the device, whose dots per inch are `resolution`.
-/// False when the device cannot be painted on or refuses a page.
+/// Lays the document out on the whole paper of the device and returns the number of pages.
+int LayOutFor(PagedDocument& document, const QPagedPaintDevice& device);
+
+/// Prints pages `first` to `last` (from 1) of the last layout on the device, whose dots per inch
+/// are `resolution`. False when the device cannot be painted on or refuses a page.
+bool PrintPages(const PagedDocument& document, QPagedPaintDevice& device, int resolution, int first,
+                int last);
+
+/// Lays the document out and prints all of it.
 bool PrintOn(PagedDocument& document, QPagedPaintDevice& device, int resolution);
 
-/// The document as a PDF file.
-QByteArray PdfOf(PagedDocument& document, QPageSize::PageSizeId paper);
+/// The document as a PDF file, on the paper of this layout; its margins do not count.
+QByteArray PdfOf(PagedDocument& document, const QPageLayout& paper);
 
 }  // namespace nira

@@ -5,27 +5,30 @@
 
 #include <QFileInfo>
 #include <QHBoxLayout>
+#include <QPainter>
 #include <QPrinter>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace nira {
 
 namespace {
 
-QPageSize::PageSizeId PaperOf(const QPrinter& printer) {
-  const QPageSize::PageSizeId id = printer.pageLayout().pageSize().id();
-  return id == QPageSize::Custom ? QPageSize::A4 : id;
-}
+/// One line; what is too long for it loses its middle, so that of a path both ends stay.
+class NoteLabel : public QLabel {
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, width());
+    style()->drawItemText(&painter, rect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), true,
+                          shown, foregroundRole());
+  }
+};
 
 }  // namespace
 
-bool HasPrinter(clsCommonDialog& dialog) {
-  const QPrinter& printer = dialog.Printer();
-  return printer.isValid() && printer.outputFormat() == QPrinter::NativeFormat;
-}
-
 void SelectPrinter(Instance& instance, QWidget* parent) {
-  if (HasPrinter(instance.Dialog)) {
+  if (instance.Dialog.HasPrinter()) {
     instance.Dialog.DialogTitle.clear();
     instance.Dialog.ShowPrinter(parent);
     return;
@@ -49,9 +52,10 @@ PrintPane::PrintPane(Instance& instance, QWidget* parent)
   layout->addWidget(preview_, 1);
   layout->addLayout(BuildButtons());
   connect(preview_, &QPrintPreviewWidget::paintRequested, this, [this](QPrinter* printer) {
-    if (document_ != nullptr) PrintOn(*document_, *printer, printer->resolution());
+    if (document_ != nullptr) {
+      PrintPages(*document_, *printer, printer->resolution(), shown_, shown_);
+    }
   });
-  connect(preview_, &QPrintPreviewWidget::previewChanged, this, &PrintPane::ShowPageNumber);
 }
 
 QToolButton* PrintPane::AddTool(QLayout* row, const char* name, TextNumber text) {
@@ -88,10 +92,8 @@ QWidget* PrintPane::BuildTools() {
   page_->setTextFormat(Qt::PlainText);
   page_->setAlignment(Qt::AlignCenter);
   page_->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("0000 / 0000")) + 8);
-  connect(back_, &QToolButton::clicked, this,
-          [this] { preview_->setCurrentPage(preview_->currentPage() - 1); });
-  connect(forth_, &QToolButton::clicked, this,
-          [this] { preview_->setCurrentPage(preview_->currentPage() + 1); });
+  connect(back_, &QToolButton::clicked, this, [this] { ShowPage(shown_ - 1); });
+  connect(forth_, &QToolButton::clicked, this, [this] { ShowPage(shown_ + 1); });
   connect(smaller, &QToolButton::clicked, this, [this] { preview_->zoomOut(); });
   connect(larger, &QToolButton::clicked, this, [this] { preview_->zoomIn(); });
   connect(whole, &QToolButton::clicked, preview_, &QPrintPreviewWidget::fitInView);
@@ -110,7 +112,7 @@ QPushButton* PrintPane::AddButton(QLayout* row, const char* name, TextNumber tex
 QLayout* PrintPane::BuildButtons() {
   auto* row = new QHBoxLayout;
   row->setSpacing(8);
-  note_ = new QLabel;
+  note_ = new NoteLabel;
   note_->setObjectName(QStringLiteral("Note"));
   note_->setTextFormat(Qt::PlainText);
   note_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -118,9 +120,9 @@ QLayout* PrintPane::BuildButtons() {
   pdf_ = AddButton(row, "tPDF", TextNumber::WritePdf);
   print_ = AddButton(row, "tPRN", TextNumber::PrintNow);
   QPushButton* close = AddButton(row, "tCHI", TextNumber::ClosePrint);
-  const bool printer = HasPrinter(instance_.Dialog);
+  const bool printer = instance_.Dialog.HasPrinter();
   (printer ? print_ : pdf_)->setDefault(true);
-  if (!printer) note_->setText(instance_.Text(TextNumber::NoPrinter));
+  if (!printer) Note(instance_.Text(TextNumber::NoPrinter));
   connect(pdf_, &QPushButton::clicked, this, &PrintPane::tPDF_Click);
   connect(print_, &QPushButton::clicked, this, &PrintPane::tPRN_Click);
   connect(close, &QPushButton::clicked, this, &PrintPane::Closed);
@@ -130,17 +132,21 @@ QLayout* PrintPane::BuildButtons() {
 void PrintPane::Show(PagedDocument* document) {
   const BusyPointer pointer;
   document_ = document;
-  preview_->updatePreview();
-  preview_->setCurrentPage(1);
-  ShowPageNumber();
+  pages_ = LayOutFor(*document_, instance_.Dialog.Printer());
+  ShowPage(1);
 }
 
-void PrintPane::ShowPageNumber() {
-  const int page = preview_->currentPage();
-  const int pages = preview_->pageCount();
-  page_->setText(QString::number(page) + QStringLiteral(" / ") + QString::number(pages));
+void PrintPane::ShowPage(int page) {
+  shown_ = page;
+  preview_->updatePreview();
+  page_->setText(QString::number(page) + QStringLiteral(" / ") + QString::number(pages_));
   back_->setEnabled(page > 1);
-  forth_->setEnabled(page < pages);
+  forth_->setEnabled(page < pages_);
+}
+
+void PrintPane::Note(const QString& text) {
+  note_->setText(text);
+  note_->setToolTip(PlainTip(text));
 }
 
 void PrintPane::Tell(TextNumber number, const QString& more, Icon icon) {
@@ -150,8 +156,9 @@ void PrintPane::Tell(TextNumber number, const QString& more, Icon icon) {
 }
 
 void PrintPane::tPRN_Click() {
+  Q_EMIT Starting();
   if (document_ == nullptr) return;
-  if (!HasPrinter(instance_.Dialog)) {
+  if (!instance_.Dialog.HasPrinter()) {
     Tell(TextNumber::NoPrinter, {}, Icon::Exclamation);
     return;
   }
@@ -161,7 +168,7 @@ void PrintPane::tPRN_Click() {
   const bool printed = PrintOn(*document_, printer, printer.resolution()) &&
                        printer.printerState() != QPrinter::Error;
   if (printed) {
-    note_->setText(instance_.Text(TextNumber::Printed) + printer.printerName());
+    Note(instance_.Text(TextNumber::Printed) + printer.printerName());
   } else {
     Tell(TextNumber::PrintFailed, printer.printerName(), Icon::Critical);
   }
@@ -176,32 +183,39 @@ QString PrintPane::ChoosePdf() {
   dialog.Flags = clsCommonDialog::OverwritePrompt + clsCommonDialog::PathMustExist;
   dialog.FileName = proposal_;
   if (!dialog.ShowSave(this) || dialog.FileName.isEmpty()) return {};
-  if (QFileInfo(dialog.FileName).fileName().contains(u'.')) return dialog.FileName;
-  const QString path = dialog.FileName + QStringLiteral(".pdf");
-  // The dialog has asked about the name that was chosen, but knows nothing of this one.
-  if (QFileInfo::exists(path) &&
-      instance_.Ask.MsgBox(instance_.Text(TextNumber::ReplaceFile) + u'\n' + path, Buttons::YesNo,
-                           Icon::Exclamation) != Answer::Yes) {
-    return {};
+  const bool named = QFileInfo(dialog.FileName).suffix().toLower() == QLatin1String("pdf");
+  const QString path = named ? dialog.FileName : dialog.FileName + QStringLiteral(".pdf");
+  return MayReplace(path) ? path : QString();
+}
+
+bool PrintPane::MayReplace(const QString& path) {
+  if (!QFileInfo::exists(path)) return true;
+  if (QFileInfo(path) == QFileInfo(instance_.Settings.CurrentFile)) {
+    Tell(TextNumber::CannotWrite, path + u'\n' + instance_.Text(TextNumber::IsOpenCamFile),
+         Icon::Critical);
+    return false;
   }
-  return path;
+  // The dialog has asked about the name that was chosen, but knows nothing of one made from it.
+  if (path == instance_.Dialog.FileName) return true;
+  return instance_.Ask.MsgBox(instance_.Text(TextNumber::ReplaceFile) + u'\n' + path,
+                              Buttons::YesNo, Icon::Exclamation) == Answer::Yes;
 }
 
 void PrintPane::tPDF_Click() {
+  Q_EMIT Starting();
   if (document_ == nullptr) return;
   const QString path = ChoosePdf();
   if (path.isEmpty()) return;
   const BusyPointer pointer;
-  const QByteArray bytes = PdfOf(*document_, PaperOf(instance_.Dialog.Printer()));
+  const QByteArray bytes = PdfOf(*document_, instance_.Dialog.Printer().pageLayout());
   const QString reason = instance_.Writer.Write(
       path, {bytes.constData(), static_cast<std::size_t>(bytes.size())}, FileWriter::Backup::No);
   if (reason.isEmpty()) {
     proposal_ = path;
-    note_->setText(instance_.Text(TextNumber::FileSaved) + path);
+    Note(instance_.Text(TextNumber::FileSaved) + path);
   } else {
     Tell(TextNumber::CannotWrite, path + u'\n' + reason, Icon::Critical);
   }
-  preview_->updatePreview();  // the layout was made for the PDF's paper
 }
 
 }  // namespace nira

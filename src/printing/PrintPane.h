@@ -12,14 +12,15 @@
 namespace nira {
 
 /// The preview of a document, with what goes on below it: leafing, zooming, printing, writing a
-/// PDF. It prints to the run's printer; where there is none, the PDF is left.
+/// PDF. It prints to the run's printer; where there is none, the PDF is left. The preview holds one
+/// page at a time, so that a document of many pages is shown as soon as one of few.
 class PrintPane : public QWidget {
   Q_OBJECT
 
  public:
   explicit PrintPane(Instance& instance, QWidget* parent = nullptr);
 
-  /// Shows the document, which must live until another one is shown. None: nothing to print.
+  /// Shows the first page of the document, which must live until another one is shown.
   void Show(PagedDocument* document);
 
   /// The name that the dialog proposes for a PDF.
@@ -29,6 +30,8 @@ class PrintPane : public QWidget {
   void tPDF_Click();
 
  Q_SIGNALS:
+  /// The document goes to paper or into a file next: the last moment to show another one.
+  void Starting();
   void Closed();
 
  private:
@@ -36,13 +39,17 @@ class PrintPane : public QWidget {
   QPushButton* AddButton(QLayout* row, const char* name, TextNumber text);
   QWidget* BuildTools();
   QLayout* BuildButtons();
-  void ShowPageNumber();
+  void ShowPage(int page);
+  void Note(const QString& text);
   void Tell(TextNumber number, const QString& more, Icon icon);
   QString ChoosePdf();
+  bool MayReplace(const QString& path);
 
   Instance& instance_;
   PagedDocument* document_ = nullptr;
   QString proposal_;
+  int shown_ = 1;  // page, from 1
+  int pages_ = 1;
   QPrintPreviewWidget* preview_;
   QLabel* page_;
   QToolButton* back_;
@@ -51,9 +58,6 @@ class PrintPane : public QWidget {
   QPushButton* pdf_;
   QLabel* note_;
 };
-
-/// True when the printer of this run is a real one, not the PDF that stands in where none is.
-bool HasPrinter(clsCommonDialog& dialog);
 
 /// Lets the operator choose the printer for the rest of the run; says so where there is none.
 void SelectPrinter(Instance& instance, QWidget* parent);

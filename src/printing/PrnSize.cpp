@@ -4,14 +4,19 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPrinter>
 #include <QVBoxLayout>
+
+#include <algorithm>
+#include <iterator>
 
 namespace nira {
 
 namespace {
 
 constexpr QSize startSize(980, 700);
+constexpr int settling = 200;  // ms: a size box that is being turned is not followed step by step
 
 QGroupBox* Frame(const QString& title, std::initializer_list<QWidget*> rows) {
   auto* group = new QGroupBox(title);
@@ -31,7 +36,10 @@ QString PdfNameFor(const QString& camFile) {
 }  // namespace
 
 PrnSize::PrnSize(Instance& instance, QWidget* parent)
-    : QDialog(parent), instance_(instance), pane_(new PrintPane(instance)) {
+    : QDialog(parent),
+      instance_(instance),
+      pending_(new QTimer(this)),
+      pane_(new PrintPane(instance)) {
   setObjectName(QStringLiteral("PrnSize"));
   setWindowTitle(instance.Text(TextNumber::PrintWindow));
   auto* left = new QVBoxLayout;
@@ -47,6 +55,11 @@ PrnSize::PrnSize(Instance& instance, QWidget* parent)
   layout->addWidget(pane_, 1);
   pane_->ProposeName(PdfNameFor(instance.Settings.CurrentFile));
   connect(pane_, &PrintPane::Closed, this, &QDialog::close);
+  connect(pane_, &PrintPane::Starting, this, &PrnSize::ShowPending);
+  pending_->setObjectName(QStringLiteral("Pending"));
+  pending_->setSingleShot(true);
+  pending_->setInterval(settling);
+  connect(pending_, &QTimer::timeout, this, &PrnSize::ShowPreview);
   resize(startSize);
   ShowPreview();
 }
@@ -76,7 +89,7 @@ QSpinBox* PrnSize::SizeBox(const char* name) {
   box->setAccessibleName(instance_.Text(TextNumber::PrintRange));
   connect(box, &QSpinBox::valueChanged, this, [this] {
     range_->setChecked(true);
-    ShowPreview();
+    pending_->start();
   });
   return box;
 }
@@ -112,25 +125,30 @@ QWidget* PrnSize::BuildPaper() {
   paper_ = new QComboBox;
   paper_->setObjectName(QStringLiteral("CmbCar"));
   paper_->setAccessibleName(instance_.Text(TextNumber::PrintPaper));
-  for (const QPageSize::PageSizeId id : {QPageSize::A4, QPageSize::Letter}) {
-    paper_->addItem(QPageSize::key(id), id);
-  }
+  papers_ = {QPageSize(QPageSize::A4), QPageSize(QPageSize::Letter)};
+  for (const QPageSize& paper : papers_) paper_->addItem(paper.key());
   // A printer may be loaded with paper of another size.
   const QPageSize loaded = instance_.Dialog.Printer().pageLayout().pageSize();
-  int place = paper_->findData(loaded.id());
-  if (place < 0 && loaded.isValid() && loaded.id() != QPageSize::Custom) {
-    place = paper_->count();
-    paper_->addItem(loaded.name(), loaded.id());
+  const auto isLoaded = [&loaded](const QPageSize& paper) { return paper.isEquivalentTo(loaded); };
+  const auto place = std::find_if(papers_.begin(), papers_.end(), isLoaded) - papers_.begin();
+  if (place == std::ssize(papers_)) {
+    papers_.push_back(loaded);
+    paper_->addItem(loaded.name());
   }
-  paper_->setCurrentIndex(std::max(place, 0));
+  paper_->setCurrentIndex(static_cast<int>(place));
   connect(paper_, &QComboBox::currentIndexChanged, this, &PrnSize::Paper_Changed);
   return Frame(instance_.Text(TextNumber::PrintPaper), {pages_, flowing_, paper_});
 }
 
 void PrnSize::Paper_Changed() {
-  const auto id = static_cast<QPageSize::PageSizeId>(paper_->currentData().toInt());
-  instance_.Dialog.Printer().setPageSize(QPageSize(id));
+  const auto place = static_cast<std::size_t>(paper_->currentIndex());
+  instance_.Dialog.Printer().setPageSize(papers_.at(place));
   ShowPreview();
+}
+
+void PrnSize::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (!enter || (!from_->hasFocus() && !to_->hasFocus())) QDialog::keyPressEvent(event);
 }
 
 ListingOptions PrnSize::Chosen() const {
@@ -149,7 +167,12 @@ ListingOptions PrnSize::Chosen() const {
   return options;
 }
 
+void PrnSize::ShowPending() {
+  if (pending_->isActive()) ShowPreview();
+}
+
 void PrnSize::ShowPreview() {
+  pending_->stop();
   auto listing =
       std::make_unique<Listing>(instance_.Program, instance_.Texts, instance_.Settings.CurrentFile,
                                 QDateTime::currentDateTime(), Chosen());

@@ -9,8 +9,10 @@
 #include <QDialog>
 #include <QRadioButton>
 #include <QSpinBox>
+#include <QTimer>
 
 #include <memory>
+#include <vector>
 
 namespace nira {
 
@@ -21,6 +23,10 @@ class PrnSize : public QDialog {
  public:
   explicit PrnSize(Instance& instance, QWidget* parent = nullptr);
 
+ protected:
+  /// Enter in a size box ends the number and does not print.
+  void keyPressEvent(QKeyEvent* event) override;
+
  private:
   QWidget* BuildSizes();
   QWidget* BuildContents();
@@ -30,6 +36,7 @@ class PrnSize : public QDialog {
   QSpinBox* SizeBox(const char* name);
   ListingOptions Chosen() const;
   void ShowPreview();
+  void ShowPending();
   void Paper_Changed();
 
   Instance& instance_;
@@ -43,6 +50,8 @@ class PrnSize : public QDialog {
   QRadioButton* pages_;
   QRadioButton* flowing_;
   QComboBox* paper_;
+  std::vector<QPageSize> papers_;  // by the index in the box
+  QTimer* pending_;                // runs while a size box was changed that is not shown yet
   PrintPane* pane_;
   std::unique_ptr<Listing> listing_;
   std::unique_ptr<ListingPainter> painter_;

@@ -184,7 +184,7 @@ class EditCommandTest : public QObject {
     row("describe 33 X", "CAM NOT AVAILABLE IN THIS MODEL");
     row("describe 1 ABCDEFGHIJKLMNOPQRSTU", "20 CHARACTERS AT MOST");
     row("describe 1 A\u0142", "CHARACTER NOT ALLOWED: \u0142");
-    row("describe 1 \"A\nB\"", "CHARACTER NOT ALLOWED: \uFFFD");
+    row("describe 1 \"A\nB\"", "CHARACTER NOT ALLOWED: \u240A");
     row("set-function CamFunc 33 1", "CAM NOT AVAILABLE IN THIS MODEL");
     row("set-function CamFunc 2 211", outside("0-210"));
     row("set-function AdvanceOn 2", outside("0-1"));

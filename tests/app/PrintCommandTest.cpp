@@ -1,6 +1,7 @@
 #include "app/CommandLine.h"
 #include "support/CamFileFixture.h"
 
+#include <QProcess>
 #include <QTest>
 
 namespace nira {
@@ -51,6 +52,40 @@ class PrintCommandTest : public QObject {
     QVERIFY2(output.contains(said), qPrintable(output));
     QCOMPARE(QFile::exists(to), pages > 0);
     if (pages > 0) QCOMPARE(ReadBytes(to).count("/Type /Page\n"), pages);
+  }
+
+  void FromTheShell_data() {
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<int>("status");
+    QTest::newRow("plain") << u"print @/in.cam @/out.pdf"_qs << 0;
+    QTest::newRow("option first") << u"--yes print @/in.cam @/out.pdf"_qs << 0;
+    QTest::newRow("dashes first") << u"-- print @/in.cam @/out.pdf"_qs << 0;
+    QTest::newRow("no option of ours") << u"print @/in.cam @/out.pdf -platform foo"_qs << 2;
+    QTest::newRow("no option at all") << u"-platform foo print @/in.cam @/out.pdf"_qs << 2;
+    QTest::newRow("nothing to print") << u"print --help"_qs << 0;
+  }
+
+  /// The program itself, without a display and a session: it draws, and says nothing of its own.
+  void FromTheShell() {
+    QFETCH(QString, line);
+    QFETCH(int, status);
+    const QTemporaryDir folder;
+    QVERIFY(WriteBytes(folder.filePath(u"in.cam"_qs),
+                       PlainHead() + " FORMATO N. 01\r\nC 01\r\n 010 020\r\nEND\r\n"));
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* name : {"DISPLAY", "XDG_RUNTIME_DIR", "QT_QPA_PLATFORM"}) {
+      environment.remove(QString::fromLatin1(name));
+    }
+    process.setProcessEnvironment(environment);
+    process.start(QCoreApplication::applicationDirPath() + u"/kplctl",
+                  line.replace(u'@', folder.path()).split(u' '));
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process.exitCode(), status);
+    QCOMPARE(process.readAllStandardError().isEmpty(), status == 0);
+    const bool prints = status == 0 && !line.endsWith(u"--help"_qs);
+    QCOMPARE(QFile::exists(folder.filePath(u"out.pdf"_qs)), prints);
   }
 
   /// A file that stands there is asked about, and the program itself is never replaced.

@@ -72,6 +72,11 @@ class SizeCommandsTest : public QObject {
     f.window->resize(f.window->size() + QSize(40, 40));
     WindowFixture::OtherWindow();
     f.Activate();
+    for (const auto& answer : {std::optional<QString>(), std::optional(u"NEW"_qs)}) {
+      f.prompts.ExpectInput(answer);
+      f.DoubleClick(u"LDefC_7"_qs);
+    }
+    QCOMPARE(f.Text("LDefC_4"), u"NEW"_qs);
     QCOMPARE(f.Lines(), lines);
     QCOMPARE(f.Find<CamBar>(u"Barra_4"_qs)->Shown().runs.size(), std::size_t(2));
     f.Press(Qt::Key_PageDown);
@@ -123,6 +128,8 @@ class SizeCommandsTest : public QObject {
     QTest::newRow("too long") << QStringList{QString(21, u'A'), u"B"_qs} << longTold << u"B"_qs;
     QTest::newRow("foreign") << QStringList{u"\u0416"_qs}
                              << u"Exclamation Ok: CARATTERE NON AMMESSO: \u0416"_qs << u"OLD"_qs;
+    QTest::newRow("line end") << QStringList{u"A\nB"_qs}
+                              << u"Exclamation Ok: CARATTERE NON AMMESSO: \u240A"_qs << u"OLD"_qs;
     QTest::newRow("emptied") << QStringList{u""_qs} << eraseTold << QString();
     QTest::newRow("emptied, Cancel") << QStringList{u""_qs} << eraseTold << u"OLD"_qs;
   }

@@ -36,6 +36,10 @@ class SizeOperationsTest : public QObject {
     QTest::newRow("half to even") << u"2.5"_qs << u"2-3 12-22"_qs;
     QTest::newRow("letters behind") << u"3abc"_qs << u"3-4 13-23"_qs;
     QTest::newRow("beyond 32 bits") << u"3600000000001"_qs << u"1-2 11-21"_qs;
+    QTest::newRow("thirty digits") << u"360000000000000000000000000001"_qs << u"1-2 11-21"_qs;
+    QTest::newRow("thirty digits and a half")
+        << u"-360000000000000000000000000001.5"_qs << u"8-18 358-359"_qs;
+    QTest::newRow("rounded to a turn") << u"359.5"_qs << u"0-1 10-20"_qs;
   }
 
   void Shifts() {
@@ -51,10 +55,12 @@ class SizeOperationsTest : public QObject {
     QTest::addColumn<int>("number");
     QTest::addColumn<int>("outcome");
     QTest::addColumn<QString>("content");
+    QTest::addColumn<QString>("told");
     const QString before = u"1.1: 1-2; 1.2: 3-4; 2.1: 5-6; 1 = OLD"_qs;
     const auto row = [](const char* name, const QByteArray& body, int number,
-                        ImportResult::Outcome outcome, const QString& content) {
-      QTest::newRow(name) << body << number << static_cast<int>(outcome) << content;
+                        ImportResult::Outcome outcome, const QString& content,
+                        const QString& told = {}) {
+      QTest::newRow(name) << body << number << static_cast<int>(outcome) << content << told;
     };
     using O = ImportResult::Outcome;
     row("phases and descriptions",
@@ -64,12 +70,20 @@ class SizeOperationsTest : public QObject {
     row("an empty size", "FUNZIONI\r\n FORMATO N. 02\r\nEND\r\n", 2, O::Imported,
         u"2.1: 5-6; 1 = OLD"_qs);
     row("no such size", "FUNZIONI\r\n FORMATO N. 02\r\nEND\r\n", 1, O::NoSize, before);
-    row("no cam file", "SOMETHING\r\n FORMATO N. 01\r\n", 1, O::Bad, before);
+    row("no cam file", "SOMETHING\r\n FORMATO N. 01\r\n", 1, O::Bad, before, u"SOMETHING"_qs);
     row("a cam beyond the program's",
-        "FUNZIONI\r\n FORMATO N. 01\r\nC 01\r\n 100 110\r\nC 03\r\n 001 002\r\n", 1, O::Bad,
-        before);
-    row("cut in the block", "FUNZIONI\n FORMATO N. 01\nC 01\n 100 110", 1, O::Imported,
+        "FUNZIONI\r\n FORMATO N. 01\r\nC 01\r\n 100 110\r\nC 03\r\n 001 002\r\n", 1, O::Bad, before,
+        u" 001 002"_qs);
+    const QByteArray cut = "FUNZIONI\n FORMATO N. 01\nC 01\n 100 110";
+    row("cut in the block", cut, 1, O::Bad, before, u" 100 110"_qs);
+    row("cut in its last line", cut + "\nEN", 1, O::Bad, before, u"EN"_qs);
+    row("cut behind the block", cut + "\n FORMATO N. 02", 1, O::Imported,
         u"1.1: 100-110; 2.1: 5-6; 1 = OLD"_qs);
+    const QByteArray endless(100000, 'x');
+    const QString shown = QString(200, u'x') + u"..."_qs;
+    row("endless line before the size", "FUNZIONI\n" + endless + "\n FORMATO N. 01\nEND\n", 1,
+        O::Bad, before, shown);
+    row("endless line in the block", cut + "\n" + endless + "\nEND\n", 1, O::Bad, before, shown);
   }
 
   void Imports() {
@@ -84,8 +98,15 @@ class SizeOperationsTest : public QObject {
     const ImportResult result = ImportSize(f.program, f.Path("in.cam"), number, 1);
     QTEST(static_cast<int>(result.outcome), "outcome");
     QTEST(ContentOf(f.program), "content");
+    QTEST(result.text, "told");
     const ImportResult gone = ImportSize(f.program, f.folder.path(), number, 1);
     QCOMPARE(gone.outcome, ImportResult::Outcome::Unreadable);
+#ifdef Q_OS_LINUX
+    // Opens, but its first page cannot be read.
+    const ImportResult failing = ImportSize(f.program, u"/proc/self/mem"_qs, number, 1);
+    QCOMPARE(failing.outcome, ImportResult::Outcome::Unreadable);
+    QVERIFY(!failing.text.isEmpty());
+#endif
   }
 };
 

@@ -411,6 +411,10 @@ class AlMsgTest : public QObject {
     f.Do(u"SEL_FNT"_qs);  // cancelled
     f.dialog.font = QFont(u"Courier & Co"_qs, 14);
     f.Do(u"SEL_FNT"_qs);
+    f.prompts.Expect();
+    f.Do(u"Pr_SEL"_qs);
+    QVERIFY(f.prompts.Shown().constLast().contains(u"NESSUNA STAMPANTE"_qs));
+    f.dialog.printer = true;
     f.Do(u"Pr_SEL"_qs);
     QCOMPARE(f.dialog.shown, QStringList({u"font; Arial"_qs, u"font; Arial"_qs, u"printer"_qs}));
     f.Reopen();

@@ -59,6 +59,9 @@ class TextTest : public QObject {
     }
     QCOMPARE(ForeignCharacter(u"a\U0001F600b"_qs), u"\U0001F600"_qs);
     QCOMPARE(ForeignCharacter(u"\u20AC\u00E8"_qs), QString());
+    QCOMPARE(UntypableCharacter(u"a\tb\n\u0416"_qs), u"\u2409"_qs);
+    QCOMPARE(UntypableCharacter(u"a\u0416"_qs), u"\u0416"_qs);
+    QCOMPARE(UntypableCharacter(u"a \"b\" \u20AC"_qs), QString());
   }
 
   void FillsAndTrims() {

@@ -1,3 +1,4 @@
+#include "model/Text.h"
 #include "printing/ListingPainter.h"
 
 #include <QPaintDevice>
@@ -15,6 +16,16 @@ class Recorder : public QPaintDevice {
 
   QPaintEngine* paintEngine() const override { return &engine_; }
   const QStringList& Words() const { return engine_.words; }
+  /// Two words that stand on each other; empty when there are none.
+  QString Overlap() const {
+    for (qsizetype i = 0; i < engine_.places.size(); ++i) {
+      for (qsizetype k = 0; k < i; ++k) {
+        if (!engine_.places.at(i).intersects(engine_.places.at(k))) continue;
+        return engine_.words.at(k) + u'|' + engine_.words.at(i);
+      }
+    }
+    return {};
+  }
   const QList<QRectF>& Bars() const { return engine_.bars; }
   /// Everything that was painted.
   const QRectF& Ink() const { return engine_.ink; }
@@ -49,9 +60,11 @@ class Recorder : public QPaintDevice {
       for (int i = 0; i < count; ++i) ink |= QRectF(points[i], QSizeF(1, 1));
     }
     void drawTextItem(const QPointF& place, const QTextItem& item) override {
+      const QRectF box(place.x(), place.y() - item.ascent(), item.width(),
+                       item.ascent() + item.descent());
       words.append(item.text());
-      ink |= QRectF(place.x(), place.y() - item.ascent(), item.width(),
-                    item.ascent() + item.descent());
+      places.append(box.adjusted(0, 5, 0, -5));  // accents and tails are shorter than the line
+      ink |= box;
     }
     void drawRects(const QRectF* rects, int count) override {
       for (int i = 0; i < count; ++i) {
@@ -62,6 +75,7 @@ class Recorder : public QPaintDevice {
     using QPaintEngine::drawRects;
 
     QStringList words;
+    QList<QRectF> places;
     QList<QRectF> bars;
     QRectF ink;
   };
@@ -147,8 +161,13 @@ class ListingTest : public QObject {
         QPainter on(&recorder);
         painter.Paint(on, page);
         on.end();
+        bool named = false;  // the cam whose phases come first on this page
         for (const QString& word : recorder.Words()) {
-          if (IsPhase(word)) printed.append(word.trimmed());
+          const auto cam = phases > 0 ? printed.size() / phases % cams : 0;
+          named = named || word == ZeroFilled(cam + 1, 2);
+          if (!IsPhase(word)) continue;
+          QVERIFY2(named, qPrintable(u"page %1"_qs.arg(page)));
+          printed.append(word.trimmed());
         }
         bars += int(recorder.Bars().size());
         QVERIFY(recorder.Words().contains(u"Pagina %1 / %2"_qs.arg(page).arg(pages)));
@@ -159,6 +178,46 @@ class ListingTest : public QObject {
       QCOMPARE(printed, Expected(options));
       QCOMPARE(bars, diagram ? 4 * cams * phases : 0);
     }
+  }
+
+  void OtherPapers_data() {
+    QTest::addColumn<QPageSize::PageSizeId>("paper");
+    QTest::addColumn<bool>("landscape");
+    for (const auto id : {QPageSize::A4, QPageSize::A5, QPageSize::A6}) {
+      for (const bool landscape : {false, true}) {
+        QTest::addRow("%s %d", qPrintable(QPageSize::key(id)), landscape) << id << landscape;
+      }
+    }
+  }
+
+  /// On small paper too nothing stands on anything else, and every function line is there once.
+  void OtherPapers() {
+    QFETCH(QPageSize::PageSizeId, paper);
+    QFETCH(bool, landscape);
+    FunctionsBlock functions;
+    functions.AdvanceOn = functions.DelayOn = functions.Ratio25On = 1;
+    functions.AdvanceLast = 31;
+    functions.CamFunc.fill(210);
+    functions.Delay17to20 = functions.Delay21to24 = 210;
+    program_.SetFunctions(functions);
+    for (int cam = 0; cam < 32; ++cam) program_.SetPhase(1, cam, 10 * cam, 10 * cam + 5);
+    program_.SetCamText(0, QString(20, u'W'));
+    const Listing listing(program_, texts_, u"a.cam"_qs, QDateTime::currentDateTime(), {});
+    ListingPainter painter(listing);
+    QSizeF size = QPageSize(paper).size(QPageSize::Point) * 10;
+    if (landscape) size.transpose();
+    const int pages = painter.LayOut(size);
+    QStringList words;
+    for (int page = 1; page <= pages; ++page) {
+      Recorder recorder(size);
+      QPainter on(&recorder);
+      painter.Paint(on, page);
+      on.end();
+      QCOMPARE(recorder.Overlap(), QString());
+      QVERIFY(QRectF({}, size).adjusted(200, 200, -200, -200).contains(recorder.Ink()));
+      words += recorder.Words();
+    }
+    for (const QString& line : listing.FunctionLines()) QCOMPARE(words.count(line), 1);
   }
 
   /// A bar begins and ends where its degrees stand on the scale; one that goes on over 359/0 is
@@ -211,17 +270,40 @@ class ListingTest : public QObject {
     }
   }
 
+  void OneIsNoPlural() {
+    program_.SetLimits(1, 1, 255);
+    const Listing listing(program_, texts_, {}, QDateTime(), {});
+    QCOMPARE(listing.ModelLine(), u"QX1   1 camma  1 formato  255 messaggi"_qs);
+  }
+
+  void Pdf_data() {
+    using Layout = QPageLayout;
+    QTest::addColumn<QPageLayout>("paper");
+    QTest::addColumn<QByteArray>("box");
+    const QMarginsF margins(10, 10, 10, 10);
+    QTest::newRow("portrait") << Layout(QPageSize(QPageSize::Letter), Layout::Portrait, margins)
+                              << QByteArray("612.000000 792.000000");
+    QTest::newRow("landscape") << Layout(QPageSize(QPageSize::Letter), Layout::Landscape, margins)
+                               << QByteArray("792.000000 612.000000");
+    const QPageSize own(QSizeF(500, 700), QPageSize::Point);
+    QTest::newRow("no standard") << Layout(own, Layout::Portrait, margins)
+                                 << QByteArray("500.000000 700.000000");
+  }
+
   void Pdf() {
+    QFETCH(QPageLayout, paper);
+    QFETCH(QByteArray, box);
     program_.SetPhase(1, 0, 10, 20);
     ListingOptions options;
     options.LastSize = 22;
     const Listing listing(program_, texts_, u"a.cam"_qs, QDateTime(), options);
     ListingPainter painter(listing);
-    const QByteArray pdf = PdfOf(painter, QPageSize::Letter);
+    const QByteArray pdf = PdfOf(painter, paper);
     QVERIFY(pdf.startsWith("%PDF-"));
     QVERIFY(pdf.trimmed().endsWith("%%EOF"));
-    QCOMPARE(pdf.count("/Type /Page\n"), 22);
-    QCOMPARE(pdf.count("/MediaBox [0 0 612.000000 792.000000]"), 22);
+    QVERIFY(painter.Pages() >= 22);
+    QCOMPARE(pdf.count("/Type /Page\n"), painter.Pages());
+    QCOMPARE(pdf.count(QByteArray("/MediaBox [0 0 " + box + ']')), painter.Pages());
   }
 };
 

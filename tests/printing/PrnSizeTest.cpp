@@ -16,10 +16,7 @@ class PrnSizeTest : public QObject {
   static constexpr const char* proposed = "press.pdf";
 
   /// A program of 22 sizes on a machine without a printer.
-  static bool Begin(WindowFixture& f) {
-    f.dialog.Printer().setOutputFormat(QPrinter::PdfFormat);
-    return f.Start(f.Sample(u"press.CAM"_qs));
-  }
+  static bool Begin(WindowFixture& f) { return f.Start(f.Sample(u"press.CAM"_qs)); }
 
   static void ClickOn(const PrnSize* window, const QString& name) {
     auto* button = window->findChild<QAbstractButton*>(name);
@@ -61,10 +58,10 @@ class PrnSizeTest : public QObject {
         box->setFocus();
         box->selectAll();
         QTest::keyClicks(box, typed);
-        QTest::keyClick(box, Qt::Key_Tab);
+        QTest::keyClick(box, Qt::Key_Return);  // ends the number and does not print
       }
+      ClickOn(window, u"tPDF"_qs);  // at once, though a box that is turned is followed later
       shown = window->findChild<QLabel*>(u"Pag"_qs)->text();
-      ClickOn(window, u"tPDF"_qs);
       ClickOn(window, u"tCHI"_qs);
     });
     f.Choose("Pr_size");
@@ -75,25 +72,106 @@ class PrnSizeTest : public QObject {
     QTEST(int(pdf.count("/Type /Page\n")), "pages");
   }
 
-  void PaperIsTakenOver() {
+  /// The preview holds the page that is shown and no other, however many there are.
+  void Leafing() {
     WindowFixture f;
     QVERIFY(Begin(f));
-    f.dialog.Expect(f.Path(u"out.pdf"_qs));
     WhenOpens<PrnSize>([](PrnSize* window) {
-      auto* paper = window->findChild<QComboBox*>(u"CmbCar"_qs);
-      QTest::keyClick(paper, Qt::Key_L);
+      ClickOn(window, u"OpTut"_qs);
+      const auto* preview = window->findChild<QPrintPreviewWidget*>(u"Preview"_qs);
+      const auto* next = window->findChild<QToolButton*>(u"PagNext"_qs);
+      for (int page = 1; page < 22; ++page) {
+        QVERIFY(next->isEnabled());
+        ClickOn(window, u"PagNext"_qs);
+        QCOMPARE(preview->pageCount(), 1);
+      }
+      QVERIFY(!next->isEnabled());
+      ClickOn(window, u"PagBack"_qs);
+      QCOMPARE(window->findChild<QLabel*>(u"Pag"_qs)->text(), u"21 / 22"_qs);
+      auto* box = window->findChild<QSpinBox*>(u"TA"_qs);
+      QTest::keyClick(box, Qt::Key_Up);
+      QTest::keyClick(box, Qt::Key_Up);
+      QCOMPARE(window->findChild<QLabel*>(u"Pag"_qs)->text(), u"21 / 22"_qs);
+      auto* pending = window->findChild<QTimer*>(u"Pending"_qs);
+      QVERIFY(pending->isActive());
+      pending->start(0);
+      QTRY_COMPARE(window->findChild<QLabel*>(u"Pag"_qs)->text(), u"1 / 3"_qs);
+      window->close();
+    });
+    f.Choose("Pr_size");
+  }
+
+  void PaperIsTakenOver_data() {
+    QTest::addColumn<QString>("key");  // in the box of the papers
+    QTest::addColumn<QPageLayout>("loaded");
+    QTest::addColumn<QByteArray>("box");
+    const QPageSize own(QSizeF(500, 700), QPageSize::Point);
+    const QPageSize a4(QPageSize::A4);
+    QTest::newRow("chosen") << u"L"_qs << QPageLayout(a4, QPageLayout::Portrait, {})
+                            << QByteArray("612.000000 792.000000");
+    QTest::newRow("the printer's") << QString() << QPageLayout(own, QPageLayout::Landscape, {})
+                                   << QByteArray("700.000000 500.000000");
+  }
+
+  void PaperIsTakenOver() {
+    QFETCH(QString, key);
+    QFETCH(QPageLayout, loaded);
+    QFETCH(QByteArray, box);
+    WindowFixture f;
+    QVERIFY(Begin(f));
+    f.dialog.Printer().setPageLayout(loaded);
+    f.dialog.Expect(f.Path(u"out.pdf"_qs));
+    WhenOpens<PrnSize>([&key](PrnSize* window) {
+      QTest::keyClicks(window->findChild<QComboBox*>(u"CmbCar"_qs), key);
       ClickOn(window, u"tPDF"_qs);
       window->close();
     });
     f.Choose("Pr_size");
-    QVERIFY(ReadBytes(f.Path(u"out.pdf"_qs)).contains("612.000000 792.000000"));
+    QVERIFY(ReadBytes(f.Path(u"out.pdf"_qs)).contains(box));
+  }
+
+  /// No two captions of the window answer to the same key.
+  void Mnemonics_data() { NameRows("script", {"p32qx_IT.SCR", "p32qx_EN.SCR"}); }
+
+  void Mnemonics() {
+    QFETCH(QString, script);
+    WindowFixture f;
+    QVERIFY(f.texts.Read(f.Path(script)));
+    const PrnSize window(f.instance);
+    QStringList keys;
+    for (const auto* button : window.findChildren<QAbstractButton*>()) {
+      const QString key = QKeySequence::mnemonic(button->text()).toString();
+      if (key.isEmpty()) continue;
+      QVERIFY2(!keys.contains(key), qPrintable(key + u' ' + button->text()));
+      keys.append(key);
+    }
+    QCOMPARE(keys.size(), 10);
+  }
+
+  /// The note names the whole file, though it may have no room for it.
+  void Note() {
+    WindowFixture f;
+    QVERIFY(Begin(f));
+    const QString path = f.Path(QString(200, u'x') + u".pdf");
+    f.dialog.Expect(path);
+    WhenOpens<PrnSize>([&path](PrnSize* window) {
+      auto* note = window->findChild<QLabel*>(u"Note"_qs);
+      const QImage before = note->grab().toImage();
+      ClickOn(window, u"tPDF"_qs);
+      QCOMPARE(note->toolTip(), u"File salvato: "_qs + path);
+      QVERIFY(note->grab().toImage() != before);
+      window->close();
+    });
+    f.Choose("Pr_size");
   }
 
   /// What cannot be done is said, and what stood there stays.
   void Refusals() {
     WindowFixture f;
     QVERIFY(Begin(f));
-    QVERIFY(WriteBytes(f.Path(u"kept.pdf"_qs), "old"));
+    for (const QString& name : {u"kept.pdf"_qs, u"kept.txt.pdf"_qs}) {
+      QVERIFY(WriteBytes(f.Path(name), "old"));
+    }
     const QString missing = f.Path(u"no folder/out.pdf"_qs);
     WhenOpens<PrnSize>([&](PrnSize* window) {
       f.prompts.Expect();
@@ -103,23 +181,33 @@ class PrnSizeTest : public QObject {
       ClickOn(window, u"tPDF"_qs);
       f.dialog.ExpectCancel();
       ClickOn(window, u"tPDF"_qs);
-      f.dialog.Expect(f.Path(u"kept"_qs));
-      f.prompts.Expect(Answer::No);
+      for (const QString& name : {u"kept"_qs, u"kept.txt"_qs}) {
+        f.dialog.Expect(f.Path(name));
+        f.prompts.Expect(Answer::No);
+        ClickOn(window, u"tPDF"_qs);
+      }
+      f.settings.CurrentFile = f.Path(u"kept.pdf"_qs);
+      f.dialog.Expect(f.settings.CurrentFile);
+      f.prompts.Expect();
       ClickOn(window, u"tPDF"_qs);
       QTest::keyClick(window, Qt::Key_Escape);
     });
     f.Choose("Pr_size");
-    QCOMPARE(ReadBytes(f.Path(u"kept.pdf"_qs)), QByteArray("old"));
+    QCOMPARE(ReadBytes(f.Path(u"kept.pdf"_qs)) + ReadBytes(f.Path(u"kept.txt.pdf"_qs)),
+             QByteArray("oldold"));
     f.prompts.Expect();
     f.Choose("f_SelPr");
     const QString none = u"Exclamation Ok: NESSUNA STAMPANTE: SI PUO' SCRIVERE UN FILE PDF"_qs;
     const QStringList shown = f.prompts.Shown();
-    QCOMPARE(shown.size(), 4);
+    QCOMPARE(shown.size(), 6);
     QCOMPARE(shown.at(0), none);
     QVERIFY(shown.at(1).startsWith(u"Critical Ok: IMPOSSIBILE SCRIVERE IL FILE\n"_qs + missing));
     QCOMPARE(shown.at(2), u"Exclamation YesNo: IL FILE ESISTE GIA'. SOSTITUIRLO ?\n"_qs +
                               f.Path(u"kept.pdf"_qs));
-    QCOMPARE(shown.at(3), none);
+    QVERIFY(shown.at(3).endsWith(f.Path(u"kept.txt.pdf"_qs)));
+    QCOMPARE(shown.at(4), u"Critical Ok: IMPOSSIBILE SCRIVERE IL FILE\n"_qs +
+                              f.Path(u"kept.pdf"_qs) + u"\nE' IL FILE DI CAMMA APERTO"_qs);
+    QCOMPARE(shown.at(5), none);
   }
 };
 

@@ -45,6 +45,7 @@ class ScriptedDialog : public clsCommonDialog {
     if (font) Font = *font;
     return font.has_value();
   }
+  bool HasPrinter() const override { return printer; }
   bool ShowPrinter(QWidget*) override {
     shown.append(QStringLiteral("printer"));
     return true;
@@ -52,6 +53,8 @@ class ScriptedDialog : public clsCommonDialog {
 
   /// "open; title; filter; flags; preset" of each dialog so far.
   QStringList shown;
+  /// The machine has a printer.
+  bool printer = false;
   /// The font that is chosen; none = Cancel.
   std::optional<QFont> font;
 
