@@ -2,6 +2,7 @@
 
 #include "dialogs/ThemedIcon.h"
 #include "messages/ModMsg.h"
+#include "messages/PrnMsg.h"
 #include "model/Text.h"
 #include "printing/PrintPane.h"
 
@@ -62,7 +63,7 @@ QAction* AlMsg::AddEntry(QMenu* menu, const char* name, TextNumber caption, Hand
   entry->setObjectName(QString::fromLatin1(name));
   entry->setIconVisibleInMenu(false);
   if (key != QKeySequence::UnknownKey) entry->setShortcut(key);
-  if (handler != nullptr) connect(entry, &QAction::triggered, this, handler);
+  connect(entry, &QAction::triggered, this, handler);
   return entry;
 }
 
@@ -83,8 +84,7 @@ QMenu* AlMsg::BuildMenu() {
   menu->addSeparator();
   AddEntry(menu, "Pr_SEL", TextNumber::MsgSelectPrinter, &AlMsg::Pr_SEL_Click);
   AddEntry(menu, "SEL_FNT", TextNumber::MsgSelectFont, &AlMsg::SEL_FNT_Click);
-  // What prints is not built yet.
-  AddEntry(menu, "Pr_msg", TextNumber::MsgPrint, nullptr, QKeySequence::Print)->setEnabled(false);
+  AddEntry(menu, "Pr_msg", TextNumber::MsgPrint, &AlMsg::Pr_msg_Click, QKeySequence::Print);
   menu->addSeparator();
   AddEntry(menu, "F_EX", TextNumber::MsgExit, &AlMsg::tEX_Click);
   return menu;
@@ -296,6 +296,10 @@ void AlMsg::tMOD_Click() {
   if (ModMsg(instance_, number, this).exec() != QDialog::Accepted) return;
   list_->ShowOne(number);
   ShowSelected();
+}
+
+void AlMsg::Pr_msg_Click() {
+  PrnMsg(instance_, this).exec();
 }
 
 void AlMsg::Pr_SEL_Click() {

@@ -63,6 +63,7 @@ class AlMsg : public QDialog {
   void t_Searc_Click();
   void S_num_Click();
   void tMOD_Click();
+  void Pr_msg_Click();
   void Pr_SEL_Click();
   void SEL_FNT_Click();
   void tEX_Click();

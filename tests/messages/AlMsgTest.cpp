@@ -1,5 +1,6 @@
 #include "messages/AlMsg.h"
 #include "messages/ModMsg.h"
+#include "messages/PrnMsg.h"
 #include "support/WindowFixture.h"
 
 #include <QLineEdit>
@@ -422,6 +423,30 @@ class AlMsgTest : public QObject {
     QFont kept;
     QVERIFY(kept.fromString(f.settings.MsgFont));
     QCOMPARE(kept.pointSize(), 14);
+  }
+
+  /// Shown page by page, and written as a PDF beside the message file.
+  void Printing() {
+    MessageWindow f;
+    const QString path = f.OpenSample(u"press_IT.MSG"_qs);
+    const QString pdf = f.Path("list.pdf");
+    QStringList seen;
+    WhenOpens<PrnMsg>([&](PrnMsg* open) {
+      const auto press = [open](const QString& name) {
+        QTest::mouseClick(open->findChild<QAbstractButton*>(name), Qt::LeftButton);
+      };
+      press(u"PagNext"_qs);
+      seen.append(open->findChild<QLabel*>(u"Pag"_qs)->text());
+      f.dialog.Expect(pdf);
+      press(u"tPDF"_qs);
+      seen.append(open->findChild<QLabel*>(u"Note"_qs)->text());
+      press(u"tCHI"_qs);
+    });
+    f.Do(u"Pr_msg"_qs);
+    QCOMPARE(seen.value(0).section(u' ', 0, 0), u"2"_qs);
+    QVERIFY2(seen.value(1).endsWith(pdf), qPrintable(seen.join(u'|')));
+    QVERIFY(ReadBytes(pdf).startsWith("%PDF"));
+    QVERIFY(f.settings.MsgSaved && f.settings.MsgFile == path);
   }
 };
 

@@ -1,88 +1,12 @@
 #include "model/Text.h"
 #include "printing/ListingPainter.h"
+#include "support/PaintRecorder.h"
 
-#include <QPaintDevice>
-#include <QPaintEngine>
 #include <QTest>
 
 namespace nira {
 
 using namespace Qt::StringLiterals;
-
-/// A paint device that keeps the words and the boxes that are painted on it, with their places.
-class Recorder : public QPaintDevice {
- public:
-  explicit Recorder(const QSizeF& size) : size_(size.toSize()) {}
-
-  QPaintEngine* paintEngine() const override { return &engine_; }
-  const QStringList& Words() const { return engine_.words; }
-  /// Two words that stand on each other; empty when there are none.
-  QString Overlap() const {
-    for (qsizetype i = 0; i < engine_.places.size(); ++i) {
-      for (qsizetype k = 0; k < i; ++k) {
-        if (!engine_.places.at(i).intersects(engine_.places.at(k))) continue;
-        return engine_.words.at(k) + u'|' + engine_.words.at(i);
-      }
-    }
-    return {};
-  }
-  const QList<QRectF>& Bars() const { return engine_.bars; }
-  /// Everything that was painted.
-  const QRectF& Ink() const { return engine_.ink; }
-
- protected:
-  int metric(PaintDeviceMetric metric) const override {
-    switch (metric) {
-      case PdmWidth:
-        return size_.width();
-      case PdmHeight:
-        return size_.height();
-      case PdmDpiX:
-      case PdmDpiY:
-      case PdmPhysicalDpiX:
-      case PdmPhysicalDpiY:
-        return PagedDocument::UnitsPerInch;
-      default:
-        return 1;
-    }
-  }
-
- private:
-  class Engine : public QPaintEngine {
-   public:
-    Engine() : QPaintEngine(QPaintEngine::AllFeatures) {}
-    bool begin(QPaintDevice*) override { return true; }
-    bool end() override { return true; }
-    Type type() const override { return User; }
-    void updateState(const QPaintEngineState&) override {}
-    void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
-    void drawPolygon(const QPointF* points, int count, PolygonDrawMode) override {
-      for (int i = 0; i < count; ++i) ink |= QRectF(points[i], QSizeF(1, 1));
-    }
-    void drawTextItem(const QPointF& place, const QTextItem& item) override {
-      const QRectF box(place.x(), place.y() - item.ascent(), item.width(),
-                       item.ascent() + item.descent());
-      words.append(item.text());
-      places.append(box.adjusted(0, 5, 0, -5));  // accents and tails are shorter than the line
-      ink |= box;
-    }
-    void drawRects(const QRectF* rects, int count) override {
-      for (int i = 0; i < count; ++i) {
-        bars.append(rects[i]);
-        ink |= rects[i];
-      }
-    }
-    using QPaintEngine::drawRects;
-
-    QStringList words;
-    QList<QRectF> places;
-    QList<QRectF> bars;
-    QRectF ink;
-  };
-
-  QSize size_;
-  mutable Engine engine_;
-};
 
 /// The sizes of a program on paper.
 class ListingTest : public QObject {
@@ -157,7 +81,7 @@ class ListingTest : public QObject {
       QStringList printed;
       int bars = 0;
       for (int page = 1; page <= pages; ++page) {
-        Recorder recorder(paper);
+        PaintRecorder recorder(paper);
         QPainter on(&recorder);
         painter.Paint(on, page);
         on.end();
@@ -209,7 +133,7 @@ class ListingTest : public QObject {
     const int pages = painter.LayOut(size);
     QStringList words;
     for (int page = 1; page <= pages; ++page) {
-      Recorder recorder(size);
+      PaintRecorder recorder(size);
       QPainter on(&recorder);
       painter.Paint(on, page);
       on.end();
@@ -229,7 +153,7 @@ class ListingTest : public QObject {
     const Listing listing(program_, texts_, {}, QDateTime(), options);
     ListingPainter painter(listing);
     painter.LayOut(QSizeF(5950, 8420));
-    Recorder recorder(QSizeF(5950, 8420));
+    PaintRecorder recorder(QSizeF(5950, 8420));
     QPainter on(&recorder);
     painter.Paint(on, 1);
     on.end();

@@ -1,0 +1,46 @@
+#include "messages/PrnMsg.h"
+
+#include <QFileInfo>
+#include <QVBoxLayout>
+
+namespace nira {
+
+namespace {
+
+constexpr QSize previewSize(760, 700);
+
+QFont FontOf(const Globals& settings) {
+  QFont font;
+  font.fromString(settings.MsgFont);
+  return font;
+}
+
+/// What the heading names: the file, or what the messages are when they are in none.
+QString HeadingOf(const Instance& instance) {
+  const QString& file = instance.Settings.MsgFile;
+  return file.isEmpty() ? instance.Text(TextNumber::AlarmMessages) : file;
+}
+
+}  // namespace
+
+PrnMsg::PrnMsg(Instance& instance, QWidget* parent)
+    : QDialog(parent),
+      listing_(instance.Program, instance.Texts, HeadingOf(instance), QDateTime::currentDateTime(),
+               FontOf(instance.Settings)) {
+  setObjectName(QStringLiteral("PrnMsg"));
+  setWindowTitle(instance.Text(TextNumber::AlarmMessages));
+  auto* pane = new PrintPane(instance);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(12, 12, 12, 12);
+  layout->addWidget(pane);
+  if (const QString& file = instance.Settings.MsgFile; !file.isEmpty()) {
+    const QFileInfo info(file);
+    pane->ProposeName(info.absolutePath() + u'/' + info.completeBaseName() +
+                      QStringLiteral(".pdf"));
+  }
+  connect(pane, &PrintPane::Closed, this, &QDialog::close);
+  resize(previewSize);
+  pane->Show(&listing_);
+}
+
+}  // namespace nira
