@@ -12,6 +12,7 @@
 #include "editor/MainWindow.h"
 #include "editor/SizeOperations.h"
 #include "files/CamLines.h"
+#include "support/ScriptedSerial.h"
 
 #include <QApplication>
 #include <QDir>
@@ -35,7 +36,9 @@ double Median(std::vector<double> values) {
 
 /// The program's state and main window, as its own `main` makes them, in a folder of the bench.
 struct Running {
-  explicit Running(const QString& path) : folder(path), window(instance) {}
+  explicit Running(const QString& path) : folder(path), window(instance, comm, ports) {
+    serial.Holding = false;  // no programmer: the start goes on without a question
+  }
 
   CamProgram program;
   Globals settings;
@@ -45,6 +48,9 @@ struct Running {
   clsCommonDialog dialog;
   WorkingFolder folder;
   Instance instance{program, settings, texts, writer, folder, prompts, dialog};
+  ScriptedSerial serial;
+  PortNames ports{folder};
+  Comm comm{serial, serial, program, settings, texts, writer, folder, prompts};
   MainWindow window;
 };
 

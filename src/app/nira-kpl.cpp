@@ -1,3 +1,5 @@
+#include "comm/QtSerialControl.h"
+#include "comm/SystemClock.h"
 #include "dialogs/ProgramStyle.h"
 #include "dialogs/QtPrompts.h"
 #include "editor/MainWindow.h"
@@ -81,7 +83,12 @@ int main(int argc, char** argv) {
     return 1;
   }
 
-  MainWindow window(instance);
+  SystemClock clock;
+  const PortNames ports(folder);
+  QtSerialControl serial(ports, texts, clock);
+  Comm comm{serial, clock, program, settings, texts, writer, folder, prompts};
+
+  MainWindow window(instance, comm, ports);
   if (!window.Form_Load(startFile)) return 1;
   window.show();
   return QApplication::exec();

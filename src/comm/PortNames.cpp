@@ -65,8 +65,12 @@ PortInfo InfoOf(int number, const QString& device, const QList<QSerialPortInfo>&
 #else
   info.Permitted = file.isReadable() && file.isWritable();
 #endif
-  if (info.Present) info.HeldBy = PortHolder(device);
   return info;
+}
+
+PortInfo WithHolder(PortInfo port) {
+  if (port.Present) port.HeldBy = PortHolder(port.Device);
+  return port;
 }
 
 }  // namespace
@@ -99,13 +103,29 @@ QString PortNames::Device(int number) const {
 }
 
 PortInfo PortNames::Describe(int number) const {
-  return Describe(number, QSerialPortInfo::availablePorts());
+  return WithHolder(Describe(number, QSerialPortInfo::availablePorts()));
 }
 
 PortInfo PortNames::Describe(int number, const QList<QSerialPortInfo>& known) const {
   PortInfo port = InfoOf(number, Device(number), known);
   port.Simulated = IsSimulatedPort(Link(number));
   return port;
+}
+
+// A ttyS is a file on every machine: without a link it counts when the system knows its port.
+bool PortNames::IsReal(const PortInfo& port, const QList<QSerialPortInfo>& known) const {
+  return port.Number > FixedPorts || !Linked(port.Number).isEmpty() || Knows(known, port.Device);
+}
+
+std::vector<PortInfo> PortNames::Offered() const {
+  const QList<QSerialPortInfo> known = QSerialPortInfo::availablePorts();
+  std::vector<PortInfo> ports;
+  for (int number = 1; number <= Ports; ++number) {
+    PortInfo port = Describe(number, known);
+    port.Present = port.Present && (IsReal(port, known) || !port.Permitted);
+    ports.push_back(port);
+  }
+  return ports;
 }
 
 std::vector<PortInfo> PortNames::All() const {
@@ -117,9 +137,7 @@ std::vector<PortInfo> PortNames::All() const {
   };
   for (int number = 1; number <= Ports; ++number) {
     const PortInfo port = Describe(number, known);
-    // A ttyS is a file on every machine: without a link it counts when the system knows its port.
-    const bool real = number > FixedPorts || !Linked(number).isEmpty() || Knows(known, port.Device);
-    if (port.Present && real) ports.push_back(port);
+    if (port.Present && IsReal(port, known)) ports.push_back(WithHolder(port));
   }
   for (const QSerialPortInfo& port : known) {
 #ifdef Q_OS_WIN
@@ -127,7 +145,7 @@ std::vector<PortInfo> PortNames::All() const {
 #else
     const QString device = port.systemLocation();
 #endif
-    if (!listed(device)) ports.push_back(InfoOf(0, device, known));
+    if (!listed(device)) ports.push_back(WithHolder(InfoOf(0, device, known)));
   }
   return ports;
 }

@@ -45,11 +45,16 @@ class PortNames {
   /// The port with all that the system tells of it.
   PortInfo Describe(int number) const;
 
+  /// Ports 1 to `Ports` for a choice, in their order; `HeldBy` is not looked up. A fixed port that
+  /// the machine names without having it is not present, unless the user may not look.
+  std::vector<PortInfo> Offered() const;
+
   /// The ports that the machine has now: those with a number in its order, then the others.
   std::vector<PortInfo> All() const;
 
  private:
   PortInfo Describe(int number, const QList<QSerialPortInfo>& known) const;
+  bool IsReal(const PortInfo& port, const QList<QSerialPortInfo>& known) const;
   QString Linked(int number) const;
   QStringList Adapters() const;
 

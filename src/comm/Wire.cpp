@@ -113,9 +113,21 @@ bool Wire::ReadLine(std::string& line) {
     const QByteArray bytes = comm_.Port.Input();
     if (line.size() > Longest) continue;
     line.append(bytes.constData(), static_cast<std::size_t>(bytes.size()));
-    if (line.find_first_of("\r\n") != nowhere) return true;
+    if (line.find_first_of("\r\n") == nowhere) continue;
+    if (line.back() == '\r') TakeLineFeed(line);
+    return true;
   }
   return false;
+}
+
+/// The LF after a CR is still on the line. Left there it would be the whole of the next reply, or
+/// stand before the next frame.
+void Wire::TakeLineFeed(std::string& line) {
+  constexpr int twoBytes = 20;                                                  // bits
+  const int wait = twoBytes * 1000 / std::max(comm_.Settings.BaudRate, 1) + 1;  // ms
+  if (!comm_.Port.WaitForInput(comm_.Time.Now() + wait, Yield::Events)) return;
+  const QByteArray rest = comm_.Port.Input();
+  line.append(rest.constData(), static_cast<std::size_t>(rest.size()));
 }
 
 Answer Wire::TellNoAnswer(Buttons buttons) {

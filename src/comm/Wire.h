@@ -50,6 +50,7 @@ class Wire {
  private:
   std::string Acknowledged(std::string_view frame, std::size_t etx);
   bool ReadLine(std::string& line);
+  void TakeLineFeed(std::string& line);
 
   Comm& comm_;
 };

@@ -13,4 +13,20 @@ class BusyPointer {
   BusyPointer& operator=(const BusyPointer&) = delete;
 };
 
+/// The plain pointer where the busy one is shown, for as long as this stands: while a box is open.
+class PlainPointer {
+ public:
+  PlainPointer() : shown_(QApplication::overrideCursor() != nullptr) {
+    if (shown_) QApplication::setOverrideCursor(Qt::ArrowCursor);
+  }
+  ~PlainPointer() {
+    if (shown_) QApplication::restoreOverrideCursor();
+  }
+  PlainPointer(const PlainPointer&) = delete;
+  PlainPointer& operator=(const PlainPointer&) = delete;
+
+ private:
+  bool shown_;
+};
+
 }  // namespace nira

@@ -1,5 +1,6 @@
 #include "dialogs/QtPrompts.h"
 
+#include "dialogs/BusyPointer.h"
 #include "dialogs/ProgramTitle.h"
 
 #include <QApplication>
@@ -10,22 +11,6 @@
 namespace nira {
 
 namespace {
-
-/// The busy pointer gives way while a box is open.
-class PlainPointer {
- public:
-  PlainPointer() : shown_(QApplication::overrideCursor() != nullptr) {
-    if (shown_) QApplication::setOverrideCursor(Qt::ArrowCursor);
-  }
-  ~PlainPointer() {
-    if (shown_) QApplication::restoreOverrideCursor();
-  }
-  PlainPointer(const PlainPointer&) = delete;
-  PlainPointer& operator=(const PlainPointer&) = delete;
-
- private:
-  bool shown_;
-};
 
 /// What a file or a device sent, as a box can show it.
 QString Printable(const QString& text) {

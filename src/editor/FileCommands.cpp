@@ -1,5 +1,6 @@
 #include "editor/FileCommands.h"
 
+#include "comm/SerialLink.h"
 #include "dialogs/BusyPointer.h"
 #include "files/Carprg.h"
 #include "files/LineReader.h"
@@ -16,9 +17,10 @@ QString ForcedName(const QString& name) {
   return dot < 0 ? name + QStringLiteral(".CAM") : name.left(dot + 1) + QStringLiteral("CAM");
 }
 
-FileCommands::FileCommands(Instance& instance, QWidget* window)
+FileCommands::FileCommands(Instance& instance, Comm& comm, QWidget* window)
     : QObject(window),
       instance_(instance),
+      comm_(comm),
       window_(window),
       camFile_(instance.Program, instance.Settings, instance.Ask, instance.Texts, instance.Writer) {
 }
@@ -31,7 +33,7 @@ bool FileCommands::MayLoseWork() {
 
 void FileCommands::f_newp_Click() {
   if (!MayLoseWork()) return;
-  Carprg(instance_.Program, instance_.Settings, window_).exec();
+  Carprg(comm_, window_).exec();
   f_New();
 }
 
@@ -158,6 +160,7 @@ bool FileCommands::MayReplace(const QString& chosen, const QString& forced) {
 }
 
 bool FileCommands::Save() {
+  SerialLink(comm_).ClosePort();
   const QString reason = camFile_.SaveCamFile();
   const QString& current = instance_.Settings.CurrentFile;
   if (!reason.isEmpty()) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "comm/Comm.h"
 #include "editor/Instance.h"
 #include "files/CamFile.h"
 
@@ -14,7 +15,7 @@ class FileCommands : public QObject {
   Q_OBJECT
 
  public:
-  FileCommands(Instance& instance, QWidget* window);
+  FileCommands(Instance& instance, Comm& comm, QWidget* window);
 
   /// A new program begins with the choice of the model. Asks first when unsaved work would be
   /// thrown away: the choice itself has no way back.
@@ -58,6 +59,7 @@ class FileCommands : public QObject {
   bool MayReplace(const QString& chosen, const QString& forced);
 
   Instance& instance_;
+  Comm& comm_;
   QWidget* window_;
   CamFile camFile_;
   QStringList recent_;

@@ -48,15 +48,15 @@ constexpr std::array sizesEntries = {
 };
 
 constexpr std::array communicEntries = {
-    Entry{"Tr_Siz", "Size &Transmit", State::Off},
-    Entry{"Rc_Siz", "Size &Receive", State::Off},
-    Entry{"Msg_Trans", "&Alarm Msg Transmit", State::Off},
-    Entry{"Msg_Rec", "Alarm &Msg Receive", State::Off},
+    Entry{"Tr_Siz", "Size &Transmit", State::On},
+    Entry{"Rc_Siz", "Size &Receive", State::On},
+    Entry{"Msg_Trans", "&Alarm Msg Transmit", State::On},
+    Entry{"Msg_Rec", "Alarm &Msg Receive", State::On},
     Entry{"Upd_Flash", "&Update FLASH", State::Off},
 };
 
 constexpr std::array optionsEntries = {
-    Entry{"setcom", "&Set CommPort", State::Off},
+    Entry{"setcom", "&Set CommPort", State::On},
     Entry{"o_Setlng", "Set &Language", State::On},
 };
 

@@ -43,14 +43,6 @@ constexpr std::array tips = {
     Tip{"Sel_Form", TextNumber::TipSelForm}, Tip{"Azz_Form", TextNumber::TipAzzForm},
 };
 
-/// What step 12 of the start-up finds on the line.
-enum class Programmer { NoPort, Accepted, NotAccepted };
-
-/// The line to the programmer is not built yet: every start is one without a port.
-Programmer IdentifyProgrammer() {
-  return Programmer::NoPort;
-}
-
 /// Another window has the floor: nothing may happen to this one, and a drop does not ask Qt.
 bool Blocked() {
   return QApplication::activeModalWidget() != nullptr;
@@ -63,13 +55,15 @@ QString FirstLocalFile(const QMimeData* data) {
 
 }  // namespace
 
-MainWindow::MainWindow(Instance& instance)
+MainWindow::MainWindow(Instance& instance, Comm& comm, const PortNames& ports)
     : instance_(instance),
+      comm_(comm),
       options_(instance.Folder, instance.Settings, instance.Ask, instance.Writer),
       menu_(new MainMenu(menuBar())),
-      files_(new FileCommands(instance, this)),
+      files_(new FileCommands(instance, comm, this)),
       sizes_(new SizeCommands(instance, this)),
-      status_(new StatusLine(instance, statusBar())) {
+      lines_(new LineCommands(instance, comm, ports, this)),
+      status_(new StatusLine(instance, comm, ports, statusBar())) {
   setObjectName(QStringLiteral("MainWindow"));
   setAcceptDrops(true);
   setContextMenuPolicy(Qt::NoContextMenu);
@@ -134,10 +128,7 @@ void MainWindow::BuildCentre() {
 
 void MainWindow::ConnectAll() {
   connect(menu_, &MainMenu::Chosen, this, &MainWindow::Command);
-  connect(menu_, &MainMenu::RecentChosen, this, [this](const QString& path) {
-    entry_->LeaveForCommand();
-    files_->F_Mnu_oldF_Click(path);
-  });
+  connect(menu_, &MainMenu::RecentChosen, this, &MainWindow::OpenRecent);
   connect(picture1_, &SizeStepper::Previous, this, [this] { Picture1_Step(-1); });
   connect(picture1_, &SizeStepper::Next, this, [this] { Picture1_Step(1); });
   connect(diagram_, &CamDiagram::LabCam_Click, this, &MainWindow::LabCam_Click);
@@ -160,8 +151,12 @@ void MainWindow::ConnectAll() {
   connect(files_, &FileCommands::Saved, status_, &StatusLine::TakeAsSaved);
   connect(files_, &FileCommands::TitleChanged, this, &MainWindow::ShowTitle);
   connect(files_, &FileCommands::RecentChanged, menu_, &MainMenu::ShowRecent);
-  connect(files_, &FileCommands::Note, statusBar(),
-          [this](const QString& text) { statusBar()->showMessage(text, 5000); });
+  connect(lines_, &LineCommands::Began, status_, &StatusLine::WatchPort);
+  connect(lines_, &LineCommands::Ended, this, &MainWindow::ExchangeEnded);
+  connect(lines_, &LineCommands::PortChosen, status_, &StatusLine::LookAtPort);
+  const auto note = [this](const QString& text) { statusBar()->showMessage(text, 5000); };
+  connect(files_, &FileCommands::Note, statusBar(), note);
+  connect(lines_, &LineCommands::Note, statusBar(), note);
 }
 
 /// Where each menu entry and toolbar button is answered.
@@ -186,7 +181,12 @@ void MainWindow::BuildHandlers() {
       {QStringLiteral("o_Undo"), [this] { o_Undo_Click(); }},
       {QStringLiteral("Fu_Set"),
        [this] { Select(FuncSel(instance_, handlers_.value(QStringLiteral("o_Ant")), this)); }},
-      {QStringLiteral("Al_Msg"), [this] { AlMsg(instance_, {}, this).exec(); }},
+      {QStringLiteral("Al_Msg"), [this] { Al_Msg_Click(); }},
+      {QStringLiteral("Tr_Siz"), [this] { lines_->Tr_Siz_Click(); }},
+      {QStringLiteral("Rc_Siz"), [this] { lines_->Rc_Siz_Click(); }},
+      {QStringLiteral("Msg_Trans"), [this] { lines_->Msg_Trans_Click(); }},
+      {QStringLiteral("Msg_Rec"), [this] { lines_->Msg_Rec_Click(); }},
+      {QStringLiteral("setcom"), [this] { lines_->setcom_Click(); }},
       {QStringLiteral("o_Setlng"), [this] { SelectLanguage(); }},
       {QStringLiteral("O_Rot"),
        [this] { Select(BNKRTN(instance_.Program, instance_.Texts, this)); }},
@@ -201,8 +201,16 @@ void MainWindow::BuildHandlers() {
 }
 
 void MainWindow::Command(const QString& item) {
+  if (comm_.Busy) return;
   entry_->LeaveForCommand();
   if (const auto handler = handlers_.constFind(item); handler != handlers_.constEnd()) (*handler)();
+}
+
+/// A recent file, or one that was dropped.
+void MainWindow::OpenRecent(const QString& path) {
+  if (comm_.Busy) return;
+  entry_->LeaveForCommand();
+  files_->F_Mnu_oldF_Click(path);
 }
 
 bool MainWindow::Form_Load(const QString& startFile) {
@@ -215,7 +223,8 @@ bool MainWindow::Form_Load(const QString& startFile) {
   program.SetLimits(22, 32, 255);
   program.SelectCam(1);
   program.SelectSize(1);
-  if (IdentifyProgrammer() == Programmer::NotAccepted) return false;
+  if (!lines_->IdentifyAtStart()) return false;
+  status_->LookAtPort();
   program.DimensionModel();
   program.IsSaved = true;
   instance_.Dialog.InitDir = instance_.Folder.Path();
@@ -244,6 +253,14 @@ void MainWindow::ProgramReplaced() {
   ShowSizeCam();
   entry_->StartAnew();
   status_->TakeAsSaved();
+}
+
+/// A received program is drawn anew as a loaded one is, but is not in any file.
+void MainWindow::ExchangeEnded(bool received) {
+  if (received) menu_->Item(QStringLiteral("o_Undo"))->setEnabled(false);
+  ShowSizeCam();
+  if (received) entry_->StartAnew();
+  status_->LookAtPort();
 }
 
 void MainWindow::ShowSizeCam() {
@@ -277,6 +294,12 @@ void MainWindow::LabCam_Click(int cam) {
 void MainWindow::LabCam_DblClick(int cam) {
   entry_->LeaveForCommand();
   if (cam == instance_.Program.CurrentCam()) entry_->Open();
+}
+
+void MainWindow::Al_Msg_Click() {
+  const MessageLink link{[this](const QString& file) { return lines_->TransmitMessages(file); },
+                         [this](const QString& file) { return lines_->ReceiveMessages(file); }};
+  AlMsg(instance_, link, this).exec();
 }
 
 void MainWindow::o_MODC_Click() {
@@ -373,6 +396,7 @@ void MainWindow::SelectLanguage() {
   }
   ShowSizeCam();
   Form_Activate();
+  status_->LookAtPort();
 }
 
 void MainWindow::ReportWrite(const QString& name, const QString& reason) {
@@ -444,7 +468,10 @@ void MainWindow::ShowPictures() {
 
 void MainWindow::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
-  if (event->type() == QEvent::ActivationChange && isActiveWindow()) Form_Activate();
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+    Form_Activate();
+    status_->LookAtPort();
+  }
   if (event->type() == QEvent::PaletteChange) ShowPictures();
 }
 
@@ -454,8 +481,8 @@ void MainWindow::showEvent(QShowEvent* event) {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  bool cancel = false;
-  Form_QueryUnload(cancel);
+  bool cancel = comm_.Busy;
+  if (!cancel) Form_QueryUnload(cancel);
   event->setAccepted(!cancel);
   if (!cancel) Form_Unload();
 }
@@ -494,12 +521,7 @@ void MainWindow::dropEvent(QDropEvent* event) {
   event->acceptProposedAction();
   // After the drop: questions must not keep the program waiting from which the file came.
   QMetaObject::invokeMethod(
-      this,
-      [this, path] {
-        entry_->LeaveForCommand();
-        files_->F_Mnu_oldF_Click(path);
-      },
-      Qt::QueuedConnection);
+      this, [this, path] { OpenRecent(path); }, Qt::QueuedConnection);
 }
 
 }  // namespace nira

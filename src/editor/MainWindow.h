@@ -1,8 +1,11 @@
 #pragma once
 
+#include "comm/Comm.h"
+#include "comm/PortNames.h"
 #include "editor/CamDiagram.h"
 #include "editor/FileCommands.h"
 #include "editor/Instance.h"
+#include "editor/LineCommands.h"
 #include "editor/MainMenu.h"
 #include "editor/PhaseEntry.h"
 #include "editor/SizeCommands.h"
@@ -25,7 +28,7 @@ class MainWindow : public QMainWindow {
   Q_OBJECT
 
  public:
-  explicit MainWindow(Instance& instance);
+  MainWindow(Instance& instance, Comm& comm, const PortNames& ports);
 
   /// The start-up sequence: options, script, limits, port, model, and the file of the command line
   /// when there is one. False when the program cannot go on.
@@ -67,20 +70,25 @@ class MainWindow : public QMainWindow {
   void Form_Unload();
   bool KeyDown(int key);
   void Picture1_Step(int step);
+  void Al_Msg_Click();
   void o_MODC_Click();
   void o_Undo_Click();
   void Select(QDialog&& window);
   void ProgramReplaced();
+  void ExchangeEnded(bool received);
+  void OpenRecent(const QString& path);
   bool LoadTexts();
   void ReportWrite(const QString& name, const QString& reason);
   void ShowTitle(const QString& title);
   QString FileTitle() const;
 
   Instance& instance_;
+  Comm& comm_;
   OptionsFile options_;
   MainMenu* menu_;
   FileCommands* files_;
   SizeCommands* sizes_;
+  LineCommands* lines_;
   CamDiagram* diagram_;
   PhaseEntry* entry_;
   SizeStepper* picture1_;

@@ -1,17 +1,23 @@
 #include "editor/StatusLine.h"
 
+#include "comm/SimulatedMark.h"
 #include "model/Text.h"
 
 namespace nira {
 
-StatusLine::StatusLine(Instance& instance, QStatusBar* bar)
+StatusLine::StatusLine(Instance& instance, Comm& comm, const PortNames& ports, QStatusBar* bar)
     : QObject(bar),
       instance_(instance),
+      comm_(comm),
+      ports_(ports),
       bar_(bar),
       port_(Add("StatusPort", false)),
       model_(Add("StatusModel", false)),
+      simulated_(AddSign()),
       degree_(Add("StatusDegree", true)),
-      changed_(Add("StatusChanged", true)) {}
+      changed_(Add("StatusChanged", true)) {
+  connect(&watch_, &QTimer::timeout, this, &StatusLine::ShowPort);
+}
 
 QLabel* StatusLine::Add(const char* name, bool right) {
   auto* label = new QLabel(bar_);
@@ -26,11 +32,17 @@ QLabel* StatusLine::Add(const char* name, bool right) {
   return label;
 }
 
+SimulatedSign* StatusLine::AddSign() {
+  auto* sign = new SimulatedSign({}, bar_);
+  sign->setObjectName(QStringLiteral("StatusSimulated"));
+  bar_->addPermanentWidget(sign);
+  sign->hide();
+  return sign;
+}
+
 void StatusLine::Show() {
   const CamProgram& program = instance_.Program;
-  const Globals& settings = instance_.Settings;
-  port_->setText(QStringLiteral("COM%1  %2  ").arg(settings.PortNumber).arg(settings.BaudRate) +
-                 instance_.Text(TextNumber::StatusPortNotOpen));
+  ShowPort();
   model_->setText(
       QString::number(program.NumCams()) + u' ' + instance_.Text(TextNumber::StatusCams) +
       QStringLiteral("  ") + QString::number(program.NumSizes()) + u' ' +
@@ -46,6 +58,48 @@ void StatusLine::Show() {
   degree_->setMinimumWidth(
       metrics.horizontalAdvance(instance_.Text(TextNumber::StatusDegree) + QStringLiteral(" 000")) +
       16);
+}
+
+/// The port as it stands with these settings; `state` is "port open", or what the last exchange
+/// left.
+QString StatusLine::PortText(const QString& settings, const QString& state) const {
+  QStringList parts = {QStringLiteral("COM") + QString::number(instance_.Settings.PortNumber),
+                       settings, device_, state};
+  parts.removeAll(QString());
+  return parts.join(QStringLiteral("  "));
+}
+
+QString StatusLine::ClosedState() const {
+  const int flag = instance_.Settings.PortErrorFlag;
+  if (flag == 0) return instance_.Text(TextNumber::StatusPortNotOpen);
+  if (flag == 1) return instance_.Text(TextNumber::StatusNotReady);
+  return instance_.Text(TextNumber::StatusPortError) + QString::number(flag);
+}
+
+/// The place is wide enough for both states, so that nothing moves when the port opens.
+void StatusLine::ShowPort() {
+  const QString speed = QString::number(instance_.Settings.BaudRate);
+  const QString closed = PortText(speed, ClosedState());
+  const QString& openState = instance_.Text(TextNumber::StatusPortOpen);
+  const QFontMetrics metrics(port_->font());
+  const QString open = PortText(speed + QStringLiteral(",n,8,1"), openState);
+  port_->setMinimumWidth(
+      std::max(metrics.horizontalAdvance(closed), metrics.horizontalAdvance(open)) + 18);
+  port_->setText(comm_.Port.PortOpen() ? PortText(comm_.Port.Settings(), openState) : closed);
+}
+
+void StatusLine::LookAtPort() {
+  watch_.stop();
+  const int number = instance_.Settings.PortNumber;
+  device_ = ports_.Device(number);
+  simulated_->setText(instance_.Text(TextNumber::StatusSimulated));
+  simulated_->Show(IsSimulatedPort(ports_.Link(number)));
+  ShowPort();
+}
+
+void StatusLine::WatchPort() {
+  constexpr int interval = 100;  // ms
+  watch_.start(interval);
 }
 
 void StatusLine::TakeAsSaved() {

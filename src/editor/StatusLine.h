@@ -1,22 +1,33 @@
 #pragma once
 
+#include "comm/Comm.h"
+#include "comm/PortNames.h"
+#include "comm/SimulatedSign.h"
 #include "editor/Instance.h"
 
 #include <QLabel>
 #include <QStatusBar>
+#include <QTimer>
 
 namespace nira {
 
-/// What no other control says: port and speed, the model, the degree under the pointer, and whether
-/// the program differs from what was last loaded or saved.
+/// What no other control says: the port and whether a simulated programmer is behind it, the model,
+/// the degree under the pointer, and whether the program differs from what was last loaded or
+/// saved.
 class StatusLine : public QObject {
   Q_OBJECT
 
  public:
-  StatusLine(Instance& instance, QStatusBar* bar);
+  StatusLine(Instance& instance, Comm& comm, const PortNames& ports, QStatusBar* bar);
 
   /// Writes everything anew.
   void Show();
+
+  /// Looks up what stands behind the port and shows it.
+  void LookAtPort();
+
+  /// An exchange begins: the port's state is followed until `LookAtPort`.
+  void WatchPort();
 
   /// The program in memory is the one on file, or a new one.
   void TakeAsSaved();
@@ -26,13 +37,22 @@ class StatusLine : public QObject {
 
  private:
   QLabel* Add(const char* name, bool right);
+  SimulatedSign* AddSign();
+  void ShowPort();
+  QString PortText(const QString& settings, const QString& state) const;
+  QString ClosedState() const;
 
   Instance& instance_;
+  Comm& comm_;
+  const PortNames& ports_;
   QStatusBar* bar_;
   QLabel* port_;
   QLabel* model_;
+  SimulatedSign* simulated_;  // stands where a passing note does not cover it
   QLabel* degree_;
   QLabel* changed_;
+  QTimer watch_;
+  QString device_;
   std::uint64_t savedRevision_ = 0;
 };
 

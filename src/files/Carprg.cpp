@@ -1,5 +1,7 @@
 #include "files/Carprg.h"
 
+#include "comm/Identity.h"
+#include "dialogs/InputHold.h"
 #include "model/Text.h"
 
 #include <QCloseEvent>
@@ -33,8 +35,7 @@ QGroupBox* Group(const std::array<QRadioButton*, 2>& options) {
 
 }  // namespace
 
-Carprg::Carprg(CamProgram& program, const Globals& settings, QWidget* parent)
-    : QDialog(parent), program_(program), settings_(settings) {
+Carprg::Carprg(Comm& comm, QWidget* parent) : QDialog(parent), comm_(comm), program_(comm.Program) {
   setObjectName(QStringLiteral("Carprg"));
   setWindowTitle(QStringLiteral("Sel Programmer"));
   BuildLayout();
@@ -58,10 +59,14 @@ void Carprg::BuildLayout() {
   O_QX[1]->setText(QStringLiteral("QX32"));
   labCom_ = new QLabel;
   labCom_->setObjectName(QStringLiteral("LabCom"));
+  simulated_ = new SimulatedSign(comm_.Text(TextNumber::StatusSimulated));
+  QSizePolicy kept = simulated_->sizePolicy();
+  kept.setRetainSizeWhenHidden(true);
+  simulated_->setSizePolicy(kept);
   auto* automatic = new QPushButton(QStringLiteral("AUTO"));
   automatic->setObjectName(QStringLiteral("AutSel"));
-  automatic->setEnabled(false);  // asks the programmer, whose line is not built yet
   automatic->setAutoDefault(false);
+  connect(automatic, &QPushButton::clicked, this, &Carprg::AutSel_Click);
   auto* ok = new QPushButton(QStringLiteral("OK"));
   ok->setObjectName(QStringLiteral("OKP"));
   ok->setDefault(true);
@@ -74,6 +79,8 @@ void Carprg::BuildLayout() {
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(8);
   buttons->addWidget(automatic);
+  buttons->addStretch();
+  buttons->addWidget(simulated_, 0, Qt::AlignVCenter);
   buttons->addStretch();
   buttons->addWidget(ok);
   auto* layout = new QVBoxLayout(this);
@@ -117,10 +124,31 @@ void Carprg::SetModel(int cams, int sizes) {
   program_.SetLimits(sizes, cams, program_.NumMessages());
 }
 
-/// The port opens only for an exchange, so far never: it is unconnected whenever this looks.
+/// Takes the model of the connected programmer. A number of sizes that is no choice here becomes
+/// one, so that closing keeps it.
+void Carprg::AutSel_Click() {
+  std::optional<ProgrammerLimits> found;
+  {
+    const InputHold hold;
+    found = AutSelQuery(comm_);
+  }
+  Timer1_Timer();
+  if (!found) return;
+  program_.SetLimits(found->Sizes, found->Cams, found->Messages);
+  O_QX[found->Cams == 32 ? 1 : 0]->setChecked(true);
+  FillO_F();
+  if (ChosenSizes() == found->Sizes) return;
+  O_F[O_F[1]->isChecked() ? 1 : 0]->setText(QString::number(found->Sizes).rightJustified(2) +
+                                            QStringLiteral(" FORMATI"));
+}
+
 void Carprg::Timer1_Timer() {
-  labCom_->setText(QStringLiteral("Serial Port COM") + QString::number(settings_.PortNumber) +
-                   QStringLiteral(" unconnected"));
+  const QString state = comm_.Port.PortOpen()
+                            ? QString(QStringLiteral(" Connected to ") + comm_.Port.Settings())
+                            : QStringLiteral(" unconnected");
+  labCom_->setText(QStringLiteral("Serial Port COM") + QString::number(comm_.Settings.PortNumber) +
+                   state);
+  simulated_->Show(comm_.Port.CommPort() == comm_.Settings.PortNumber && comm_.Port.IsSimulated());
 }
 
 void Carprg::Form_Unload() {

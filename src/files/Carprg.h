@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/CamProgram.h"
-#include "model/Globals.h"
+#include "comm/Comm.h"
+#include "comm/SimulatedSign.h"
 
 #include <QButtonGroup>
 #include <QDialog>
@@ -18,7 +18,7 @@ class Carprg : public QDialog {
   Q_OBJECT
 
  public:
-  Carprg(CamProgram& program, const Globals& settings, QWidget* parent);
+  Carprg(Comm& comm, QWidget* parent);
 
   /// Takes the model and closes; Escape does not.
   void reject() override {}
@@ -33,16 +33,18 @@ class Carprg : public QDialog {
   void FillO_F();
   void O_QX_Click(int index);
   void O_F_Click(int index);
+  void AutSel_Click();
   void Timer1_Timer();
   void Form_Unload();
   int ChosenSizes() const;
   void SetModel(int cams, int sizes);
 
+  Comm& comm_;
   CamProgram& program_;
-  const Globals& settings_;
   std::array<QRadioButton*, 2> O_QX{};
   std::array<QRadioButton*, 2> O_F{};
   QLabel* labCom_;
+  SimulatedSign* simulated_;
 };
 
 }  // namespace nira

@@ -135,6 +135,19 @@ enum class TextNumber : int {
   NotTaken = 298,
   CutByProgrammer = 299,
   IsOpenCamFile = 300,
+  SetComTitle = 301,
+  SetComPort = 302,
+  SetComSpeed = 303,
+  SetComCancel = 304,
+  PortAbsent = 305,
+  PortNotPermitted = 306,
+  StatusPortOpen = 307,
+  StatusNotReady = 308,
+  StatusPortError = 309,
+  TransmitMessagesTitle = 310,
+  ReceiveMessagesTitle = 311,
+  Transmitted = 312,
+  Received = 313,
 };
 
 }  // namespace nira

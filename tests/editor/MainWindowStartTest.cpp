@@ -49,7 +49,7 @@ class MainWindowStartTest : public QObject {
     for (const char* name : {"GRADION", "GRADIOFF", "LGrad"}) {
       QVERIFY2(!f.Find(QString::fromLatin1(name))->isVisible(), name);
     }
-    QCOMPARE(f.Text("StatusPort"), u"COM1  9600  porta non aperta"_qs);
+    QCOMPARE(f.Text("StatusPort"), u"COM1  9600  /nodev/ttyS0  programmatore non pronto"_qs);
     QCOMPARE(f.Text("StatusModel"), u"32 camme  22 formati  255 messaggi"_qs);
     QCOMPARE(Shown(f.Find(u"GoPrCam"_qs)->toolTip()), u"Programmazione Camma"_qs);
     QCOMPARE(Shown(f.Find(u"Azz_Form"_qs)->toolTip()), u"Azzera Formato"_qs);
@@ -64,10 +64,10 @@ class MainWindowStartTest : public QObject {
              "&Sizes [Se&lect Size s_sel, Copy &Size O_Copy, &Erase Size s_Clr, "
              "&Import Size S_Imp, Cop&y Cam O_CopyC, S&hift Cam o_Shc, E&rase Cam O_ClC, "
              "&Modify Cam o_MODC, -&Undo o_Undo, Fu&nctions Fu_Set, &Messages Al_Msg], "
-             "&Communic [-Size &Transmit Tr_Siz, -Size &Receive Rc_Siz, "
-             "-&Alarm Msg Transmit Msg_Trans, -Alarm &Msg Receive Msg_Rec, "
+             "&Communic [Size &Transmit Tr_Siz, Size &Receive Rc_Siz, "
+             "&Alarm Msg Transmit Msg_Trans, Alarm &Msg Receive Msg_Rec, "
              "-&Update FLASH Upd_Flash], "
-             "&Options [-&Set CommPort setcom, Set &Language o_Setlng], "
+             "&Options [&Set CommPort setcom, Set &Language o_Setlng], "
              "&Demo Demo [&Rotate Demo O_Rot, &Advance Demo o_Ant], &Info info"_qs);
   }
 
@@ -107,7 +107,7 @@ class MainWindowStartTest : public QObject {
     QCOMPARE(QFile::exists(f.OptionsPath()), !options.isNull());
     if (!options.isNull()) QCOMPARE(ReadBytes(f.OptionsPath()), options);
     if (options.contains("_en")) {
-      QCOMPARE(f.Text("StatusPort"), u"COM3  19200  port not open"_qs);
+      QCOMPARE(f.Text("StatusPort"), u"COM3  19200  /nodev/ttyS2  programmer not ready"_qs);
       QCOMPARE(f.Text("SizeCam"), u"S01 C02"_qs);
     }
   }
@@ -145,8 +145,7 @@ class MainWindowStartTest : public QObject {
     if (good) f.Sample(u"press.CAM"_qs);
     if (!good && !bytes.isNull()) QVERIFY(WriteBytes(path, bytes));
     f.prompts.AnswerEverything(true);
-    f.window.emplace(f.instance);
-    QVERIFY(f.window->Form_Load(path));
+    QVERIFY(f.Load(path));
     QTEST(f.prompts.Shown().join(u'|'), "shown");
     QCOMPARE(f.settings.CurrentFile, current ? path : QString());
     QTEST(f.Text("SizeCam"), "label");

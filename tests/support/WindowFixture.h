@@ -5,6 +5,7 @@
 #include "files/Carprg.h"
 #include "support/CamFileFixture.h"
 #include "support/Rows.h"
+#include "support/ScriptedSerial.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -97,9 +98,19 @@ void WhenOpens(const std::function<void(Widget*)>& act) {
 }
 
 /// A main window in a folder of its own that holds the shipped scripts and an options file, and
-/// what a person does with it.
+/// what a person does with it. The port is the given one with its clock, or a scripted one without
+/// a programmer: CTS is not held.
 struct WindowFixture {
-  WindowFixture() {
+  explicit WindowFixture(SerialControl* port = nullptr, Clock* clock = nullptr)
+      : comm{port ? *port : serial,
+             clock ? *clock : serial,
+             program,
+             settings,
+             texts,
+             writer,
+             working,
+             prompts} {
+    serial.Holding = false;
     const QDir scripts(QStringLiteral(NIRA_SOURCE_FOLDER "/lang"));
     for (const QString& name : scripts.entryList(QDir::Files)) {
       QFile::copy(scripts.filePath(name), folder.filePath(name));
@@ -131,10 +142,15 @@ struct WindowFixture {
     return path;
   }
 
+  /// Loads the window without showing it.
+  bool Load(const QString& startFile = {}) {
+    window.emplace(instance, comm, ports);
+    return window->Form_Load(startFile);
+  }
+
   /// Loads the window; shown and active when that went well.
   bool Start(const QString& startFile = {}) {
-    window.emplace(instance);
-    if (!window->Form_Load(startFile)) return false;
+    if (!Load(startFile)) return false;
     window->show();
     return QTest::qWaitForWindowActive(&*window);
   }
@@ -283,6 +299,9 @@ struct WindowFixture {
   ScriptedPrompts prompts;
   ScriptedDialog dialog;
   Instance instance{program, settings, texts, writer, working, prompts, dialog};
+  ScriptedSerial serial;
+  PortNames ports{working, QStringLiteral("/nodev")};
+  Comm comm;
   std::optional<MainWindow> window;
   /// What the operator clicks in the choice of the model before OK.
   std::function<void(Carprg*)> chooseModel = [](Carprg*) {};

@@ -1,0 +1,128 @@
+#include "comm/SETCOMM.h"
+#include "support/WindowFixture.h"
+
+#include <QFileInfo>
+#include <QLockFile>
+
+namespace nira {
+
+/// The choice of port and speed, from the menu to the options file.
+class SETCOMMTest : public QObject {
+  Q_OBJECT
+
+ private:
+  static QString Marked(const SETCOMM* window) {
+    QStringList marked;
+    for (const auto* button : window->findChildren<QRadioButton*>()) {
+      if (button->isChecked()) marked.append(button->objectName());
+    }
+    return marked.join(u' ');
+  }
+
+ private Q_SLOTS:
+  void Chooses_data() {
+    QTest::addColumn<QString>("before");  // "port,baud" of the options file
+    QTest::addColumn<QString>("marked");
+    QTest::addColumn<QString>("clicks");
+    QTest::addColumn<QString>("label");
+    QTest::addColumn<QString>("after");  // "port,baud" in memory
+    QTest::newRow("nothing") << u"1,9600"_qs << u"OpCOM_1 Baud96"_qs << QString()
+                             << u"COM1:  9600"_qs << u"1,9600"_qs;
+    QTest::newRow("port and speed") << u"1,9600"_qs << u"OpCOM_1 Baud96"_qs << u"OpCOM_8 Baud192"_qs
+                                    << u"COM8: 19200"_qs << u"8,19200"_qs;
+    QTest::newRow("lowest") << u"2,19200"_qs << u"OpCOM_2 Baud192"_qs << u"OpCOM_1 Baud3"_qs
+                            << u"COM1:   300"_qs << u"1,300"_qs;
+    QTest::newRow("in no list") << u"12,4800"_qs << QString() << QString() << u"COM12:  4800"_qs
+                                << u"12,4800"_qs;
+  }
+
+  /// What was clicked holds after Cancel too, but only OK writes it.
+  void Chooses() {
+    QFETCH(QString, before);
+    QFETCH(QString, clicks);
+    QFETCH(QString, after);
+    for (const char* button : {"OKButton", "CancelButton", "Escape"}) {
+      WindowFixture f;
+      const QByteArray options = "\"p32qx_IT.SCR\"," + before.toUtf8() + "\r\n/a.CAM\r\n";
+      f.Options(options);
+      QVERIFY(f.Start());
+      QString marked;
+      QString label;
+      WhenOpens<SETCOMM>([&](SETCOMM* window) {
+        marked = Marked(window);
+        for (const QString& click : clicks.split(u' ', Qt::SkipEmptyParts)) {
+          auto* choice = window->findChild<QRadioButton*>(click);
+          QTest::mouseClick(choice, Qt::LeftButton, {}, QPoint(8, choice->height() / 2));
+        }
+        label = window->findChild<QLabel*>(u"SettPort"_qs)->text();
+        auto* end = window->findChild<QPushButton*>(QString::fromLatin1(button));
+        if (end == nullptr) return QTest::keyClick(window, Qt::Key_Escape);
+        QTest::mouseClick(end, Qt::LeftButton);
+      });
+      f.Choose("setcom");
+      QTEST(marked, "marked");
+      QTEST(label, "label");
+      QCOMPARE(u"%1,%2"_qs.arg(f.settings.PortNumber).arg(f.settings.BaudRate), after);
+      const bool writes = QByteArray(button) == "OKButton";
+      QCOMPARE(ReadBytes(f.OptionsPath()),
+               writes ? QByteArray("\"p32qx_IT.SCR\"," + after.toUtf8() + "\r\n") : options);
+      QVERIFY(f.Text("StatusPort").startsWith(u"COM"_qs + after.section(u',', 0, 0) + u"  "));
+    }
+  }
+
+  /// Each port says what stands behind it; a click on that is a click on the port.
+  void Devices() {
+    WindowFixture f;
+    const QString adapter = QFileInfo(f.OptionsPath()).canonicalFilePath();
+    for (const char* link : {"com2", "com3"}) {
+      QVERIFY(WriteBytes(f.Path(QString::fromLatin1(link)), WorkingFolder::OptionsName));
+    }
+    QLockFile mark(f.Path(u"com3.simulated"_qs));
+    QVERIFY(mark.lock());
+    QVERIFY(f.Start());
+    QStringList shown;
+    WhenOpens<SETCOMM>([&](SETCOMM* window) {
+      for (const auto* port : window->findChildren<QRadioButton*>()) {
+        const QString device = port->accessibleDescription();
+        if (!device.isEmpty()) shown.append(port->text() + u' ' + device.trimmed());
+      }
+      for (auto* label : window->findChildren<QLabel*>()) {
+        if (label->text() == u"programmatore simulato") QTest::mouseClick(label, Qt::LeftButton);
+      }
+      QTest::mouseClick(window->findChild<QPushButton*>(u"OKButton"_qs), Qt::LeftButton);
+    });
+    f.Choose("setcom");
+    QCOMPARE(shown.mid(0, 5).join(u'|'),
+             u"COM1 /nodev/ttyS0 non presente|COM2 "_qs + adapter + u"|COM3 " + adapter +
+                 u" programmatore simulato|COM4 /nodev/ttyS3 non presente|COM5 non presente");
+    QCOMPARE(f.settings.PortNumber, 3);
+    QVERIFY(f.Text("StatusPort").contains(adapter));
+    QVERIFY(f.Find(u"StatusSimulated"_qs)->isVisible());
+    mark.unlock();
+    f.window->LabCam_Click(1);  // a command alone looks nothing up
+    QVERIFY(f.Find(u"StatusSimulated"_qs)->isVisible());
+    WindowFixture::OtherWindow();
+    f.Activate();
+    QVERIFY(!f.Find(u"StatusSimulated"_qs)->isVisible());
+  }
+
+  void OptionsThatCannotBeWritten() {
+    WindowFixture f;
+    QVERIFY(f.Start());
+    QVERIFY(QFile::remove(f.OptionsPath()) && f.folder.mkdir(f.OptionsPath()));
+    f.prompts.Expect();
+    WhenOpens<SETCOMM>([](SETCOMM* window) {
+      window->findChild<QRadioButton*>(u"Baud24"_qs)->click();
+      QTest::mouseClick(window->findChild<QPushButton*>(u"OKButton"_qs), Qt::LeftButton);
+    });
+    f.Choose("setcom");
+    QVERIFY(f.prompts.Shown().constFirst().startsWith(
+        u"Critical Ok: IMPOSSIBILE SCRIVERE IL FILE\nKlmQx_opt.def\n"));
+    QCOMPARE(f.settings.BaudRate, 2400);
+  }
+};
+
+}  // namespace nira
+
+QTEST_MAIN(nira::SETCOMMTest)
+#include "SETCOMMTest.moc"

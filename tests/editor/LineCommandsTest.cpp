@@ -1,0 +1,352 @@
+#include "comm/Monit_Com.h"
+#include "support/CommFixture.h"
+#include "support/WindowFixture.h"
+
+#include <memory>
+
+namespace nira {
+
+namespace {
+
+const QByteArray qx32 = "32 22 255  NIRA QX32-22F V1.00\r\n";
+const QByteArray qx16 = "16 44 180  NIRA QX16-44F V1.00\r\n";
+const QString noAnswer = u" Errore su Porta COM1\rVerificare le connessioni"_qs;
+
+/// A window with a programmer at its port, whose answers are those of a program or of messages.
+struct LineFixture : WindowFixture {
+  LineFixture() { serial.Holding = true; }
+
+  /// Answers the identity query, acknowledges frames, and sends these records as they are asked
+  /// for, "|" between them. Keeps what the monitor's item line showed when its job began.
+  void Connect(const QByteArray& identity, const QByteArray& records = {}) {
+    auto left = std::make_shared<QByteArrayList>(records.split('|'));
+    serial.Device = [this, left, identity](const QByteArray& out) {
+      if (out.startsWith("?M")) {
+        if (OnQuery) OnQuery();
+        serial.Send(identity, 5);
+      } else if (out.startsWith('\x02')) {
+        serial.Send("\x06");
+      } else if (!left->empty() && !left->constFirst().isEmpty()) {
+        if (out.startsWith('?')) {
+          ItemLine = QApplication::activeModalWidget()->findChild<QLabel*>(u"Label2"_qs)->text();
+        }
+        serial.Send(Frame(left->takeFirst()), 60);
+      }
+    };
+  }
+
+  QString Limits() const {
+    return QStringList{QString::number(program.NumCams()), QString::number(program.NumSizes()),
+                       QString::number(program.NumMessages())}
+        .join(u' ');
+  }
+
+  /// Starts with a program in the selected cam 5, connected to a programmer.
+  bool StartConnected(const QByteArray& identity, const QByteArray& records = {}) {
+    Connect(qx32);
+    if (!StartWith(u"100-110"_qs, 4)) return false;
+    Connect(identity, records);
+    serial.Written.clear();
+    return true;
+  }
+
+  std::function<void()> OnQuery;
+  QString ItemLine;
+};
+
+}  // namespace
+
+/// The line to the programmer, from the start and the menus of the main window.
+class LineCommandsTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void Start_data() {
+    QTest::addColumn<QByteArray>("identity");  // "no CTS", "no port", or what answers
+    QTest::addColumn<QString>("answers");      // R and C
+    QTest::addColumn<bool>("starts");
+    QTest::addColumn<QString>("limits");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<QString>("status");
+    const QString open = u"porta non aperta"_qs;
+    const QString asked = u"Critical RetryCancel:    "_qs + noAnswer;
+    QTest::newRow("accepted") << qx16 << QString() << true << u"16 44 180"_qs << QString() << open;
+    QTest::newRow("rejected") << QByteArray("24 22 255  NIRA\r") << u"O"_qs << false
+                              << u"32 22 255"_qs << u"None Ok: BAD DEVICE  CAM.24 FORM.22"_qs
+                              << QString();
+    QTest::newRow("no answer") << QByteArray() << u"RRC"_qs << true << u"32 22 255"_qs
+                               << QStringList{asked, asked, asked}.join(u'|') << open;
+    QTest::newRow("no CTS") << QByteArray("no CTS") << QString() << true << u"32 22 255"_qs
+                            << QString() << u"programmatore non pronto"_qs;
+    QTest::newRow("no port") << QByteArray("no port") << u"O"_qs << true << u"32 22 255"_qs
+                             << u"Critical Ok: [Errore su COM1] "
+                                "Errore 8002 generato da MsComm1\rnone"_qs
+                             << u"errore 8002"_qs;
+  }
+
+  void Start() {
+    QFETCH(QByteArray, identity);
+    QFETCH(QString, answers);
+    QFETCH(bool, starts);
+    LineFixture f;
+    f.Connect(identity);
+    if (identity == "no CTS") f.serial.Holding = false;
+    if (identity == "no port") f.serial.Refusal = SerialError(8002, u"none"_qs);
+    for (const QChar answer : answers) {
+      f.prompts.Expect(answer == u'R'   ? Answer::Retry
+                       : answer == u'C' ? Answer::Cancel
+                                        : Answer::Ok);
+    }
+    QCOMPARE(f.Load(), starts);
+    QTEST(f.prompts.Shown().join(u'|'), "shown");
+    QTEST(f.Limits(), "limits");
+    QVERIFY(!f.serial.PortOpen());
+    QVERIFY(!f.comm.Busy);
+    if (!starts) return;
+    QFETCH(QString, status);
+    QCOMPARE(f.Text("StatusPort"), u"COM1  9600  /nodev/ttyS0  "_qs + status);
+    QCOMPARE(f.Text("StatusModel").section(u' ', 0, 0), f.Limits().section(u' ', 0, 0));
+  }
+
+  void Transmits() {
+    LineFixture f;
+    QVERIFY(f.StartConnected(qx32));
+    bool monitored = false;
+    f.Enter(u"200\r21"_qs);  // a command commits it
+    WhenOpens<Monit_Com>([&monitored](Monit_Com*) { monitored = true; });
+    f.Choose("Tr_Siz");
+    QVERIFY(monitored);
+    QVERIFY(f.serial.Written.startsWith("?M\x8C\r?FW\xDC\r"));
+    QVERIFY(f.serial.Written.contains(Frames({"C 05", " 100 110", " 200 021"})));
+    QVERIFY(f.serial.Written.endsWith(Frame("END")));
+    QVERIFY(!f.serial.PortOpen() && !f.comm.Busy);
+    QCOMPARE(f.window->statusBar()->currentMessage(), u"Trasmissione terminata"_qs);
+    QVERIFY(f.Item("o_Undo")->isEnabled());
+  }
+
+  /// The adapter pulled out in the middle of a job, and put back.
+  void Unplugged() {
+    LineFixture f;
+    QVERIFY(f.StartConnected(qx32));
+    f.serial.GoneAfter(50);
+    f.prompts.Expect();
+    f.Choose("Tr_Siz");
+    QCOMPARE(f.prompts.Shown().join(u'|'),
+             u"Critical Ok: [Errore su COM1] Errore 8020 generato da MsComm1\rgone"_qs);
+    QVERIFY(f.serial.Written.contains("?FW") && !f.serial.Written.endsWith(Frame("END")));
+    QVERIFY(f.Text("StatusPort").endsWith(u"errore 8020"));
+    f.Choose("Tr_Siz");
+    QVERIFY(f.serial.Written.endsWith(Frame("END")));
+    QVERIFY(f.Text("StatusPort").endsWith(u"porta non aperta"));
+  }
+
+  /// The limits of another programmer show at once; a program that they cut is asked about.
+  void TakesLimits() {
+    LineFixture f;
+    QVERIFY(f.StartConnected("16 22 180  NIRA\r"));
+    f.program.SetRow(1, 20, RowOf(u"10-20"_qs));
+    f.settings.CurrentFile = f.Path(u"press.CAM"_qs);
+    f.prompts.Expect(Answer::Cancel);
+    f.Choose("Tr_Siz");
+    QCOMPARE(f.Limits() + ContentOf(f.program), u"32 22 2551.5: 100-110; 1.21: 10-20"_qs);
+    QVERIFY(!f.serial.Written.contains("?FW"));
+    QVERIFY(f.window->statusBar()->currentMessage().isEmpty());
+    f.prompts.Expect(Answer::Ok);
+    f.Choose("Tr_Siz");
+    QVERIFY(f.serial.Written.endsWith(Frame("END")));
+    QCOMPARE(f.Text("StatusModel"), u"16 camme  22 formati  180 messaggi"_qs);
+    QVERIFY(f.window->windowTitle().endsWith(u" QX16-22F  180-Msg  "_qs));
+    QVERIFY(!f.Find(u"LabCam_16"_qs)->isVisible());
+  }
+
+  void Receives_data() {
+    QTest::addColumn<QByteArray>("records");
+    QTest::addColumn<bool>("whole");
+    const QByteArray head = "FUNZIONI 32-22|0 0 0 0 |0000000000|FORMATO N. 01|C 01|";
+    QTest::newRow("whole") << head + " 350 010|END" << true;
+    QTest::newRow("bad line") << head + " 35 01|END" << false;
+  }
+
+  void Receives() {
+    QFETCH(QByteArray, records);
+    QFETCH(bool, whole);
+    LineFixture f;
+    QVERIFY(f.StartConnected(qx32, records));
+    f.Enter(u"200\r210\r"_qs);
+    f.prompts.Expect(Answer::Cancel);  // unsaved work
+    f.Choose("Rc_Siz");
+    QVERIFY(f.serial.Written.isEmpty());
+    f.prompts.Expect(Answer::Ok);
+    if (!whole) f.prompts.Expect();
+    f.Choose("Rc_Siz");
+    QVERIFY(f.serial.Written.contains("?FR\xD7\r"));
+    QVERIFY(!f.serial.PortOpen());
+    QCOMPARE(ContentOf(f.program), whole ? u"1.1: 0-10 350-360"_qs : u"1.5: 100-110 200-210"_qs);
+    QCOMPARE(f.Item("o_Undo")->isEnabled(), !whole);
+    QCOMPARE(f.Lines(), whole ? u"F001 350 010"_qs : u"F001 100 110|F002 200 210"_qs);
+    if (!whole) return;
+    QCOMPARE(f.Boxes(), u"350 010"_qs);
+    QVERIFY(!f.program.IsSaved);
+    QCOMPARE(f.Text("StatusChanged"), u"modificato"_qs);
+  }
+
+  /// While the programmer is asked the windows are alive, but what the operator does to them is
+  /// lost: nothing may change the program or use the port now.
+  void NothingMeanwhile() {
+    LineFixture f;
+    QVERIFY(f.StartConnected(qx32));
+    f.Recent({f.Sample(u"press.CAM"_qs)});
+    f.ClickLine(0);
+    bool asked = false;
+    f.OnQuery = [&] {
+      asked = true;
+      f.Press(Qt::Key_PageDown);
+      f.Press(Qt::Key_O, Qt::ControlModifier);
+      f.Press(Qt::Key_F, Qt::AltModifier);
+      for (const char* item : {"f_newp", "Tr_Siz", "setcom", "info"}) f.Choose(item);
+      for (const char* name : {"New_Fil", "GoPrCam", "LabCam_7", "GRADIOFF"}) {
+        f.Click(QString::fromLatin1(name));
+      }
+      f.Item("f_newp")->trigger();
+      f.Type(u"12\r"_qs);
+      f.Step(true);
+      QTest::mouseDClick(f.Find(u"LDefC_4"_qs), Qt::LeftButton);
+      QMimeData data;
+      data.setUrls({QUrl::fromLocalFile(f.Path(u"press.CAM"_qs))});
+      QDropEvent drop(QPointF(100, 100), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+      QApplication::sendEvent(&*f.window, &drop);
+      f.window->close();
+    };
+    f.Choose("Tr_Siz");
+    QVERIFY(asked);
+    QVERIFY(f.window->isVisible());
+    QVERIFY(QApplication::activePopupWidget() == nullptr);
+    QCOMPARE(ContentOf(f.program), u"1.5: 100-110"_qs);
+    QCOMPARE(f.Text("SizeCam"), u"F01 C05"_qs);
+    QCOMPARE(f.Boxes(), u"100 110"_qs);
+    QVERIFY(f.settings.CurrentFile.isEmpty());
+    QCOMPARE(f.serial.Written.count("?M"), 1);
+    QVERIFY(f.serial.Written.endsWith(Frame("END")));
+    f.OnQuery = nullptr;
+    f.Press(Qt::Key_PageDown);
+    QCOMPARE(f.Text("SizeCam"), u"F01 C06"_qs);
+  }
+
+  void Messages_data() {
+    QTest::addColumn<QString>("chosen");  // in the dialog; empty: Cancel
+    QTest::addColumn<QString>("before");  // a file that stands there
+    QTest::addColumn<QString>("answer");  // to the question whether it is replaced
+    QTest::addColumn<QString>("file");    // that is sent or filled; empty: none
+    const auto row = [](const char* name, const QString& chosen, const QString& before,
+                        const QString& answer, const QString& file) {
+      QTest::newRow(name) << chosen << before << answer << file;
+    };
+    const QString none;
+    const QString longPath = u"./"_qs.repeated(100) + u"a.MSG";
+    row("send", u"a.MSG"_qs, u"a.MSG"_qs, none, u"a.MSG"_qs);
+    row("send, Cancel", none, none, none, none);
+    row("send, not there", u"a.MSG"_qs, none, none, none);
+    row("send, long path", longPath, u"a.MSG"_qs, none, none);
+    row("receive, no extension", u"a"_qs, none, none, u"a.MSG"_qs);
+    row("receive, own extension", u"a.txt"_qs, u"a.txt"_qs, none, u"a.txt"_qs);
+    row("receive, replace", u"a"_qs, u"a.MSG"_qs, u"Yes"_qs, u"a.MSG"_qs);
+    row("receive, do not replace", u"a"_qs, u"a.MSG"_qs, u"No"_qs, none);
+    row("receive, Cancel", none, none, none, none);
+    row("receive, long path", longPath, none, none, none);
+  }
+
+  void Messages() {
+    QFETCH(QString, chosen);
+    QFETCH(QString, before);
+    QFETCH(QString, answer);
+    QFETCH(QString, file);
+    const bool send = QByteArray(QTest::currentDataTag()).startsWith("send");
+    LineFixture f;
+    QVERIFY(f.StartConnected(qx32, send ? "" : "N 001\"OVERLOAD\"|N 002|x|N 004\"DOOR\"|END"));
+    for (const int number : {1, 2, 3, 4}) f.program.SetMessageText(number, u"OLD"_qs);
+    const QByteArray lines = "N. 001 \"OVERLOAD\"\r\nN. 002\r\n";
+    if (!before.isEmpty()) QVERIFY(WriteBytes(f.Path(before), lines));
+    chosen.isEmpty() ? f.dialog.ExpectCancel() : f.dialog.Expect(f.Path(chosen));
+    if (!answer.isEmpty()) f.prompts.Expect(answer == u"Yes" ? Answer::Yes : Answer::No);
+    if (file.isEmpty()) f.prompts.Expect();
+    f.Choose(send ? "Msg_Trans" : "Msg_Rec");
+    QVERIFY(!f.serial.PortOpen());
+    const QStringList asked = f.dialog.shown.constFirst().split(u"; "_qs);
+    QCOMPARE(asked.at(2), u"Tutti i File (*.Msg)|*.msg|Tutti i File (*.*)|*.*"_qs);
+    QStringList texts;
+    for (const int number : {1, 2, 3, 4}) texts.append(f.program.MessageText(number));
+    const bool received = !send && !file.isEmpty();
+    QCOMPARE(texts.join(u'|'), received ? u"OVERLOAD|OLD|OLD|DOOR"_qs : u"OLD|OLD|OLD|OLD"_qs);
+    if (file.isEmpty()) {
+      QCOMPARE(f.prompts.Shown().constLast(), u"Critical Ok: FILE MESSAGGI NON TROVATO"_qs);
+      QCOMPARE(f.serial.Written, QByteArray("?M\x8C\r"));
+    } else if (send) {
+      QCOMPARE(f.serial.Written, QByteArray("?M\x8C\r?AW\xD7\rN001\"OVERLOAD\"\rN002\"\"\rEND\r"));
+    } else {
+      QCOMPARE(asked.at(3), u"2050"_qs);
+      QCOMPARE(f.ItemLine, u"32 22 255  NIRA QX32-22F V1.0"_qs);
+      QCOMPARE(ReadBytes(f.Path(file)),
+               QByteArray("N 001\"OVERLOAD\"\r\nN 002\r\nx\r\nN 004\"DOOR\"\r\nEND\r\n"));
+      if (!before.isEmpty()) QCOMPARE(ReadBytes(f.Path(file + u".bak")), lines);
+    }
+  }
+
+  void MessagesNeedAnAnswer() {
+    LineFixture f;
+    QVERIFY(f.StartConnected({}));
+    for (const char* item : {"Msg_Trans", "Msg_Rec"}) {
+      f.prompts.Expect();
+      f.Choose(item);
+      QCOMPARE(f.prompts.Shown().constLast(), u"Critical Ok:    "_qs + noAnswer);
+    }
+    QVERIFY(f.dialog.shown.isEmpty());
+    QVERIFY(!f.serial.PortOpen());
+  }
+
+  void AutSel_data() {
+    QTest::addColumn<QByteArray>("reply");
+    QTest::addColumn<QString>("chosen");  // the options that are marked then
+    QTest::addColumn<QString>("limits");  // after closing
+    const QByteArray rest = "  NIRA and some more of it    \r";
+    QTest::newRow("16, 99") << QByteArray("16 99 180" + rest) << u"QX16 99 FORMATI"_qs
+                            << u"16 99 180"_qs;
+    QTest::newRow("in neither caption")
+        << QByteArray("16 07 100" + rest) << u"QX16  7 FORMATI"_qs << u"16 7 100"_qs;
+    QTest::newRow("24 cams") << QByteArray("24 07 100" + rest) << u"QX32 22 FORMATI"_qs
+                             << u"32 22 255"_qs;
+    QTest::newRow("no answer") << QByteArray() << u"QX32 22 FORMATI"_qs << u"32 22 255"_qs;
+  }
+
+  void AutSel() {
+    QFETCH(QByteArray, reply);
+    LineFixture f;
+    QVERIFY(f.StartConnected(reply));
+    QStringList chosen;
+    f.chooseModel = [&](Carprg* window) {
+      f.OnQuery = [&, window] {
+        QTest::mouseClick(window->findChild<QPushButton*>(u"OKP"_qs), Qt::LeftButton);
+        window->close();
+        window->findChild<QTimer*>(u"Timer1"_qs)->start(0);
+        QTRY_COMPARE(window->findChild<QLabel*>(u"LabCom"_qs)->text(),
+                     u"Serial Port COM1 Connected to 9600,n,8,1"_qs);
+      };
+      QTest::mouseClick(window->findChild<QPushButton*>(u"AutSel"_qs), Qt::LeftButton);
+      QVERIFY(window->isVisible());
+      for (const auto* option : window->findChildren<QRadioButton*>()) {
+        if (option->isChecked()) chosen.append(option->text());
+      }
+      QCOMPARE(window->findChild<QLabel*>(u"LabCom"_qs)->text(),
+               u"Serial Port COM1 unconnected"_qs);
+    };
+    if (reply.isEmpty()) f.prompts.Expect();
+    f.Choose("f_New");
+    QTEST(chosen.join(u' '), "chosen");
+    QTEST(f.Limits(), "limits");
+    QVERIFY(!f.serial.PortOpen());
+  }
+};
+
+}  // namespace nira
+
+QTEST_MAIN(nira::LineCommandsTest)
+#include "LineCommandsTest.moc"

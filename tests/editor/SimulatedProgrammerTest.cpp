@@ -1,0 +1,175 @@
+#include "comm/Monit_Com.h"
+#include "messages/AlMsg.h"
+#include "model/Text.h"
+#include "simulator/SimulatedSerial.h"
+#include "support/DeviceFixture.h"
+#include "support/WindowFixture.h"
+
+#include <QRegularExpression>
+
+namespace nira {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString timeout = u"None Ok: TIMEOUT SERIAL PORT "_qs;
+
+/// A programmer on a line whose time is virtual.
+struct Simulated {
+  explicit Simulated(const QStringList& faults) : device(ProgrammerState(), FaultsOf(faults)) {}
+  Programmer device;
+  SimulatedSerial line{device};
+};
+
+/// The main window with it at the port.
+struct SimulatedWindow : Simulated, WindowFixture {
+  explicit SimulatedWindow(const QString& faults = {})
+      : Simulated(faults.split(u' ', Qt::SkipEmptyParts)), WindowFixture(&line, &line) {}
+
+  /// The program in memory as "Save As" writes it, but for the descriptions: those of cams without
+  /// a phase in size 1 do not go over the line.
+  QString Saved(const QString& name) {
+    dialog.Expect(Path(name));
+    Choose("f_save");
+    return FromBytes(ReadBytes(Path(name)).toStdString())
+        .remove(QRegularExpression(u"\"[^\"]*\""_qs));
+  }
+
+  /// The message editor from the menu, with a click on each of its buttons; closed again.
+  void InMessages(const std::function<void(const AlMsg*)>& act) {
+    bool opened = false;
+    WhenOpens<AlMsg>([&](AlMsg* open) {
+      opened = true;
+      act(open);
+      if (!settings.MsgSaved) prompts.Expect(Answer::Yes);
+      open->close();
+    });
+    Choose("Al_Msg");
+    QVERIFY(opened);
+  }
+
+  static void ClickIn(const QWidget* window, const char* button) {
+    QTest::mouseClick(window->findChild<QPushButton*>(QString::fromLatin1(button)), Qt::LeftButton);
+  }
+};
+
+}  // namespace
+
+/// The windows with a whole programmer at the port: what goes out comes back.
+class SimulatedProgrammerTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void ThereAndBack_data() {
+    QTest::addColumn<QString>("faults");
+    QTest::addColumn<QString>("sending");    // boxes
+    QTest::addColumn<QString>("receiving");  // boxes; with one the program stays as it was
+    const QString none;
+    QTest::newRow("sound") << none << none << none;
+    QTest::newRow("late") << u"late=1900"_qs << none << none;
+    QTest::newRow("refused frames") << u"nak=1 nak=30"_qs << none << none;
+    QTest::newRow("ACK lost") << u"lost-ack=30"_qs << timeout << none;
+    QTest::newRow("bad checksum") << u"bad-checksum=30"_qs << none << timeout;
+  }
+
+  void ThereAndBack() {
+    QFETCH(QString, faults);
+    QFETCH(QString, sending);
+    QFETCH(QString, receiving);
+    SimulatedWindow f(faults);
+    QVERIFY(f.Start(f.Sample(u"press.CAM"_qs)));
+    const QString whole = f.Saved(u"sent.CAM"_qs);
+    bool said = false;
+    WhenOpens<Monit_Com>([&said](const Monit_Com* monitor) {
+      said = monitor->findChild<QLabel*>(u"Simulated"_qs)->isVisible();
+    });
+    if (!sending.isEmpty()) f.prompts.Expect();
+    f.Choose("Tr_Siz");
+    QVERIFY(said);
+    QTEST(f.prompts.Shown().join(u'|'), "sending");
+    f.prompts.boxes.clear();
+    f.Choose("f_newp");
+    const QString empty = f.Saved(u"empty.CAM"_qs);
+    if (!receiving.isEmpty()) f.prompts.Expect();
+    f.Choose("Rc_Siz");
+    QTEST(f.prompts.Shown().join(u'|'), "receiving");
+    QVERIFY(!f.line.PortOpen());
+    QCOMPARE(f.program.IsSaved, !receiving.isEmpty());
+    QCOMPARE(f.Saved(u"received.CAM"_qs), receiving.isEmpty() ? whole : empty);
+    QVERIFY(whole.size() > 2 * empty.size());
+    QCOMPARE(f.program.CamText(0), receiving.isEmpty() ? u"FEED GRIPPER"_qs : QString());
+  }
+
+  /// The adapter pulled out in the middle: the job ends, the window does not, and the port opens
+  /// again when it is back.
+  void Unplugged() {
+    SimulatedWindow f(u"unplug=20"_qs);
+    QVERIFY(f.Start(f.Sample(u"press.CAM"_qs)));
+    const QString whole = f.Saved(u"before.CAM"_qs);
+    for (const char* job : {"Tr_Siz", "Rc_Siz"}) {
+      f.prompts.Expect();
+      f.Choose(job);
+      QVERIFY(
+          f.prompts.Shown().constLast().startsWith(u"Critical Ok: [Errore su COM1] Errore "_qs));
+      QVERIFY(f.device.IsUnplugged() && !f.line.PortOpen() && f.window->isVisible());
+      f.prompts.Expect();  // as long as it is out
+      f.Choose(job);
+      f.device.PlugIn();
+    }
+    QCOMPARE(f.Saved(u"after.CAM"_qs), whole);
+    f.chooseModel = [&f](Carprg* window) {
+      SimulatedWindow::ClickIn(window, "AutSel");
+      QVERIFY(window->findChild<QLabel*>(u"Simulated"_qs)->isVisible());
+    };
+    f.Choose("f_New");
+    QCOMPARE(f.settings.PortErrorFlag, 0);
+    QCOMPARE(f.program.NumSizes(), 22);
+  }
+
+  void MessagesFromTheEditor() {
+    SimulatedWindow f;
+    QVERIFY(f.Start());
+    f.settings.MsgFile = f.Path(u"own.MSG"_qs);
+    f.program.SetMessageText(1, u"ONE"_qs);
+    f.program.SetMessageText(255, u"LAST"_qs);
+    f.InMessages([](const AlMsg* open) { SimulatedWindow::ClickIn(open, "Tr_M"); });
+    QCOMPARE(f.device.State.Message(1) + f.device.State.Message(255), std::string("ONELAST"));
+    QVERIFY(f.settings.MsgSaved);
+    f.device.State.SetMessage(1, "OTHER");
+    f.program.SetMessageText(2, u"GOES"_qs);
+    QString first;
+    f.InMessages([&first](const AlMsg* open) {
+      SimulatedWindow::ClickIn(open, "Rc_M");
+      first = open->findChild<QListWidget*>(u"LstAlr"_qs)->item(0)->text();
+    });
+    QCOMPARE(first, u"001 OTHER"_qs);
+    QCOMPARE(f.program.MessageText(255), u"LAST"_qs);
+    QVERIFY(f.program.MessageText(2).trimmed().isEmpty());
+    QVERIFY(!f.settings.MsgSaved);
+    QCOMPARE(f.settings.MsgFile, f.Path(u"own.MSG"_qs));
+    QVERIFY(!QFile::exists(f.settings.MsgFile) && !f.line.PortOpen());
+  }
+
+  void MessageFilesFromTheMenu() {
+    SimulatedWindow f;
+    QVERIFY(f.Start());
+    f.dialog.Expect(f.Sample(u"press_IT.MSG"_qs));
+    f.Choose("Msg_Trans");
+    QCOMPARE(f.device.State.Message(1), std::string("EMERGENZA PREMUTA   PULPITO FRONTALE"));
+    QVERIFY(f.program.MessageText(1).isEmpty());
+    f.dialog.Expect(f.Path(u"got"_qs));
+    f.Choose("Msg_Rec");
+    QVERIFY(ReadBytes(f.Path(u"got.MSG"_qs)).endsWith("\r\nEND\r\n"));
+    for (int number = 1; number <= 255; ++number) {
+      const std::string& text = f.device.State.Message(number);
+      QCOMPARE(f.program.MessageText(number).trimmed(), FromBytes(text).trimmed());
+    }
+    QVERIFY(!f.settings.MsgSaved && f.settings.MsgFile.isEmpty());
+  }
+};
+
+}  // namespace nira
+
+QTEST_MAIN(nira::SimulatedProgrammerTest)
+#include "SimulatedProgrammerTest.moc"
