@@ -1,20 +1,16 @@
 // How long the largest cam files take to read and to write, beside `wc -l` on the same file.
 
+#include "Measure.h"
 #include "Programs.h"
 #include "files/CamFile.h"
 #include "files/CamLines.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
-#include <QTextStream>
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,8 +18,7 @@
 namespace {
 
 using namespace nira;
-
-constexpr int runs = 21;
+using namespace nira_bench;
 
 /// Answers nothing that matters: the files measured here are good.
 class NoPrompts : public Prompts {
@@ -37,25 +32,6 @@ class NoPrompts : public Prompts {
     return std::nullopt;
   }
 };
-
-/// The median of several runs in milliseconds, after one that fills the caches.
-double Median(const std::function<void()>& work) {
-  work();
-  std::vector<double> times;
-  for (int run = 0; run < runs; ++run) {
-    QElapsedTimer timer;
-    timer.start();
-    work();
-    times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
-  }
-  std::nth_element(times.begin(), times.begin() + runs / 2, times.end());
-  return times[runs / 2];
-}
-
-[[noreturn]] void Fail(const QString& reason) {
-  QTextStream(stderr) << reason << '\n';
-  std::exit(1);
-}
 
 qint64 CountLines(const QString& path) {
   static std::vector<char> buffer(1 << 17);
@@ -80,29 +56,12 @@ qint64 CountLines(const QString& path) {
 
 /// `wc -l` as a process; 0 where there is none.
 double WordCount(const QString& path) {
-  QProcess probe;
-  probe.start(QStringLiteral("wc"), {QStringLiteral("--version")});
-  if (!probe.waitForFinished() || probe.exitCode() != 0) return 0;
-  return Median([&path] {
-    QProcess process;
-    process.setStandardOutputFile(QProcess::nullDevice());
-    process.start(QStringLiteral("wc"), {QStringLiteral("-l"), path});
-    if (!process.waitForFinished() || process.exitCode() != 0) Fail(QStringLiteral("wc failed"));
-  });
-}
-
-void Report(const char* what, double ms, double megabytes) {
-  QTextStream(stdout) << "  " << qSetFieldWidth(32) << Qt::left << what << qSetFieldWidth(0)
-                      << QString::asprintf("%8.2f ms %8.1f MB/s\n", ms, megabytes / ms * 1000);
-}
-
-void ReportRatio(const char* what, double ratio) {
-  QTextStream(stdout) << "  " << qSetFieldWidth(32) << Qt::left << what << qSetFieldWidth(0)
-                      << QString::asprintf("%8.2f\n", ratio);
+  const QString wc = QStringLiteral("wc");
+  return HasProgram(wc) ? ProcessMedian(wc, {QStringLiteral("-l"), path}) : 0;
 }
 
 void Measure(const QString& path, int sizes, int cams) {
-  CamProgram program = nira_bench::FullProgram(sizes, cams);
+  CamProgram program = FullProgram(sizes, cams);
   const std::string expected = WriteCamFile(program);
   const double megabytes = static_cast<double>(expected.size()) / 1e6;
   QTextStream(stdout) << sizes << " sizes, " << cams

@@ -1,5 +1,6 @@
 #include "app/CamFileAccess.h"
 #include "app/Commands.h"
+#include "app/FirmwareCheck.h"
 #include "app/MessageCheck.h"
 #include "app/Printable.h"
 #include "app/ScriptCheck.h"
@@ -39,7 +40,9 @@ bool CheckFile(const Console& console, const QString& file) {
   if (extension == QStringLiteral("cam")) return CheckCamFile(console, file);
   if (extension == QStringLiteral("scr")) return CheckScriptOf(console, file);
   if (extension == QStringLiteral("msg")) return CheckMessages(console, file);
-  PrintFault(console.Out, file, {0, QStringLiteral("none of .cam, .scr and .msg by its name")});
+  if (extension == QStringLiteral("abs")) return CheckFirmware(console, file);
+  PrintFault(console.Out, file,
+             {0, QStringLiteral("none of .cam, .scr, .msg and .abs by its name")});
   return false;
 }
 
@@ -57,7 +60,7 @@ int RunCheck(Console& console, const Arguments& arguments) {
 Command CheckCommand() {
   return {.name = "check",
           .synopsis = "FILE...",
-          .summary = "read each .cam, .scr or .msg file and name its first fault",
+          .summary = "read each .cam, .scr, .msg or .abs file and name its first fault",
           .most = Command::Any,
           .run = RunCheck};
 }

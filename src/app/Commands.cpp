@@ -11,6 +11,7 @@ const std::vector<Command>& AllCommands() {
       EditCommand(),       //
       PrintCommand(),      //
       MessagesCommand(),   //
+      FlashCommand(),      //
       SimulateCommand(),
   };
   return commands;

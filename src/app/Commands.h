@@ -12,6 +12,7 @@ Command RewriteCommand();
 Command EditCommand();
 Command PrintCommand();
 Command MessagesCommand();
+Command FlashCommand();
 Command SimulateCommand();
 
 /// All commands, in the order in which the usage shows them.

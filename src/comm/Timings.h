@@ -13,6 +13,8 @@ struct Timings {
   static constexpr int AfterSizeHeader = 10;       ///< the programmer turns to the next size
   static constexpr int BeforeEnd = 10;  ///< the programmer stores the last message of "?AW"
   static constexpr int AskAgain = 50;   ///< between a reply that is no identity and the next query
+  static constexpr int FlashReply = 5000;  ///< of a firmware line, which the programmer burns first
+  static constexpr int FlashEnd = 3000;    ///< the programmer starts anew with its new firmware
 
   // The platform's side of the line.
   static constexpr int Slice = 20;     ///< longest time in a wait without painting: 50 a second

@@ -6,6 +6,7 @@
 #include "comm/SETCOMM.h"
 #include "comm/SerialLink.h"
 #include "comm/SizeTransfer.h"
+#include "comm/UpdFlsh.h"
 #include "dialogs/InputHold.h"
 
 #include <QApplication>
@@ -66,6 +67,11 @@ void LineCommands::Msg_Rec_Click() {
         [this] { return ChooseMessages(TextNumber::ReceiveMessagesTitle, true); },
         [this](const QString& item) { return ShowMonitor(item); });
   });
+}
+
+void LineCommands::Upd_Flash_Click() {
+  Exchange(Moves::Firmware, TextNumber::Transmitted,
+           [this] { return nira::Upd_Flash_Click(comm_, instance_.Dialog, window_); });
 }
 
 bool LineCommands::TransmitMessages(const QString& file) {

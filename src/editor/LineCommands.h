@@ -29,6 +29,7 @@ class LineCommands : public QObject {
   void Rc_Siz_Click();
   void Msg_Trans_Click();
   void Msg_Rec_Click();
+  void Upd_Flash_Click();
   void setcom_Click();
 
   /// The exchanges of the message editor, with the path of its work file. True when all of it went
@@ -45,7 +46,7 @@ class LineCommands : public QObject {
   void Note(const QString& text);
 
  private:
-  enum class Moves { Messages, ProgramOut, ProgramIn };
+  enum class Moves { Messages, Firmware, ProgramOut, ProgramIn };
   TransferEnd Exchange(Moves what, TextNumber done, const std::function<TransferEnd()>& exchange);
   TransferEnd ShowMonitor(const QString& item);
   QString ChooseMessages(TextNumber title, bool save);

@@ -6,63 +6,58 @@ namespace nira {
 
 namespace {
 
-enum class State { On, Off };  // Off: its work is not built yet, or it waits for its moment
-
 struct Entry {
   const char* name;  // null: a separator
   const char* caption;
-  State state = State::On;
   QKeySequence::StandardKey key = QKeySequence::UnknownKey;
 };
 
 constexpr Entry separator{nullptr, nullptr};
 
 constexpr std::array fileEntries = {
-    Entry{"f_newp", "&New", State::On, QKeySequence::New},
-    Entry{"f_open", "&Open", State::On, QKeySequence::Open},
-    Entry{"f_S", "&Save", State::On, QKeySequence::Save},
-    Entry{"f_save", "Save &As ..", State::On},
+    Entry{"f_newp", "&New", QKeySequence::New},
+    Entry{"f_open", "&Open", QKeySequence::Open},
+    Entry{"f_S", "&Save", QKeySequence::Save},
+    Entry{"f_save", "Save &As .."},
     separator,
-    Entry{"f_New", "S&el Programmer", State::On},
+    Entry{"f_New", "S&el Programmer"},
     separator,
-    Entry{"f_SelPr", "Se&lect Printer", State::On},
-    Entry{"Pr_size", "&Print", State::On, QKeySequence::Print},
+    Entry{"f_SelPr", "Se&lect Printer"},
+    Entry{"Pr_size", "&Print", QKeySequence::Print},
     separator,
-    Entry{"F_quit", "&Exit", State::On, QKeySequence::Quit},
+    Entry{"F_quit", "&Exit", QKeySequence::Quit},
 };
 
 constexpr std::array sizesEntries = {
-    Entry{"s_sel", "Se&lect Size", State::On},
-    Entry{"O_Copy", "Copy &Size", State::On},
-    Entry{"s_Clr", "&Erase Size", State::On},
-    Entry{"S_Imp", "&Import Size", State::On},
+    Entry{"s_sel", "Se&lect Size"},
+    Entry{"O_Copy", "Copy &Size"},
+    Entry{"s_Clr", "&Erase Size"},
+    Entry{"S_Imp", "&Import Size"},
     separator,
-    Entry{"O_CopyC", "Cop&y Cam", State::On},
-    Entry{"o_Shc", "S&hift Cam", State::On},
-    Entry{"O_ClC", "E&rase Cam", State::On},
-    Entry{"o_MODC", "&Modify Cam", State::On},
-    Entry{"o_Undo", "&Undo", State::Off},
+    Entry{"O_CopyC", "Cop&y Cam"},
+    Entry{"o_Shc", "S&hift Cam"},
+    Entry{"O_ClC", "E&rase Cam"},
+    Entry{"o_MODC", "&Modify Cam"},
+    Entry{"o_Undo", "&Undo"},
     separator,
-    Entry{"Fu_Set", "Fu&nctions", State::On},
-    Entry{"Al_Msg", "&Messages", State::On},
+    Entry{"Fu_Set", "Fu&nctions"},
+    Entry{"Al_Msg", "&Messages"},
 };
 
 constexpr std::array communicEntries = {
-    Entry{"Tr_Siz", "Size &Transmit", State::On},
-    Entry{"Rc_Siz", "Size &Receive", State::On},
-    Entry{"Msg_Trans", "&Alarm Msg Transmit", State::On},
-    Entry{"Msg_Rec", "Alarm &Msg Receive", State::On},
-    Entry{"Upd_Flash", "&Update FLASH", State::Off},
+    Entry{"Tr_Siz", "Size &Transmit"},         Entry{"Rc_Siz", "Size &Receive"},
+    Entry{"Msg_Trans", "&Alarm Msg Transmit"}, Entry{"Msg_Rec", "Alarm &Msg Receive"},
+    Entry{"Upd_Flash", "&Update FLASH"},
 };
 
 constexpr std::array optionsEntries = {
-    Entry{"setcom", "&Set CommPort", State::On},
-    Entry{"o_Setlng", "Set &Language", State::On},
+    Entry{"setcom", "&Set CommPort"},
+    Entry{"o_Setlng", "Set &Language"},
 };
 
 constexpr std::array demoEntries = {
-    Entry{"O_Rot", "&Rotate Demo", State::On},
-    Entry{"o_Ant", "&Advance Demo", State::On},
+    Entry{"O_Rot", "&Rotate Demo"},
+    Entry{"o_Ant", "&Advance Demo"},
 };
 
 template <typename Entries>
@@ -75,7 +70,6 @@ QMenu* Fill(QMenuBar* bar, const char* caption, const Entries& entries) {
     }
     QAction* action = menu->addAction(QString::fromLatin1(entry.caption));
     action->setObjectName(QString::fromLatin1(entry.name));
-    action->setEnabled(entry.state == State::On);
     if (entry.key != QKeySequence::UnknownKey) action->setShortcut(entry.key);
   }
   return menu;
@@ -91,6 +85,7 @@ MainMenu::MainMenu(QMenuBar* bar) : QObject(bar), bar_(bar) {
   Fill(bar, "&Demo", demoEntries)->menuAction()->setObjectName(QStringLiteral("Demo"));
   QAction* info = bar->addAction(QStringLiteral("&Info"));
   info->setObjectName(QStringLiteral("info"));
+  Item(QStringLiteral("o_Undo"))->setEnabled(false);  // until there is something to undo
   connect(info, &QAction::triggered, this, [this] { Q_EMIT Chosen(QStringLiteral("info")); });
   for (QMenu* menu : bar->findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly)) {
     connect(menu, &QMenu::triggered, this, [this](const QAction* action) {

@@ -10,8 +10,7 @@
 
 namespace nira {
 
-/// The menu tree of the main window. Every item has its name as object name; items whose work is
-/// not built yet are disabled.
+/// The menu tree of the main window. Every item has its name as object name.
 class MainMenu : public QObject {
   Q_OBJECT
 

@@ -186,6 +186,7 @@ void MainWindow::BuildHandlers() {
       {QStringLiteral("Rc_Siz"), [this] { lines_->Rc_Siz_Click(); }},
       {QStringLiteral("Msg_Trans"), [this] { lines_->Msg_Trans_Click(); }},
       {QStringLiteral("Msg_Rec"), [this] { lines_->Msg_Rec_Click(); }},
+      {QStringLiteral("Upd_Flash"), [this] { lines_->Upd_Flash_Click(); }},
       {QStringLiteral("setcom"), [this] { lines_->setcom_Click(); }},
       {QStringLiteral("o_Setlng"), [this] { SelectLanguage(); }},
       {QStringLiteral("O_Rot"),

@@ -46,6 +46,22 @@ bool LineReader::Refill() {
   return true;
 }
 
+void LineReader::Rewind() {
+  begin_ = 0;
+  lineNumber_ = 0;
+  overlong_ = false;
+  if (!file_.isOpen()) return;  // all that there is stands in memory
+  end_ = 0;
+  fileDone_ = !file_.seek(0);
+  if (fileDone_) error_ = file_.errorString();
+}
+
+void LineReader::Close() {
+  file_.close();
+  begin_ = end_;
+  fileDone_ = true;
+}
+
 bool LineReader::AtEnd() {
   return begin_ == end_ && !Refill();
 }

@@ -148,6 +148,12 @@ enum class TextNumber : int {
   ReceiveMessagesTitle = 311,
   Transmitted = 312,
   Received = 313,
+  FlashOpenTitle = 314,
+  FlashReady = 315,
+  FlashNotReady = 316,
+  FlashNoEnd = 317,
+  FlashKeepOn = 318,
+  FlashRefused = 319,
 };
 
 }  // namespace nira

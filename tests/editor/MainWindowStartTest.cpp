@@ -66,7 +66,7 @@ class MainWindowStartTest : public QObject {
              "&Modify Cam o_MODC, -&Undo o_Undo, Fu&nctions Fu_Set, &Messages Al_Msg], "
              "&Communic [Size &Transmit Tr_Siz, Size &Receive Rc_Siz, "
              "&Alarm Msg Transmit Msg_Trans, Alarm &Msg Receive Msg_Rec, "
-             "-&Update FLASH Upd_Flash], "
+             "&Update FLASH Upd_Flash], "
              "&Options [&Set CommPort setcom, Set &Language o_Setlng], "
              "&Demo Demo [&Rotate Demo O_Rot, &Advance Demo o_Ant], &Info info"_qs);
   }

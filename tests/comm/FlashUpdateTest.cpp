@@ -1,0 +1,253 @@
+#include "comm/Timings.h"
+#include "support/FlashFixture.h"
+
+#include <QTest>
+
+namespace nira {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr TransferEnd done = TransferEnd::Done;
+const QString question = u"Question YesNo: UPDATE FLASH ?"_qs;
+const QString unusable = u"Critical Ok: FILE UNUSABLE"_qs;
+const QString timeout = u"None Ok: TIMEOUT SERIAL PORT "_qs;
+const QString parity = u"PARITY ERROR IN LINE "_qs;
+const QByteArray command = ":FU\xD5";
+const QByteArray first = HexOf("\x12\x34", 0xABCD);
+const QByteArray second = HexOf("9361FE112197", 0x10);
+const QByteArray last = ":00000001FF";
+const QByteArray firmware = first + "\r\n" + second + "\r\n" + last + "\r\n";
+
+struct UpdateFixture : FlashFixture {
+  TransferEnd Run(const QByteArray& bytes) { return FlashUpdate(flash, shown, File(bytes)).Run(); }
+};
+
+}  // namespace
+
+/// The update of the firmware, from the file to the last acknowledgement.
+class FlashUpdateTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void Updates() {
+    UpdateFixture f;
+    f.TakeAll();
+    f.asked.Expect(Answer::Yes);
+    f.settings.BaudRate = 300;
+    SerialLink(f.flash).OpenPort();  // as another exchange may leave it
+    f.serial.Log.clear();
+    const std::int64_t begun = f.serial.Now();
+    QCOMPARE(f.Run(firmware), done);
+    QCOMPARE(f.Sent, QByteArrayList({command, first, second, last}));
+    QCOMPARE(f.serial.Written, command + '\r' + first + '\r' + second + '\r' + last + '\r');
+    QCOMPARE(f.serial.Log.mid(0, 8).join(u'|'),
+             u"close|buffer 4096|open 3|19200,n,8,1|length 0|handshake 2|discard input"
+             u"|out 3a 46 55 d5 0d"_qs);
+    QCOMPARE(f.serial.Log.mid(f.serial.Log.size() - 2).join(u'|'), u"pause 3000|close"_qs);
+    QCOMPARE(f.serial.Now() - begun, 4 * 30 + 3000);
+    QCOMPARE(f.settings.BaudRate, 300);
+    QCOMPARE(f.asked.Shown(), QStringList(question));
+    const QStringList expected = {u"WORKING FILE =new.abs"_qs,
+                                  u"Testing Line:         3  Tot.Bytes:        14"_qs,
+                                  u"WORKING FILE =new.abs (14 bytes)"_qs,
+                                  u" CRC Prog:  9361FE  Date Prog: NOV 21 97"_qs,
+                                  u"Ready"_qs,
+                                  u"Refused 0"_qs,
+                                  u"Transmit Line:      1  Bytes:       2  Addr:2ABCDH"_qs,
+                                  u"Transmit Line:      2  Bytes:      14  Addr:C0010H"_qs,
+                                  u"33%"_qs,
+                                  u"Transmit Line:      3  Bytes:      14  Addr:00000H"_qs,
+                                  u"66%"_qs,
+                                  u"100%"_qs,
+                                  u"DEVICE UPDATED WITH  "_qs + f.Path(u"new.abs"_qs)};
+    QCOMPARE(f.shown.Shown.join(u'\n'), expected.join(u'\n'));
+  }
+
+  void LinesWithoutDataGoLast() {
+    UpdateFixture f;
+    f.TakeAll();
+    f.asked.Expect(Answer::Yes);
+    const QByteArray other = HexOf({}, 0x1234, 1);
+    QCOMPARE(f.Run(last + '\n' + first + '\n' + other + '\n' + second), done);
+    QCOMPARE(f.Sent, QByteArrayList({command, first, second, last, other}));
+    const QStringList lines = f.shown.Shown.filter(u"Transmit"_qs);
+    QCOMPARE(lines.at(2), u"Transmit Line:      1  Bytes:      14  Addr:00000H"_qs);
+    QCOMPARE(lines.at(3), u"Transmit Line:      3  Bytes:      14  Addr:01234H"_qs);
+  }
+
+  void Replies_data() {
+    QTest::addColumn<QString>("replies");  // each to one output, "ms:hex"; "+" joins several
+    QTest::addColumn<int>("outputs");
+    QTest::addColumn<int>("lasted");  // ms; the end of a good update adds 3000
+    QTest::addColumn<bool>("good");
+    const auto row = [](const char* name, const QString& replies, int outputs, int lasted,
+                        bool good) { QTest::newRow(name) << replies << outputs << lasted << good; };
+    row("acknowledged", u"1:06 2:06 3:06 4:06"_qs, 4, 10, true);
+    row("refused", u"1:06 2:15 3:15 4:15 5:06 6:06 7:06"_qs, 7, 28, true);
+    row("noise before", u"1:06 2:FF+3:00+4:06 1:06 1:06"_qs, 4, 7, true);
+    row("noise in one piece", u"1:06 2:FF0006 1:06 1:06"_qs, 4, 5, true);
+    row("the first of two counts", u"1:06 2:1506 1:06 1:06 1:06"_qs, 5, 6, true);
+    row("late", u"4999:06 5000:06 5000:06 1:06"_qs, 4, 15000, true);
+    row("too late", u"1:06 5001:06"_qs, 2, 5001, false);
+    row("noise pushes nothing", u"1:06 2000:FF+4000:FF+5500:06"_qs, 2, 5001, false);
+    row("silence after a refusal", u"1:06 3000:15 -"_qs, 3, 8001, false);
+    row("doubled is none for the next", u"1:06 1:0606 -"_qs, 3, 5002, false);
+    row("start refused", u"1:15+9:06 1:06 1:06 1:06"_qs, 4, 12, true);
+    row("start unanswered", u"1:FF"_qs, 1, 5000, false);
+    row("end unanswered", u"1:06 1:06 1:06 -"_qs, 4, 5003, false);
+  }
+
+  void Replies() {
+    QFETCH(QString, replies);
+    QFETCH(bool, good);
+    UpdateFixture f;
+    QStringList left = replies.split(u' ');
+    f.serial.Device = [&](const QByteArray&) {
+      for (const QString& reply : (left.isEmpty() ? QString() : left.takeFirst()).split(u'+')) {
+        const QByteArray bytes = QByteArray::fromHex(reply.section(u':', 1).toLatin1());
+        if (!bytes.isEmpty()) f.serial.Send(bytes, reply.section(u':', 0, 0).toInt());
+      }
+    };
+    f.asked.WhileShown = [&f](const QString&) { f.serial.Send("\x06"); };  // to nothing
+    f.asked.Expect(Answer::Yes);
+    if (!good) f.asked.Expect();
+    const std::int64_t begun = f.serial.Now();
+    QCOMPARE(f.Run(firmware), good ? done : TransferEnd::TimedOut);
+    QTEST(int(f.serial.Written.count('\r')), "outputs");
+    QTEST(int(f.serial.Now() - begun - (good ? 3000 : 0)), "lasted");
+    QCOMPARE(f.asked.Shown().mid(1), good ? QStringList() : QStringList(timeout));
+    QVERIFY(!f.serial.PortOpen());
+    QCOMPARE(f.shown.Message.isEmpty(), !good);
+  }
+
+  void NoiseWithoutEnd() {
+    UpdateFixture f;
+    f.serial.Device = [&f](const QByteArray&) { f.serial.Flood("\xFF"); };
+    f.asked.Expect(Answer::Yes);
+    f.asked.Expect();
+    const std::int64_t begun = f.serial.Now();
+    QCOMPARE(f.Run(firmware), TransferEnd::TimedOut);
+    QCOMPARE(f.serial.Now() - begun, Timings::FlashReply);
+  }
+
+  /// Nothing that cannot be flashed reaches the port; one that was open is closed.
+  void BadFiles_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<int>("line");  // of a parity error; 0 when it is none
+    QTest::newRow("wrong checksum") << QByteArray(first + '\n' + second.chopped(1) + "G\n") << 2;
+    QTest::newRow("too short") << QByteArray(first + "\n:00") << 2;
+    QTest::newRow("no colon") << QByteArray(first + "\nEND\n") << 0;
+    QTest::newRow("empty line") << QByteArray(first + "\n\n" + last) << 0;
+    QTest::newRow("empty") << QByteArray() << 0;
+  }
+
+  void BadFiles() {
+    QFETCH(int, line);
+    QFETCH(QByteArray, bytes);
+    UpdateFixture f;
+    SerialLink(f.flash).OpenPort();
+    f.serial.Log.clear();
+    f.asked.Expect();
+    QCOMPARE(f.Run(bytes), TransferEnd::BadFile);
+    QCOMPARE(f.asked.Shown(), QStringList(unusable));
+    QCOMPARE(f.shown.Message, line > 0 ? QString(parity + QString::number(line)) : QString());
+    QCOMPARE(f.serial.Log, QStringList(u"close"_qs));
+  }
+
+  void NoFile() {
+    UpdateFixture f;
+    f.asked.Expect();
+    QCOMPARE(FlashUpdate(f.flash, f.shown, f.folder.path()).Run(), TransferEnd::NoFile);
+    QVERIFY(f.asked.Shown().constFirst().contains(f.folder.path()));
+    QVERIFY(f.serial.Log.isEmpty());
+  }
+
+  void GivenUp_data() {
+    QTest::addColumn<bool>("confirmed");
+    QTest::newRow("No to the question") << false;
+    QTest::newRow("Cancel while it is not ready") << true;
+  }
+
+  void GivenUp() {
+    QFETCH(bool, confirmed);
+    UpdateFixture f;
+    f.serial.Holding = false;
+    f.asked.Expect(confirmed ? Answer::Yes : Answer::No);
+    if (confirmed) f.asked.Expect(Answer::Cancel);
+    QCOMPARE(f.Run(first), TransferEnd::Cancelled);
+    QCOMPARE(f.shown.Message, u"THE FILE HAS NO END RECORD: IT MAY BE INCOMPLETE"_qs);
+    QVERIFY(f.serial.Written.isEmpty() && !f.serial.PortOpen());
+  }
+
+  /// The file stays open: what stands under its name by then does not matter, what stands in it
+  /// does.
+  void FileChanges_data() {
+    QTest::addColumn<QByteArray>("bytes");  // written into the file while the question stands
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<int>("sent");
+    const QByteArray other = HexOf("\x13\x34", 0xABCD);
+    QTest::newRow("replaced") << QByteArray() << QString() << 4;
+    QTest::newRow("bad line") << QByteArray(first + "\r\n" + second.chopped(1) + "?\r\n" + last)
+                              << QString(parity + u'2') << 2;
+    QTest::newRow("other byte") << QByteArray(other + firmware.mid(first.size())) << u""_qs << 3;
+    QTest::newRow("cut off") << QByteArray(first + "\r\n") << u""_qs << 2;
+    QTest::newRow("longer") << QByteArray(firmware + first) << u""_qs << 4;
+  }
+
+  void FileChanges() {
+    QFETCH(QByteArray, bytes);
+    UpdateFixture f;
+    f.TakeAll();
+    f.asked.Expect(Answer::Yes);
+    if (!bytes.isEmpty()) f.asked.Expect();
+    f.asked.WhileShown = [&](const QString& text) {
+      if (!text.startsWith(u"UPDATE")) return;
+      if (bytes.isEmpty()) QVERIFY(QFile::rename(f.Path(u"new.abs"_qs), f.Path(u"gone"_qs)));
+      f.File(bytes.isEmpty() ? "something else" : bytes);
+    };
+    QCOMPARE(f.Run(firmware), bytes.isEmpty() ? done : TransferEnd::BadFile);
+    QTEST(int(f.Sent.size()), "sent");
+    QCOMPARE(f.Sent.contains(last), bytes.isEmpty());
+    if (bytes.isEmpty()) return;
+    QTEST(f.shown.Message, "message");
+    QCOMPARE(f.asked.Shown().constLast(), unusable);
+    QVERIFY(!f.serial.PortOpen());
+  }
+
+  /// Whichever operation meets it first: told once, closed, nothing else asked.
+  void Unplugged() {
+    bool ended = false;
+    for (int operations = 0; !ended; ++operations) {
+      UpdateFixture f;
+      f.TakeAll();
+      f.asked.AnswerEverything(true);
+      SerialLink(f.flash).OpenPort();
+      f.serial.GoneAfter(operations);
+      const TransferEnd end = f.Run(firmware);
+      ended = !f.serial.Gone;
+      QVERIFY(!f.serial.PortOpen());
+      if (ended || end == done) continue;  // gone in the pause after the last line
+      QCOMPARE(end, TransferEnd::PortError);
+      QCOMPARE(f.asked.Shown().count(
+                   u"Critical Ok: [Errore su COM3] Errore 8020 generato da MsComm1\rgone"_qs),
+               1);
+      QCOMPARE(f.settings.PortErrorFlag, 8020);
+    }
+  }
+
+  void AnotherExchangeGoesOn() {
+    UpdateFixture f;
+    SerialLink(f.flash).OpenPort();
+    f.serial.Log.clear();
+    f.flash.Busy = true;
+    QCOMPARE(f.Run(firmware), TransferEnd::Busy);
+    QVERIFY(f.serial.Log.isEmpty() && f.serial.PortOpen());
+  }
+};
+
+}  // namespace nira
+
+QTEST_GUILESS_MAIN(nira::FlashUpdateTest)
+#include "FlashUpdateTest.moc"
