@@ -52,12 +52,16 @@ Identity AskUntilAnswered(Comm& comm, std::string& identity) {
         identity = std::move(reply.Text);
         return Identity::Accepted;
       }
-      comm.Time.Pause(Timings::AskAgain, Yield::Events);
-      if (comm.Time.Now() - since < Timings::LineReply) continue;
-      reply.Said = wire.TellNoAnswer(Buttons::RetryCancel);
+      if (comm.Time.Now() - since >= Timings::LineReply) {
+        reply.Ended = Reply::End::NoAnswer;
+        reply.Said = wire.TellNoAnswer(Buttons::RetryCancel);
+      }
     }
-    if (reply.Said != Answer::Retry) return Identity::Cancelled;
-    since = comm.Time.Now();
+    if (reply.Ended == Reply::End::NoAnswer) {
+      if (reply.Said != Answer::Retry) return Identity::Cancelled;
+      since = comm.Time.Now();
+    }
+    comm.Time.Pause(Timings::AskAgain, Yield::Events);
   }
 }
 

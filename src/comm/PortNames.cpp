@@ -23,7 +23,7 @@ QString PointedTo(const QFileInfo& info) {
   QFile file(info.filePath());
   if (!file.open(QIODevice::ReadOnly)) return {};
   const QString path = QFile::decodeName(file.readLine(4096)).trimmed();
-  if (path.isEmpty()) return {};
+  if (path.isEmpty() || path.contains(QChar(u'\0'))) return {};  // no text file
   const QFileInfo target(info.dir(), path);
   return target.exists() ? target.canonicalFilePath() : target.absoluteFilePath();
 }

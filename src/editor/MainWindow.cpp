@@ -261,7 +261,7 @@ void MainWindow::ExchangeEnded(bool received) {
   if (received) menu_->Item(QStringLiteral("o_Undo"))->setEnabled(false);
   ShowSizeCam();
   if (received) entry_->StartAnew();
-  status_->LookAtPort();
+  status_->PortAtRest();
 }
 
 void MainWindow::ShowSizeCam() {

@@ -88,8 +88,8 @@ void StatusLine::ShowPort() {
   port_->setText(comm_.Port.PortOpen() ? PortText(comm_.Port.Settings(), openState) : closed);
 }
 
+/// Also in the middle of an exchange, when a box of it has closed: the port is still followed then.
 void StatusLine::LookAtPort() {
-  watch_.stop();
   const int number = instance_.Settings.PortNumber;
   device_ = ports_.Device(number);
   simulated_->setText(instance_.Text(TextNumber::StatusSimulated));
@@ -100,6 +100,11 @@ void StatusLine::LookAtPort() {
 void StatusLine::WatchPort() {
   constexpr int interval = 100;  // ms
   watch_.start(interval);
+}
+
+void StatusLine::PortAtRest() {
+  watch_.stop();
+  LookAtPort();
 }
 
 void StatusLine::TakeAsSaved() {

@@ -26,8 +26,11 @@ class StatusLine : public QObject {
   /// Looks up what stands behind the port and shows it.
   void LookAtPort();
 
-  /// An exchange begins: the port's state is followed until `LookAtPort`.
+  /// An exchange begins: the port's state is followed until `PortAtRest`.
   void WatchPort();
+
+  /// The exchange is over.
+  void PortAtRest();
 
   /// The program in memory is the one on file, or a new one.
   void TakeAsSaved();

@@ -77,10 +77,12 @@ QString PtyLink::OpenDevice() {
   return {};
 }
 
-/// Only what is certainly a former simulator's link, or points nowhere, is replaced.
+/// Only what is certainly a former simulator's link, or points nowhere, is replaced. One that
+/// points here pointed nowhere before: the system gives the names of devices that are gone again.
 QString PtyLink::PointLink() {
   const QFileInfo there(link_);
-  if (there.isSymLink() && (leftOver_ || !there.exists())) QFile::remove(link_);
+  const bool dead = !there.exists() || there.symLinkTarget() == Device();
+  if (there.isSymLink() && (leftOver_ || dead)) QFile::remove(link_);
   leftOver_ = false;
   QFile device(terminal_.Device());
   return device.link(link_) ? QString()

@@ -110,6 +110,8 @@ class QtSerialControlTest : public QObject {
     QCOMPARE(names.Device(1), in("gone"));
     QCOMPARE(names.Device(5), in("ttyACM1"));
     QCOMPARE(names.Device(9), in("ttyUSB2"));
+    QVERIFY(WriteBytes(folder.filePath(u"com2"_qs), QByteArray(10000, '\0')));
+    QCOMPARE(names.Device(2), in("ttyS1"));
     QVERIFY(!names.Describe(1).Present);
     QVERIFY(names.Describe(5).Present && names.Describe(5).HeldBy.isEmpty());
   }

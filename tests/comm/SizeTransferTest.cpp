@@ -118,7 +118,7 @@ class SizeTransferTest : public QObject {
     QTest::newRow("cancel") << QByteArrayList{""} << QStringList{u"Cancel"_qs} << 1 << false;
     // Another device that answers for two seconds: 10 ms, the reply's 5, 3 for an LF and 50 each.
     QTest::newRow("never an identity")
-        << early << QStringList{u"Retry"_qs, u"Cancel"_qs} << 60 << false;
+        << early << QStringList{u"Retry"_qs, u"Cancel"_qs} << 61 << false;
   }
 
   void AsksAgain() {
@@ -132,6 +132,7 @@ class SizeTransferTest : public QObject {
     }
     QCOMPARE(IdentityQuery(f.comm), accepted ? Identity::Accepted : Identity::Cancelled);
     QTEST(static_cast<int>(f.serial.Written.count("?M\x8C\r")), "queries");
+    QTEST(static_cast<int>(f.serial.Log.count(u"pause 50"_qs)) + 1, "queries");
     QCOMPARE(f.prompts.Shown(), QStringList(answers.size(), noAnswer));
     QCOMPARE(f.serial.PortOpen(), accepted);
     QCOMPARE(f.Limits(), u"32 22 255"_qs);

@@ -140,6 +140,20 @@ class LineCommandsTest : public QObject {
     QVERIFY(f.Text("StatusPort").endsWith(u"porta non aperta"));
   }
 
+  /// The status bar follows the port, also when a box of the exchange has closed over the window.
+  void FollowsPort() {
+    LineFixture f;
+    QVERIFY(f.StartConnected(qx32));
+    f.OnQuery = [&f] {
+      QEvent activated(QEvent::ActivationChange);
+      QApplication::sendEvent(&*f.window, &activated);
+      f.serial.Settings(u"300,n,8,1"_qs);
+      QTRY_COMPARE(f.Text("StatusPort"), u"COM1  300,n,8,1  /nodev/ttyS0  porta aperta"_qs);
+    };
+    f.Choose("Tr_Siz");
+    QVERIFY(f.Text("StatusPort").endsWith(u"porta non aperta"));
+  }
+
   /// The limits of another programmer show at once; a program that they cut is asked about.
   void TakesLimits() {
     LineFixture f;

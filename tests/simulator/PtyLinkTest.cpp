@@ -108,6 +108,20 @@ class PtyLinkTest : public QObject {
     QCOMPARE(QFileInfo(f.path).symLinkTarget(), f.link.Device());
   }
 
+  /// So is one without a mark whose device is gone, even when its name is that of the new device.
+  void LeftWithoutMark() {
+    QString opened = u"never"_qs;
+    for (int i = 0; i < 20 && !opened.isEmpty(); ++i) {  // another program may get the name
+      LinkFixture f;
+      QCOMPARE(f.link.Open(), QString());
+      const QString device = f.link.Device();
+      f.link.Close();
+      QVERIFY(QFile::link(device, f.path));
+      opened = f.link.Open();
+    }
+    QCOMPARE(opened, QString());
+  }
+
   void UnpluggedAndBack() {
     LinkFixture f({u"unplug=1"_qs});
     f.link.UnpluggedTime = std::chrono::milliseconds(1);
