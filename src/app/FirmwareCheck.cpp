@@ -26,6 +26,9 @@ QString HexFault(const HexLine& line) {
     case HexLine::Fault::WrongDigit:
       return QStringLiteral("a character that is no hexadecimal digit");
     case HexLine::Fault::WrongCount:
+      if (line.Text.size() > HexLine::Longest) {
+        return QStringLiteral("more than %1 characters").arg(HexLine::Longest);
+      }
       return QStringLiteral("the byte count is %1, the line holds %2")
           .arg(line.Count())
           .arg(line.Bytes());
@@ -40,6 +43,9 @@ QString HexFault(const HexLine& line) {
 QString RecordFault(const HexLine& line, bool taken) {
   if (!taken) {
     return QStringLiteral("an address record of %1 bytes, 2 expected").arg(line.Bytes());
+  }
+  if (line.Type() == HexLine::End && line.Bytes() > 0) {
+    return QStringLiteral("an end record of %1 bytes, 0 expected").arg(line.Bytes());
   }
   if (line.Type() <= HexLine::LastKind) return {};
   return QStringLiteral("record type %1, the last is %2").arg(line.Type()).arg(HexLine::LastKind);

@@ -11,7 +11,14 @@ namespace nira {
 
 namespace {
 
-constexpr std::string_view numberWords = "N. ";
+/// How a message line begins and what stands between its number and its text.
+struct LineForm {
+  std::string_view before;
+  std::string_view between;
+};
+
+constexpr LineForm writtenForm = {"N. ", " \""};  // by this tool
+constexpr LineForm receivedForm = {"N ", "\""};   // from a programmer: its records as they came
 constexpr std::string_view endLine = "END";
 
 QString TooLong() {
@@ -35,7 +42,8 @@ QString TextFault(const QString& text) {
 
 /// The fault of line k as message k; empty when it is good.
 QString MessageLineFault(std::string_view line, int number) {
-  const std::string head = std::string(numberWords) + ZeroFill(number, 3);
+  const LineForm& form = line.starts_with(receivedForm.before) ? receivedForm : writtenForm;
+  const std::string head = std::string(form.before) + ZeroFill(number, 3);
   if (!IsMessageLine(line)) {
     return QStringLiteral("no message line: found ") + FromBytes(line.substr(0, 60));
   }
@@ -45,11 +53,13 @@ QString MessageLineFault(std::string_view line, int number) {
   }
   const std::string_view rest = line.substr(head.size());
   if (rest.empty()) return {};
-  if (!rest.starts_with(" \"")) {
+  if (!rest.starts_with(form.between)) {
     return QStringLiteral("no double quote after the number: found ") +
            FromBytes(rest.substr(0, 60));
   }
-  if (rest.size() < 3 || !rest.ends_with('"')) return QStringLiteral("no closing double quote");
+  if (rest.size() == form.between.size() || !rest.ends_with('"')) {
+    return QStringLiteral("no closing double quote");
+  }
   return TextFault(QuotedText(line).value_or(QString()));
 }
 

@@ -19,7 +19,8 @@ struct MessagesReport {
 
 /// Looks for the first thing in a message file that would not reach the programmer as it stands:
 /// a line that is no message, a number that is not the line's, a text that loses characters or
-/// that the display cannot show. The line END that a received file ends with is in order.
+/// that the display cannot show. A file as it was received, with the programmer's own records and
+/// the line END, is in order.
 MessagesReport CheckMessageFile(const QString& path);
 
 /// Prints that a message file is good, or its first fault. True when it is good.

@@ -6,11 +6,14 @@
 #include <QApplication>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 
 namespace nira {
 
 namespace {
+
+constexpr int longestAnswer = 48;  // characters that a box of entry shows at once
 
 /// What a file or a device sent, as a box can show it.
 QString Printable(const QString& text) {
@@ -91,6 +94,9 @@ std::optional<QString> QtPrompts::InputBox(const QString& prompt, const QString&
   box.setLabelText(Printable(prompt));
   if (auto* label = box.findChild<QLabel*>()) label->setTextFormat(Qt::PlainText);
   box.setTextValue(preset);
+  if (auto* text = box.findChild<QLineEdit*>()) {  // room for an answer, and for the title above
+    text->setMinimumWidth(box.fontMetrics().averageCharWidth() * longestAnswer);
+  }
   if (box.exec() != QDialog::Accepted) return std::nullopt;
   return box.textValue();
 }

@@ -74,12 +74,13 @@ void ModMsg::setVisible(bool visible) {
   text1_->end(false);  // a dialog selects the text of its first box
 }
 
-/// A line end that was pasted is shown as a blank, so it becomes one: a message is one line.
+/// A line end or a tab that was pasted becomes a blank: a message is one line, and a cell of the
+/// display shows no tab.
 void ModMsg::Text1_Typed() {
-  static const QRegularExpression lineEnds(QStringLiteral("[\\r\\n\u2028\u2029]"));
-  if (text1_->text().contains(lineEnds)) {
+  static const QRegularExpression gaps(QStringLiteral("[\\t\\r\\n\u2028\u2029]"));
+  if (text1_->text().contains(gaps)) {
     const int cursor = text1_->cursorPosition();
-    text1_->setText(text1_->text().replace(lineEnds, QStringLiteral(" ")));
+    text1_->setText(text1_->text().replace(gaps, QStringLiteral(" ")));
     text1_->setCursorPosition(cursor);
   }
   display_->Show(RowsOf(text1_->text()));

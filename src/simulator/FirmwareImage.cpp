@@ -9,6 +9,7 @@ namespace nira {
 namespace {
 
 constexpr std::size_t headBytes = 4;  // byte count, offset, type
+constexpr std::uint32_t reachOfOffset = 1U << 16U;
 
 /// Value of a hexadecimal digit, upper or lower case; -1 of another character.
 int DigitValue(char c) {
@@ -57,17 +58,19 @@ void FirmwareImage::Take(const HexRecord& record) {
   switch (record.type) {
     case HexRecord::Data:
       for (std::size_t i = 0; i < record.data.size(); ++i) {
-        // An offset that runs over goes on at the beginning of its 64 KiB.
-        Store(base_ + static_cast<std::uint16_t>(record.offset + i), record.data[i]);
+        const auto offset = static_cast<std::uint32_t>(record.offset + i);
+        Store(base_ + (segment_ ? offset % reachOfOffset : offset), record.data[i]);
       }
       break;
     case HexRecord::End:
       complete_ = true;
       break;
     case HexRecord::ExtendedSegment:
+      segment_ = true;
       base_ = static_cast<std::uint32_t>(Word(record.data[0], record.data[1])) << 4U;
       break;
     case HexRecord::ExtendedLinear:
+      segment_ = false;
       base_ = static_cast<std::uint32_t>(Word(record.data[0], record.data[1])) << 16U;
       break;
     default:  // where a processor starts: nothing that the memory holds

@@ -62,6 +62,7 @@ class FirmwareImage {
 
   std::map<std::uint32_t, Page> pages_;  // by address / PageBytes
   std::uint32_t base_ = 0;               // of the offsets to come
+  bool segment_ = true;                  // an offset that runs over goes on at the base
   std::size_t refused_ = 0;
   bool complete_ = false;
 };

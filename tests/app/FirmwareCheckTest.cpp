@@ -77,6 +77,9 @@ class FirmwareCheckTest : public QObject {
     row("empty", "", u": fault: it is empty|1"_qs);
     row("base of one byte", Base("01", 4),
         u":1: fault: an address record of 1 bytes, 2 expected|1"_qs);
+    row("end of one byte", HexOf("1", 0, 1),
+        u":1: fault: an end record of 1 bytes, 0 expected|1"_qs);
+    row("too long", ":00" + QByteArray(520, '0'), u":1: fault: more than 521 characters|1"_qs);
     row("type", Base("01", 6), u":1: fault: record type 6, the last is 5|1"_qs);
   }
 

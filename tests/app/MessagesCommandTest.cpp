@@ -19,6 +19,8 @@ class MessagesCommandTest : public QObject {
       QTest::newRow(told) << bytes << QString(told);
     };
     row("N. 001 \"A\"\r\nN. 002\nN. 003 \" \"\r\nEND\r\n", ": good: 3 messages, 1 with text");
+    row("N 001\"A\"\r\nN 002\"\"\r\nEND\r\n", ": good: 2 messages, 1 with text");
+    row("N 001\"\r\n", ":1: fault: no closing double quote");
     row("N. 001\r\n\x1B[2J\r\n", ":2: fault: no message line: found \uFFFD[2J");
     row("N. 001\r\nN. 003\r\n", ":2: fault: the line of message 2 begins with N. 003");
     row("N. 001 A\r\n", ":1: fault: no double quote after the number: found  A");

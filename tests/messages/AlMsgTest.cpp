@@ -294,7 +294,7 @@ class AlMsgTest : public QObject {
     MessageWindow f;
     f.program.SetMessageText(1, QString(60, u'A'));
     f.prompts.Expect();
-    QApplication::clipboard()->setText(u"B\nC\u0416"_qs);
+    QApplication::clipboard()->setText(u"B\nC\tD\u0416"_qs);
     f.Modify([&f](ModMsg* window) {
       auto* text = window->findChild<QLineEdit*>(u"Text1"_qs);
       QCOMPARE(text->text(), QString(40, u'A'));
@@ -307,7 +307,7 @@ class AlMsgTest : public QObject {
       Press(window, "kok");
     });
     QCOMPARE(f.prompts.Shown(), QStringList(u"Exclamation Ok: CARATTERE NON AMMESSO: \u0416"_qs));
-    QCOMPARE(f.Selected(), u"001 B C"_qs);
+    QCOMPARE(f.Selected(), u"001 B C D"_qs);
   }
 
   /// What is in no file is thrown away after a question only.

@@ -203,17 +203,21 @@ class ProgrammerTest : public QObject {
           ":02000000414G7B\r", "02000000414200\r", ":\r", ":020000014142\r"}) {
       QCOMPARE(f.Say(bad), QByteArray("\x15"));
     }
-    // Plain data, data at the end of a segment, and in another 64 KiB, then the end.
-    for (const char* good :
-         {":0200000041427B\r", ":020000021000EC\r", ":02FFFF00aabb9b\r\n", ":020000040001F9\r",
-          ":01001000FFF0\r", ":0400000512345678E3\r", ":00000001FF\r", ":00000001FF\r"}) {
+    // Plain data, data at the end of a segment, in another 64 KiB and beyond its end, then the end.
+    for (const char* good : {":0200000041427B\r", ":020000023000CC\r", ":02FFFF00aabb9b\r\n",
+                             ":020000040001F9\r", ":01001000FFF0\r", ":02FFFF0041427D\r",
+                             ":0400000512345678E3\r", ":00000001FF\r", ":00000001FF\r"}) {
       QCOMPARE(f.Say(good), QByteArray("\6"));
     }
     const FirmwareImage& image = f.device.State.Firmware;
     QVERIFY(image.IsComplete());
-    QCOMPARE(image.Bytes(), std::size_t{5});
-    for (const auto& [address, byte] :
-         {std::pair{0U, 0x41}, {1U, 0x42}, {0x1FFFFU, 0xAA}, {0x10000U, 0xBB}, {0x10010U, 0xFF}}) {
+    QCOMPARE(image.Bytes(), std::size_t{7});
+    for (const auto& [address, byte] : {std::pair{0U, 0x41},
+                                        {1U, 0x42},
+                                        {0x3FFFFU, 0xAA},
+                                        {0x30000U, 0xBB},
+                                        {0x20000U, 0x42},
+                                        {0x10010U, 0xFF}}) {
       QCOMPARE(int{image.At(address).value_or(0)}, byte);
     }
     QVERIFY(!image.At(0x10011U));
