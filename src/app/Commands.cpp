@@ -12,6 +12,10 @@ const std::vector<Command>& AllCommands() {
       PrintCommand(),      //
       MessagesCommand(),   //
       FlashCommand(),      //
+      PortsCommand(),      //
+      IdentifyCommand(),   //
+      SendCommand(),       //
+      ReceiveCommand(),    //
       SimulateCommand(),
   };
   return commands;

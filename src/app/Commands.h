@@ -13,6 +13,10 @@ Command EditCommand();
 Command PrintCommand();
 Command MessagesCommand();
 Command FlashCommand();
+Command PortsCommand();
+Command IdentifyCommand();
+Command SendCommand();
+Command ReceiveCommand();
 Command SimulateCommand();
 
 /// All commands, in the order in which the usage shows them.

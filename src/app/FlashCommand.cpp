@@ -1,36 +1,11 @@
 #include "app/Commands.h"
+#include "app/LineSession.h"
 #include "app/Printable.h"
 #include "comm/FlashUpdate.h"
-#include "comm/PortNames.h"
-#include "comm/QtSerialControl.h"
-#include "comm/SystemClock.h"
-
-#include <QDir>
-#include <QHash>
 
 namespace nira {
 
 namespace {
-
-constexpr int lastPort = 256;
-
-/// The line to the programmer at a port of the current folder, and all that an exchange needs.
-struct FlashLink {
-  FlashLink(Console& console, int port)
-      : serial(names, console.Texts, clock), comm{serial,   clock,         program,
-                                                  settings, console.Texts, console.Writer,
-                                                  folder,   console.Ask} {
-    settings.PortNumber = port;
-  }
-
-  WorkingFolder folder{QDir::currentPath()};
-  PortNames names{folder};
-  SystemClock clock;
-  CamProgram program;
-  Globals settings;
-  QtSerialControl serial;
-  Comm comm;
-};
 
 /// Prints the lines of an update as they become final, and how far it is.
 class FlashConsole : public FlashReport {
@@ -79,27 +54,32 @@ class FlashConsole : public FlashReport {
   int told_ = 0;
 };
 
-QString FlashFault(const Arguments& arguments) {
-  return arguments.OutOfRange("port", lastPort);
+int Flash(LineSession& session, const QString& file) {
+  session.Settings.BaudRate = FlashUpdate::Baud;
+  FlashConsole report(session.Terminal());
+  const auto reason = session.Run(
+      [&session, &report, &file] { return FlashUpdate(session.Line(), report, file).Run(); });
+  report.Flush();
+  if (!reason) return Console::Good;
+  session.Terminal().Err << Printable(file) << ": NOT sent: " << Printable(*reason) << Qt::endl;
+  return Console::Failed;
 }
 
 int RunFlash(Console& console, const Arguments& arguments) {
-  FlashLink link(console, arguments.Number("port").value_or(Globals::DefaultPort));
-  FlashConsole report(console);
-  const TransferEnd end = FlashUpdate(link.comm, report, arguments.Words.first()).Run();
-  report.Flush();
-  return end == TransferEnd::Done ? Console::Good : Console::Failed;
+  return OnLine(console, arguments, [&arguments](LineSession& session) {
+    return Flash(session, arguments.Words.first());
+  });
 }
 
 }  // namespace
 
 Command FlashCommand() {
   return {.name = "flash",
-          .synopsis = "FILE.abs [--yes] [--port N]",
+          .synopsis = "FILE.abs [--port N|DEVICE] [--trace FILE] [--yes]",
           .summary = "test a firmware file and send it to the programmer",
-          .options = {{"port", Option::Kind::Number, "N", "serial port, otherwise 1"}},
+          .options = {PortOption, TraceOption},
           .run = RunFlash,
-          .fault = FlashFault};
+          .fault = LineFault};
 }
 
 }  // namespace nira

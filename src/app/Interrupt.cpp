@@ -14,9 +14,12 @@ namespace {
 
 constexpr std::array signals = {SIGINT, SIGTERM, SIGHUP};
 
-std::array<int, 2> tell = {-1, -1};  // a pipe: a signal handler may do no more than write to it
+// A signal handler may do no more than write to a pipe and set a flag.
+std::array<int, 2> tell = {-1, -1};
+volatile std::sig_atomic_t come = 0;
 
 extern "C" void OnSignal(int /*signal*/) {
+  come = 1;
   const int kept = errno;
   [[maybe_unused]] const auto written = ::write(tell[1], "!", 1);
   errno = kept;
@@ -33,6 +36,7 @@ void SetHandler(void (*handler)(int)) {
 }  // namespace
 
 Interrupt::Interrupt() {
+  come = 0;
   if (::pipe(tell.data()) != 0) return;
   for (const int end : tell) {
     ::fcntl(end, F_SETFD, FD_CLOEXEC);
@@ -46,6 +50,10 @@ Interrupt::Interrupt() {
   });
   told_.setEnabled(true);
   SetHandler(OnSignal);
+}
+
+bool Interrupt::HasCome() const {
+  return come != 0;
 }
 
 Interrupt::~Interrupt() {
@@ -65,6 +73,9 @@ namespace nira {
 
 Interrupt::Interrupt() = default;
 Interrupt::~Interrupt() = default;
+bool Interrupt::HasCome() const {
+  return false;
+}
 
 }  // namespace nira
 

@@ -14,6 +14,9 @@ class Interrupt : public QObject {
   Interrupt();
   ~Interrupt() override;
 
+  /// True from then on: for work that goes on for long without the event loop.
+  bool HasCome() const;
+
  Q_SIGNALS:
   void Caught();
 

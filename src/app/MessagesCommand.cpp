@@ -1,20 +1,42 @@
 #include "app/CamFileAccess.h"
 #include "app/Commands.h"
 #include "app/MessageCheck.h"
+#include "app/MessagesOnLine.h"
 #include "app/Printable.h"
 
 namespace nira {
 
 namespace {
 
+using OnLineAction = int (*)(LineSession& session, const QString& file);
+
+/// What an action does on the line; null when it needs none.
+OnLineAction ActionOnLine(const QString& action) {
+  if (action == QLatin1String("send")) return SendMessages;
+  return action == QLatin1String("receive") ? ReceiveMessages : nullptr;
+}
+
 QString MessagesFault(const Arguments& arguments) {
   const QString& action = arguments.Words.first();
-  if (action == QLatin1String("list") || action == QLatin1String("check")) return {};
-  return QStringLiteral("messages: there is no action ") + action;
+  if (ActionOnLine(action) != nullptr) return LineFault(arguments);
+  if (action != QLatin1String("list") && action != QLatin1String("check")) {
+    return QStringLiteral("messages: there is no action ") + action;
+  }
+  for (const Option& option : {PortOption, BaudOption, TraceOption}) {
+    if (arguments.Has(option.name)) {
+      return QStringLiteral("messages ") + action + QStringLiteral(" takes no --") +
+             QLatin1String(option.name);
+    }
+  }
+  return {};
 }
 
 int RunMessages(Console& console, const Arguments& arguments) {
   const QString& file = arguments.Words.last();
+  if (const OnLineAction action = ActionOnLine(arguments.Words.first())) {
+    return OnLine(console, arguments,
+                  [action, &file](LineSession& session) { return action(session, file); });
+  }
   if (arguments.Words.first() == QLatin1String("check")) {
     return CheckMessages(console, file) ? Console::Good : Console::Failed;
   }
@@ -37,13 +59,15 @@ bool CheckMessages(const Console& console, const QString& file) {
 }
 
 Command MessagesCommand() {
-  return {.name = "messages",
-          .synopsis = "list|check FILE.msg",
-          .summary = "print the alarm messages of a file, or name its first fault",
-          .fewest = 2,
-          .most = 2,
-          .run = RunMessages,
-          .fault = MessagesFault};
+  return {
+      .name = "messages",
+      .synopsis = "list|check|send|receive FILE.msg [--port N|DEVICE] [--baud N] [--yes]",
+      .summary = "print the alarm messages of a file, name its first fault, send it, or fill it",
+      .fewest = 2,
+      .most = 2,
+      .options = {PortOption, BaudOption, TraceOption},
+      .run = RunMessages,
+      .fault = MessagesFault};
 }
 
 }  // namespace nira

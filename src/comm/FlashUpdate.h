@@ -14,6 +14,7 @@ namespace nira {
 class FlashUpdate {
  public:
   static constexpr const char* Command = ":FU";
+  static constexpr int Baud = 19200;
   /// The programmer takes firmware at this speed, whatever the settings say.
   static constexpr const char* LineSettings = "19200,n,8,1";
 

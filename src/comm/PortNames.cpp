@@ -75,7 +75,18 @@ PortInfo WithHolder(PortInfo port) {
 
 }  // namespace
 
+void PortNames::NameDevice(const QString& name) {
+#ifdef Q_OS_WIN
+  named_ = name;
+#else
+  const QFileInfo here(name);
+  const bool path = name.contains(u'/') || here.exists() || here.isSymLink();
+  named_ = path ? here.absoluteFilePath() : QString(devices_ + u'/' + name);
+#endif
+}
+
 QString PortNames::Link(int number) const {
+  if (number == 0) return named_;
   return folder_.Find(QStringLiteral("com%1").arg(number));
 }
 
@@ -89,11 +100,13 @@ QStringList PortNames::Adapters() const {
 }
 
 QString PortNames::Device(int number) const {
-  if (number < 1) return {};
+  if (number < 0 || (number == 0 && named_.isEmpty())) return {};
 #ifdef Q_OS_WIN
+  if (number == 0) return named_;
   return QStringLiteral("COM%1").arg(number);
 #else
   if (const QString linked = Linked(number); !linked.isEmpty()) return linked;
+  if (number == 0) return named_;
   if (number <= FixedPorts) return devices_ + QStringLiteral("/ttyS%1").arg(number - 1);
   if (number > Ports) return {};
   const QStringList adapters = Adapters();

@@ -36,6 +36,9 @@ class PortNames {
   explicit PortNames(const WorkingFolder& folder, const QString& devices = QStringLiteral("/dev"))
       : folder_(folder), devices_(devices) {}
 
+  /// Port 0 is the device of this name from now on: a path, or a name among the devices.
+  void NameDevice(const QString& name);
+
   /// The device of a port, whether or not it exists; empty when there is none.
   QString Device(int number) const;
 
@@ -60,6 +63,7 @@ class PortNames {
 
   const WorkingFolder& folder_;
   QString devices_;
+  QString named_;  // port 0
 };
 
 }  // namespace nira

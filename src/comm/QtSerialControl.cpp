@@ -135,6 +135,9 @@ void QtSerialControl::Fetch() {
   if (port_.bytesAvailable() == 0) {
     if (!SystemHasInput()) return;
     port_.waitForReadyRead(0);
+    const LineClock::time_point earliest =
+        came_ + port_.bytesAvailable() * std::chrono::microseconds(ByteTime());
+    came_ = std::min(earliest, LineClock::now());
   }
   if (port_.isOpen()) input_ = port_.readAll();
 }
@@ -155,6 +158,7 @@ void QtSerialControl::DiscardOutput() {
   CheckPort();
   Require(port_.clear(QSerialPort::Output));
   lineFree_ = std::min(lineFree_, clock_.Now() * perMs);
+  heard_ = std::min(heard_, LineClock::now());
 }
 
 QByteArray QtSerialControl::Input() {
@@ -180,13 +184,15 @@ std::int64_t QtSerialControl::ByteTime() const {
 }
 
 /// A programmer's bytes come one by one; waking up for each costs more than all that is done with
-/// them. The last one wanted cannot come earlier.
+/// them. The last one wanted cannot come before the line has had the time for it, since the far end
+/// has heard what was sent or since the last byte that came.
 void QtSerialControl::SleepBelowThreshold() const {
-  constexpr std::int64_t wakingUp = 100;  // microseconds
-  constexpr std::int64_t longest = Timings::Slice * perMs;
+  constexpr std::chrono::microseconds wakingUp(200);
+  constexpr std::chrono::milliseconds longest(Timings::Slice);
   if (threshold_ < 2) return;
-  const std::int64_t nap = std::min(threshold_ * ByteTime() - wakingUp, longest);
-  std::this_thread::sleep_for(std::chrono::microseconds(nap));
+  const LineClock::time_point come =
+      std::max(heard_, came_) + threshold_ * std::chrono::microseconds(ByteTime());
+  std::this_thread::sleep_until(std::min(come - wakingUp, LineClock::now() + longest));
 }
 
 bool QtSerialControl::WaitForInput(std::int64_t deadline, Yield yield) {
@@ -197,7 +203,10 @@ bool QtSerialControl::WaitForInput(std::int64_t deadline, Yield yield) {
     const std::int64_t left = deadline - clock_.Now();
     if (left <= 0) return InBufferCount() > 0;
     SleepBelowThreshold();
-    port_.waitForReadyRead(static_cast<int>(std::min<std::int64_t>(left, Timings::Slice)));
+    if (InBufferCount() > 0) return true;
+    if (port_.waitForReadyRead(static_cast<int>(std::min<std::int64_t>(left, Timings::Slice)))) {
+      came_ = LineClock::now();
+    }
   }
 }
 
@@ -206,6 +215,8 @@ void QtSerialControl::Output(const QByteArray& bytes) {
   Require(port_.write(bytes) == bytes.size());
   port_.flush();
   lineFree_ = std::max(lineFree_, clock_.Now() * perMs) + bytes.size() * ByteTime();
+  heard_ =
+      std::max(heard_, LineClock::now()) + bytes.size() * std::chrono::microseconds(ByteTime());
   WaitForRoom();
 }
 

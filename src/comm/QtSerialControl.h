@@ -6,6 +6,8 @@
 
 #include <QSerialPort>
 
+#include <chrono>
+
 namespace nira {
 
 /// A serial port of the machine.
@@ -39,6 +41,8 @@ class QtSerialControl : public SerialControl {
   bool IsSimulated() const override;
 
  private:
+  using LineClock = std::chrono::steady_clock;
+
   void Open();
   void Close();
   void OnError(QSerialPort::SerialPortError error);
@@ -70,7 +74,9 @@ class QtSerialControl : public SerialControl {
   bool unsent_ = false;        // and something written was lost with it
   QByteArray input_;           // read from the port, not yet by the caller
   std::int64_t lineFree_ = 0;  // when the line will have carried all output, clock in microseconds
-  std::int64_t breathed_ = 0;  // when events were handled last
+  LineClock::time_point heard_;  // the same, as fine as sleeping needs it
+  LineClock::time_point came_;   // when the last byte came, at the earliest
+  std::int64_t breathed_ = 0;    // when events were handled last
 };
 
 }  // namespace nira

@@ -17,4 +17,12 @@ bool IsSimulatedPort(const QString& link) {
   return !lock.tryLock(0) && lock.error() == QLockFile::LockFailedError;
 }
 
+qint64 SimulatorProcess(const QString& link) {
+  qint64 process = 0;
+  QString host;
+  QString program;
+  const QLockFile lock(SimulatedMark(link));
+  return lock.getLockInfo(&process, &host, &program) ? process : 0;
+}
+
 }  // namespace nira

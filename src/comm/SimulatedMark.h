@@ -11,4 +11,7 @@ QString SimulatedMark(const QString& link);
 /// True when a simulated programmer that runs now is behind this link. Does not open the port.
 bool IsSimulatedPort(const QString& link);
 
+/// Process number of the simulated programmer that made the mark; 0 when there is no mark.
+qint64 SimulatorProcess(const QString& link);
+
 }  // namespace nira

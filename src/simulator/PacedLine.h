@@ -33,6 +33,9 @@ class PacedLine {
   /// What has arrived up to `now`.
   std::string Take(Instant now);
 
+  /// When the last byte that was taken arrived.
+  Instant LastArrival() const { return free_; }
+
   /// When all that is on the line has arrived, held or not.
   Instant Drained() const { return drained_; }
 

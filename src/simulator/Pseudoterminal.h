@@ -1,5 +1,7 @@
 #pragma once
 
+#include "simulator/Instant.h"
+
 #include <QString>
 
 #include <optional>
@@ -36,6 +38,10 @@ class Pseudoterminal {
   /// one has not read. False when the device cannot be opened any more.
   bool HoldOpen();
   void LetGo();
+
+  /// How long bytes take through the system from one side to a program that waits on the other, as
+  /// a rule; measured while the device is held open, in some 20 ms.
+  Instant Passage() const;
 
   /// The speed that the tool has set, in baud; none when it is no speed of the protocol.
   std::optional<int> Baud() const;

@@ -7,6 +7,7 @@
 #include <QThread>
 
 #include <algorithm>
+#include <utility>
 
 namespace nira {
 
@@ -21,6 +22,13 @@ constexpr unsigned long closingPause = 200;  // ms
 
 /// The most of this program's own delay that is made good; less than any byte takes.
 constexpr Instant maxDelay = std::chrono::microseconds(200);
+
+/// The most that bytes are taken to have been on their way through the system: less than they are
+/// on the line.
+constexpr Instant maxPassage = std::chrono::microseconds(300);
+
+/// The most by which an answer of the tool is taken for sent sooner, because it was told late.
+constexpr Instant maxOwed = std::chrono::milliseconds(20);
 
 constexpr int lockPatience = 1000;  // ms; a tool that looks at the mark holds it for a moment
 
@@ -69,7 +77,9 @@ QString PtyLink::OpenDevice() {
   if (reason.isEmpty()) reason = PointLink();
   if (!reason.isEmpty()) return reason;
   attended_ = false;
+  owed_ = Instant();
   terminal_.HoldOpen();
+  passage_ = std::min(terminal_.Passage(), maxPassage);
   written_.setSocket(terminal_.Descriptor());
   written_.setEnabled(true);
   due_.setSocket(timer_.Descriptor());
@@ -121,7 +131,7 @@ void PtyLink::Read() {
   if (!attended_) terminal_.LetGo();  // so that its closing shows
   attended_ = true;
   line_.SetBaud(fixedBaud_.value_or(terminal_.Baud().value_or(line_.Baud())));
-  line_.Write(*bytes, LineTimer::Now() - delay_);
+  line_.Write(*bytes, LineTimer::Now() - passage_ - std::exchange(owed_, Instant()));
   Advance();
 }
 
@@ -132,7 +142,10 @@ void PtyLink::Advance() {
     Unplug();
     return;
   }
-  if (attended_) terminal_.Write(bytes);
+  if (attended_ && !bytes.empty()) {
+    terminal_.Write(bytes);
+    owed_ = std::clamp(LineTimer::Now() - programmer_.Sent().LastArrival(), Instant(), maxOwed);
+  }
   written_.setEnabled(line_.Unsent() < maxUnsent);
   if (const auto next = line_.NextEvent()) Arm(*next - delay_);
 }
@@ -143,8 +156,8 @@ void PtyLink::Arm(Instant at) {
   timer_.Arm(at);
 }
 
-/// Follows the median of how late this program learns that a descriptor can be read. When bytes are
-/// read they have been on the line for so long, and the timer has to be set so much sooner.
+/// Follows the median of how late this program learns that the timer has gone off: it has to be set
+/// so much sooner.
 void PtyLink::LearnDelay() {
   constexpr Instant step = std::chrono::microseconds(1);
   if (!armed_) return;

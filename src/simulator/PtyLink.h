@@ -75,6 +75,8 @@ class PtyLink : public QObject {
   std::optional<int> fixedBaud_;
   std::optional<Instant> armed_;  // what the timer is set to; none when that was past already
   Instant delay_{};               // of this program, as a rule
+  Instant passage_{};             // what the tool writes has been on the line for so long when read
+  Instant owed_{};                // of what the tool was told last: how late that was
   bool attended_ = false;         // a tool has the port open
 };
 

@@ -114,7 +114,8 @@ class FirmwareCheckTest : public QObject {
     const QString printed = Printed({u"flash"_qs, u"--yes"_qs, f.File(At(0, 16) + ":00\n")});
     QCOMPARE(printed,
              u"WORKING FILE =new.abs\nTesting Line:         2  Tot.Bytes:        16\n"
-             u"PARITY ERROR IN LINE 2\nFILE UNUSABLE\n1"_qs);
+             u"PARITY ERROR IN LINE 2\nFILE UNUSABLE\n"_qs +
+                 f.Path("new.abs") + u": NOT sent: a line of it is bad\n1"_qs);
     QVERIFY(Printed({u"flash"_qs, u"x.abs"_qs, u"--port"_qs, u"0"_qs}).endsWith(u'2'));
   }
 };
