@@ -9,10 +9,6 @@
 
 namespace nira {
 
-QString NameForMessages(const QString& path) {
-  return QFileInfo(path).fileName().contains(u'.') ? path : path + QStringLiteral(".MSG");
-}
-
 TransferEnd MessageTransfer::Msg_Trans(const Choice& choose, const Monitor& showMonitor) {
   const auto file = [&] { return Existing(choose()); };
   return RunJob(TransferJobs::SendMessages, file, showMonitor);
@@ -45,7 +41,7 @@ QString MessageTransfer::Existing(const QString& path) const {
 /// but knows nothing of one with an extension added.
 QString MessageTransfer::Replaceable(const QString& chosen) {
   if (chosen.isEmpty()) return {};
-  const QString path = NameForMessages(chosen);
+  const QString path = MessageFileName(chosen);
   if (path.size() > LongestPath) return {};
   const bool asked = path == chosen || !QFileInfo::exists(path);
   return asked || comm_.Ask.MsgBox(comm_.Text(TextNumber::ReplaceFile) + u'\n' + path,

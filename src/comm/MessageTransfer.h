@@ -44,7 +44,4 @@ class MessageTransfer {
   Comm& comm_;
 };
 
-/// The name of a file for received messages: ".MSG" is added to one without a ".".
-QString NameForMessages(const QString& path);
-
 }  // namespace nira

@@ -1,5 +1,6 @@
 #include "comm/SETCOMM.h"
 
+#include "dialogs/OkCancelRow.h"
 #include "dialogs/PlainTip.h"
 #include "files/OptionsFile.h"
 
@@ -130,19 +131,10 @@ QWidget* SETCOMM::BuildSpeeds() {
 }
 
 QLayout* SETCOMM::BuildButtons() {
-  auto* ok = new QPushButton(QStringLiteral("OK"));
-  ok->setObjectName(QStringLiteral("OKButton"));
-  ok->setDefault(true);
-  connect(ok, &QPushButton::clicked, this, &SETCOMM::OKButton_Click);
-  auto* cancel = new QPushButton(instance_.Text(TextNumber::SetComCancel));
-  cancel->setObjectName(QStringLiteral("CancelButton"));
-  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(8);
-  buttons->addStretch();
-  buttons->addWidget(ok);
-  buttons->addWidget(cancel);
-  return buttons;
+  const OkCancelRow row(this, "OKButton", "CancelButton",
+                        instance_.Text(TextNumber::CancelCaption));
+  connect(row.Ok, &QPushButton::clicked, this, &SETCOMM::OKButton_Click);
+  return row.Layout;
 }
 
 void SETCOMM::Baud_Click(int baud) {

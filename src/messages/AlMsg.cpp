@@ -28,13 +28,6 @@ int BasePixels() {
   return QFontInfo(QApplication::font()).pixelSize();
 }
 
-/// The name of a message file: ".MSG" is added to one without any dot in it.
-QString MessageFileName(const QString& chosen) {
-  const QFileInfo info(chosen);
-  const QString path = info.absoluteFilePath();
-  return info.fileName().contains(u'.') ? path : path + QStringLiteral(".MSG");
-}
-
 }  // namespace
 
 AlMsg::AlMsg(Instance& instance, MessageLink link, QWidget* parent)
@@ -259,7 +252,8 @@ void AlMsg::SVA_Click() {
   PrepareDialog(QStringLiteral("SALVA File con Nome "),
                 clsCommonDialog::OverwritePrompt + clsCommonDialog::PathMustExist, current);
   if (!instance_.Dialog.ShowSave(this) || instance_.Dialog.FileName.isEmpty()) return;
-  const QString before = std::exchange(current, MessageFileName(instance_.Dialog.FileName));
+  const QString before = std::exchange(
+      current, MessageFileName(QFileInfo(instance_.Dialog.FileName).absoluteFilePath()));
   if (!file_.WriteMsgFile()) current = before;
   ShowTitle();
   ShowSelected();

@@ -41,6 +41,10 @@ std::optional<QString> TextOfLine(std::string_view line, MessageFile::Reading re
 
 }  // namespace
 
+QString MessageFileName(const QString& chosen) {
+  return QFileInfo(chosen).fileName().contains(u'.') ? chosen : chosen + QStringLiteral(".MSG");
+}
+
 std::optional<std::string_view> NextMessageLine(LineReader& lines, bool& tooLong) {
   const auto line = lines.Next();
   tooLong = line && line->size() > MessageFile::MaxLine;

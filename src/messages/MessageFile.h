@@ -68,6 +68,9 @@ class MessageFile {
   FileWriter& writer_;
 };
 
+/// The name of a message file to write: ".MSG" is added to one without a ".".
+QString MessageFileName(const QString& chosen);
+
 /// The next line of a message file: none at its end, and at a line of more than `MaxLine` bytes,
 /// which `tooLong` then tells.
 std::optional<std::string_view> NextMessageLine(LineReader& lines, bool& tooLong);

@@ -1,5 +1,6 @@
 #include "messages/ModMsg.h"
 
+#include "dialogs/OkCancelRow.h"
 #include "model/Text.h"
 
 #include <QApplication>
@@ -54,19 +55,9 @@ void ModMsg::BuildLayout() {
 }
 
 QLayout* ModMsg::BuildButtons() {
-  auto* ok = new QPushButton(QStringLiteral("OK"));
-  ok->setObjectName(QStringLiteral("kok"));
-  ok->setDefault(true);
-  connect(ok, &QPushButton::clicked, this, &ModMsg::kok_Click);
-  auto* cancel = new QPushButton(instance_.Text(TextNumber::CancelCaption));
-  cancel->setObjectName(QStringLiteral("kcl"));
-  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(8);
-  buttons->addStretch();
-  buttons->addWidget(ok);
-  buttons->addWidget(cancel);
-  return buttons;
+  const OkCancelRow row(this, "kok", "kcl", instance_.Text(TextNumber::CancelCaption));
+  connect(row.Ok, &QPushButton::clicked, this, &ModMsg::kok_Click);
+  return row.Layout;
 }
 
 void ModMsg::setVisible(bool visible) {
