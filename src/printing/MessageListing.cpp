@@ -141,9 +141,9 @@ void MessageListing::PaintFrame(QPainter& painter, int page) const {
       QFontMetricsF(bold).elidedText(Title(), Qt::ElideMiddle, width - dateWidth);
   Word(painter, head, Qt::AlignLeft, heading, bold);
   Word(painter, head, Qt::AlignRight, date_, plain_);
-  const double rule = margin_ + metrics.lineSpacing() + 25;
+  const double below = margin_ + metrics.lineSpacing() + 25;
   painter.setPen(QPen(Qt::black, 8, Qt::SolidLine, Qt::FlatCap));
-  painter.drawLine(QPointF(margin_, rule), QPointF(Right(), rule));
+  painter.drawLine(QPointF(margin_, below), QPointF(Right(), below));
   Word(painter, QRectF(margin_, Bottom(), width, footOfMessages), Qt::AlignRight | Qt::AlignBottom,
        texts_.Text(TextNumber::PrintedPage) + QString::number(page) + QStringLiteral(" / ") +
            QString::number(pages_.size()),
