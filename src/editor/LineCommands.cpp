@@ -23,6 +23,10 @@ bool LineCommands::IdentifyAtStart() {
   return true;
 }
 
+void LineCommands::TryPort() {
+  if (SerialLink(comm_).OpenPort()) SerialLink(comm_).ClosePort();
+}
+
 /// Says `done` when all went well.
 TransferEnd LineCommands::Exchange(Moves what, TextNumber done,
                                    const std::function<TransferEnd()>& exchange) {

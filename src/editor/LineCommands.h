@@ -25,6 +25,10 @@ class LineCommands : public QObject {
   /// serves.
   bool IdentifyAtStart();
 
+  /// Opens the port of the settings once, as at the start, to see how it stands. Nobody is asked
+  /// who he is: the model of the program stays.
+  void TryPort();
+
   void Tr_Siz_Click();
   void Rc_Siz_Click();
   void Msg_Trans_Click();

@@ -397,6 +397,7 @@ void MainWindow::SelectLanguage() {
   }
   ShowSizeCam();
   Form_Activate();
+  lines_->TryPort();
   status_->LookAtPort();
 }
 

@@ -19,8 +19,10 @@ class LanguageTest : public QObject {
     f.Enter(u"200\r210\r220"_qs);  // the last stands uncommitted
     const QString script = f.Path(u"p32qx_EN.SCR"_qs);
     f.dialog.Expect(script);
+    f.serial.Log.clear();
     f.Choose("o_Setlng");
     QVERIFY(f.prompts.boxes.empty());
+    QVERIFY(f.serial.Log.contains(u"open 3"_qs) && f.serial.Written.isEmpty());
     QCOMPARE(f.dialog.shown.join(u'|'),
              u"open; SELECT LANGUAGE; "
              "File Script Lang. (*.Scr)|*.scr|All Files (*.*)|*.*; 0; "_qs);
