@@ -71,6 +71,7 @@ QWidget* SETCOMM::BuildPorts() {
   return frame;
 }
 
+/// A button of the array `OpCOM`: its index is the number of the port. Beside it what is there.
 void SETCOMM::AddPort(QGridLayout* rows, const PortInfo& port) {
   const int number = port.Number;
   auto* button = new QRadioButton(QStringLiteral("COM") + QString::number(number));
