@@ -62,7 +62,7 @@ TransferEnd MessageTransfer::RunJob(const char* code, const Choice& choose,
   if (file.isEmpty()) {
     comm_.Ask.MsgBox(comm_.Text(TextNumber::MessageFileNotFound), Buttons::Ok, Icon::Critical);
   } else {
-    const QString work = QString::fromLatin1(WorkFile::Messages);
+    const QString work = QString::fromLatin1(MessageFile::WorkName);
     comm_.Settings.JobCode = QString::fromLatin1(code);
     comm_.Settings.JobFile = file == comm_.Folder.Find(work) ? work : file;
     end = showMonitor(*identity);

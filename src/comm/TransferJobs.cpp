@@ -6,6 +6,7 @@
 #include "files/CamLines.h"
 #include "files/CamWords.h"
 #include "files/LineReader.h"
+#include "messages/MessageFile.h"
 #include "model/Text.h"
 
 #include <QDir>
@@ -193,7 +194,7 @@ TransferEnd TransferJobs::RunReceiveMessages() {
 
 /// A file of the operator's that a reception replaces stays beside it.
 bool TransferJobs::KeepOld(const QString& path) {
-  if (comm_.Settings.JobFile == QLatin1String(WorkFile::Messages)) return true;
+  if (comm_.Settings.JobFile == QLatin1String(MessageFile::WorkName)) return true;
   const QString reason = comm_.Writer.KeepOld(path);
   if (!reason.isEmpty()) TellFile(TextNumber::CannotWrite, path, reason);
   return reason.isEmpty();

@@ -2,13 +2,13 @@
 
 #include "comm/FlashUpdate.h"
 #include "dialogs/BusyPointer.h"
+#include "dialogs/ElidedLabel.h"
 #include "dialogs/PlainTip.h"
 
 #include <QEvent>
 #include <QFontDatabase>
 #include <QFrame>
 #include <QHBoxLayout>
-#include <QPainter>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -20,21 +20,6 @@ constexpr int startAnyway = 300;  // ms after which a window that does not becom
 // The question comes up in the middle: the lines above it are what it is about.
 constexpr QSize updateSize(680, 344);
 constexpr double updateTextSize = 1.15;  // of the lines of text, beside the usual
-
-/// A line of text that leaves its middle out where it is too long: a path shows both ends.
-class TextLine : public QLabel {
- public:
-  QSize minimumSizeHint() const override { return {0, fontMetrics().height()}; }
-  QSize sizeHint() const override { return minimumSizeHint(); }
-
- protected:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, width());
-    painter.setPen(palette().color(QPalette::WindowText));
-    painter.drawText(rect(), static_cast<int>(Qt::AlignVCenter) | Qt::TextSingleLine, shown);
-  }
-};
 
 QFrame* Separator() {
   auto* line = new QFrame;
@@ -55,9 +40,8 @@ UpdFlsh::UpdFlsh(Comm& comm, const QString& path, QWidget* parent)
 }
 
 QLabel* UpdFlsh::AddLine(QLayout* layout, const char* name) {
-  auto* line = new TextLine;
+  auto* line = new ElidedLabel;
   line->setObjectName(QString::fromLatin1(name));
-  line->setTextFormat(Qt::PlainText);
   QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   fixed.setPointSizeF(fixed.pointSizeF() * updateTextSize);
   line->setFont(fixed);

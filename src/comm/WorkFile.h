@@ -11,8 +11,7 @@ namespace nira {
 /// happens: it is read back only after the job ended well.
 class WorkFile {
  public:
-  static constexpr const char* Sizes = "_._";     ///< received sizes, in the working folder
-  static constexpr const char* Messages = "~.~";  ///< messages on their way from or to the editor
+  static constexpr const char* Sizes = "_._";  ///< received sizes, in the working folder
 
   /// A programmer that sends on and on ends here; the largest program has 5.2 million bytes.
   static constexpr qint64 MostBytes = 8 << 20;

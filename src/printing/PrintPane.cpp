@@ -1,31 +1,15 @@
 #include "printing/PrintPane.h"
 
 #include "dialogs/BusyPointer.h"
+#include "dialogs/ElidedLabel.h"
 #include "dialogs/PlainTip.h"
 
 #include <QFileInfo>
 #include <QHBoxLayout>
-#include <QPainter>
 #include <QPrinter>
-#include <QStyle>
 #include <QVBoxLayout>
 
 namespace nira {
-
-namespace {
-
-/// One line; what is too long for it loses its middle, so that of a path both ends stay.
-class NoteLabel : public QLabel {
- protected:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, width());
-    style()->drawItemText(&painter, rect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), true,
-                          shown, foregroundRole());
-  }
-};
-
-}  // namespace
 
 void SelectPrinter(Instance& instance, QWidget* parent) {
   if (instance.Dialog.HasPrinter()) {
@@ -112,10 +96,8 @@ QPushButton* PrintPane::AddButton(QLayout* row, const char* name, TextNumber tex
 QLayout* PrintPane::BuildButtons() {
   auto* row = new QHBoxLayout;
   row->setSpacing(8);
-  note_ = new NoteLabel;
+  note_ = new ElidedLabel;
   note_->setObjectName(QStringLiteral("Note"));
-  note_->setTextFormat(Qt::PlainText);
-  note_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   row->addWidget(note_, 1);
   pdf_ = AddButton(row, "tPDF", TextNumber::WritePdf);
   print_ = AddButton(row, "tPRN", TextNumber::PrintNow);
