@@ -1,14 +1,14 @@
 // How long whole transfers take on a line that is paced to the baud rate, beside the least time
 // that the wire allows, and what they cost of the processor; then frames with faults.
 
-#include "comm/QtSerialControl.h"
-#include "comm/SerialLink.h"
-#include "comm/SizeImport.h"
-#include "comm/SizeTransfer.h"
-#include "comm/SystemClock.h"
-#include "comm/TransferJobs.h"
-#include "comm/WireFunctions.h"
 #include "files/CamFile.h"
+#include "ground/SystemClock.h"
+#include "line/QtSerialControl.h"
+#include "line/SerialLink.h"
+#include "line/SizeImport.h"
+#include "line/SizeTransfer.h"
+#include "line/TransferJobs.h"
+#include "line/WireFunctions.h"
 #include "simulator/SimulatedSerial.h"
 
 #include <QCoreApplication>

@@ -4,9 +4,9 @@
 //   all 32 lamps change at every degree, in the window's own size and filling the screen
 
 #include "dialogs/ProgramStyle.h"
-#include "editor/SizeOperations.h"
 #include "files/MessageTable.h"
 #include "functions/BNKRTN.h"
+#include "sizes/SizeOperations.h"
 
 #include <QApplication>
 #include <QDir>

@@ -3,10 +3,10 @@
 
 #include "../samples/HexText.h"
 #include "Measure.h"
-#include "comm/FlashUpdate.h"
-#include "comm/PortNames.h"
-#include "comm/QtSerialControl.h"
-#include "comm/SystemClock.h"
+#include "ground/SystemClock.h"
+#include "line/FlashUpdate.h"
+#include "line/PortNames.h"
+#include "line/QtSerialControl.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -10,8 +10,8 @@
 #include "dialogs/ProgramStyle.h"
 #include "dialogs/QtPrompts.h"
 #include "editor/MainWindow.h"
-#include "editor/SizeOperations.h"
 #include "files/CamLines.h"
+#include "sizes/SizeOperations.h"
 #include "support/ScriptedSerial.h"
 
 #include <QApplication>

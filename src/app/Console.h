@@ -1,8 +1,8 @@
 #pragma once
 
-#include "dialogs/Prompts.h"
 #include "files/FileWriter.h"
 #include "files/MessageTable.h"
+#include "ground/Prompts.h"
 
 #include <QTextStream>
 

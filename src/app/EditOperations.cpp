@@ -1,8 +1,8 @@
 #include "app/EditOperations.h"
 
 #include "app/ProgramEdit.h"
-#include "functions/FunctionFields.h"
-#include "model/Text.h"
+#include "ground/Text.h"
+#include "model/FunctionFields.h"
 
 #include <algorithm>
 

@@ -2,8 +2,8 @@
 
 #include "app/CamFileAccess.h"
 #include "app/Printable.h"
-#include "comm/HexRanges.h"
-#include "model/Text.h"
+#include "ground/Text.h"
+#include "line/HexRanges.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 #include "app/Commands.h"
 #include "app/LineSession.h"
 #include "app/Printable.h"
-#include "comm/FlashUpdate.h"
+#include "line/FlashUpdate.h"
 
 namespace nira {
 

@@ -1,7 +1,7 @@
 #include "app/FunctionEdits.h"
 
 #include "app/CamFileAccess.h"
-#include "functions/FunctionRules.h"
+#include "model/FunctionRules.h"
 
 #include <algorithm>
 

@@ -2,8 +2,8 @@
 
 #include "app/EditOperations.h"
 #include "files/MessageTable.h"
-#include "functions/FunctionFields.h"
 #include "model/CamProgram.h"
+#include "model/FunctionFields.h"
 
 #include <initializer_list>
 #include <vector>

@@ -1,7 +1,7 @@
 #include "app/CamFileAccess.h"
 #include "app/Commands.h"
 #include "app/Printable.h"
-#include "functions/FunctionFields.h"
+#include "model/FunctionFields.h"
 
 namespace nira {
 

@@ -1,8 +1,8 @@
 #include "app/Commands.h"
 #include "app/Printable.h"
 #include "app/ProgramTransfer.h"
-#include "comm/Identity.h"
-#include "model/Text.h"
+#include "ground/Text.h"
+#include "line/Identity.h"
 
 namespace nira {
 

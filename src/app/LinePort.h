@@ -2,7 +2,7 @@
 
 #include "app/Interrupt.h"
 #include "app/LineTrace.h"
-#include "comm/SerialControl.h"
+#include "line/SerialControl.h"
 
 #include <functional>
 

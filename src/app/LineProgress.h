@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/TransferReport.h"
+#include "line/TransferReport.h"
 
 #include <QTextStream>
 

@@ -2,10 +2,10 @@
 
 #include "app/CamFileAccess.h"
 #include "app/Printable.h"
-#include "comm/QtSerialControl.h"
-#include "comm/SerialLink.h"
-#include "comm/SystemClock.h"
 #include "files/OptionsFile.h"
+#include "ground/SystemClock.h"
+#include "line/QtSerialControl.h"
+#include "line/SerialLink.h"
 
 #include <QDir>
 #include <QFileInfo>

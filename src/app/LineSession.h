@@ -6,8 +6,8 @@
 #include "app/LinePort.h"
 #include "app/LineProgress.h"
 #include "app/LineTrace.h"
-#include "comm/Comm.h"
-#include "comm/PortNames.h"
+#include "line/Comm.h"
+#include "line/PortNames.h"
 
 #include <functional>
 #include <optional>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/SerialControl.h"
+#include "line/SerialControl.h"
 
 #include <QFile>
 

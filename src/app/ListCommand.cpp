@@ -1,8 +1,8 @@
 #include "app/CamFileAccess.h"
 #include "app/Commands.h"
 #include "app/Printable.h"
+#include "ground/Text.h"
 #include "model/PhaseList.h"
-#include "model/Text.h"
 
 namespace nira {
 

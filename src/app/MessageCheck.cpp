@@ -1,9 +1,9 @@
 #include "app/MessageCheck.h"
 
 #include "app/Printable.h"
+#include "ground/Text.h"
 #include "messages/MessageFile.h"
 #include "messages/MessageTexts.h"
-#include "model/Text.h"
 
 #include <algorithm>
 

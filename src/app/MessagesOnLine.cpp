@@ -3,8 +3,8 @@
 #include "app/CamFileAccess.h"
 #include "app/MessageCheck.h"
 #include "app/Printable.h"
-#include "comm/MessageTransfer.h"
-#include "comm/TransferJobs.h"
+#include "line/MessageTransfer.h"
+#include "line/TransferJobs.h"
 #include "messages/MessageFile.h"
 
 #include <QFileInfo>

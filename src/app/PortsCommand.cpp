@@ -1,7 +1,7 @@
 #include "app/Commands.h"
 #include "app/Printable.h"
-#include "comm/PortNames.h"
-#include "comm/SimulatedMark.h"
+#include "line/PortNames.h"
+#include "line/SimulatedMark.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,8 +1,8 @@
 #include "app/ProgramComparison.h"
 
-#include "comm/WireFunctions.h"
-#include "functions/FunctionFields.h"
-#include "model/Text.h"
+#include "ground/Text.h"
+#include "line/WireFunctions.h"
+#include "model/FunctionFields.h"
 
 #include <algorithm>
 #include <functional>

@@ -1,7 +1,7 @@
 #include "app/ProgramEdit.h"
 
-#include "editor/SizeOperations.h"
-#include "model/Text.h"
+#include "ground/Text.h"
+#include "sizes/SizeOperations.h"
 
 namespace nira {
 

@@ -2,7 +2,7 @@
 
 #include "files/LineReader.h"
 #include "files/MessageTable.h"
-#include "model/Text.h"
+#include "ground/Text.h"
 
 #include <QFile>
 

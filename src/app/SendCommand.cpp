@@ -3,8 +3,8 @@
 #include "app/Printable.h"
 #include "app/ProgramComparison.h"
 #include "app/ProgramTransfer.h"
-#include "comm/SizeTransfer.h"
-#include "comm/TransferJobs.h"
+#include "line/SizeTransfer.h"
+#include "line/TransferJobs.h"
 
 #include <memory>
 

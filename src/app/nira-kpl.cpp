@@ -1,9 +1,9 @@
-#include "comm/QtSerialControl.h"
-#include "comm/SystemClock.h"
 #include "dialogs/ProgramStyle.h"
 #include "dialogs/QtPrompts.h"
 #include "editor/MainWindow.h"
 #include "files/OptionsFile.h"
+#include "ground/SystemClock.h"
+#include "line/QtSerialControl.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

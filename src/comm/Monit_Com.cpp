@@ -1,8 +1,8 @@
 #include "comm/Monit_Com.h"
 
-#include "comm/TransferJobs.h"
 #include "dialogs/BusyPointer.h"
 #include "dialogs/ProgramTitle.h"
+#include "line/TransferJobs.h"
 
 #include <QCloseEvent>
 #include <QTimer>

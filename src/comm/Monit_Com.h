@@ -1,9 +1,9 @@
 #pragma once
 
-#include "comm/Comm.h"
 #include "comm/ProgressPicture.h"
 #include "comm/SimulatedSign.h"
-#include "comm/TransferReport.h"
+#include "line/Comm.h"
+#include "line/TransferReport.h"
 
 #include <QDialog>
 #include <QLabel>

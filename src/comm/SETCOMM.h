@@ -1,7 +1,7 @@
 #pragma once
 
-#include "comm/PortNames.h"
 #include "editor/Instance.h"
+#include "line/PortNames.h"
 
 #include <QDialog>
 #include <QGridLayout>

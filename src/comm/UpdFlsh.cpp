@@ -1,9 +1,9 @@
 #include "comm/UpdFlsh.h"
 
-#include "comm/FlashUpdate.h"
 #include "dialogs/BusyPointer.h"
 #include "dialogs/ElidedLabel.h"
 #include "dialogs/PlainTip.h"
+#include "line/FlashUpdate.h"
 
 #include <QEvent>
 #include <QFontDatabase>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "comm/Comm.h"
-#include "comm/FlashReport.h"
 #include "comm/ReadyLamp.h"
 #include "dialogs/clsCommonDialog.h"
+#include "line/Comm.h"
+#include "line/FlashReport.h"
 
 #include <QDialog>
 #include <QLabel>

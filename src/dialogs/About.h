@@ -1,7 +1,7 @@
 #pragma once
 
-#include "dialogs/Prompts.h"
 #include "files/MessageTable.h"
+#include "ground/Prompts.h"
 
 #include <QDialog>
 #include <QStringList>

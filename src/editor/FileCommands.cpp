@@ -1,10 +1,10 @@
 #include "editor/FileCommands.h"
 
-#include "comm/SerialLink.h"
 #include "dialogs/BusyPointer.h"
 #include "files/Carprg.h"
 #include "files/LineReader.h"
 #include "files/OptionsFile.h"
+#include "line/SerialLink.h"
 
 #include <QFileInfo>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "comm/Comm.h"
 #include "editor/Instance.h"
 #include "files/CamFile.h"
+#include "line/Comm.h"
 
 #include <QObject>
 #include <QStringList>

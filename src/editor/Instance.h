@@ -1,10 +1,10 @@
 #pragma once
 
-#include "dialogs/Prompts.h"
 #include "dialogs/clsCommonDialog.h"
 #include "files/FileWriter.h"
 #include "files/MessageTable.h"
 #include "files/WorkingFolder.h"
+#include "ground/Prompts.h"
 #include "model/CamProgram.h"
 #include "model/Globals.h"
 

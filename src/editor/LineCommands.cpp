@@ -1,13 +1,13 @@
 #include "editor/LineCommands.h"
 
-#include "comm/Identity.h"
-#include "comm/MessageTransfer.h"
 #include "comm/Monit_Com.h"
 #include "comm/SETCOMM.h"
-#include "comm/SerialLink.h"
-#include "comm/SizeTransfer.h"
 #include "comm/UpdFlsh.h"
 #include "dialogs/InputHold.h"
+#include "line/Identity.h"
+#include "line/MessageTransfer.h"
+#include "line/SerialLink.h"
+#include "line/SizeTransfer.h"
 
 #include <QApplication>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "comm/Comm.h"
-#include "comm/PortNames.h"
 #include "editor/Instance.h"
+#include "line/Comm.h"
+#include "line/PortNames.h"
 
 #include <QObject>
 #include <QWidget>

@@ -7,8 +7,8 @@
 #include "functions/BNKRTN.h"
 #include "functions/CalcAnt.h"
 #include "functions/FuncSel.h"
+#include "ground/Text.h"
 #include "messages/AlMsg.h"
-#include "model/Text.h"
 #include "printing/PrnSize.h"
 
 #include <QApplication>

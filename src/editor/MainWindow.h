@@ -1,7 +1,5 @@
 #pragma once
 
-#include "comm/Comm.h"
-#include "comm/PortNames.h"
 #include "editor/CamDiagram.h"
 #include "editor/FileCommands.h"
 #include "editor/Instance.h"
@@ -12,6 +10,8 @@
 #include "editor/SizeStepper.h"
 #include "editor/StatusLine.h"
 #include "files/OptionsFile.h"
+#include "line/Comm.h"
+#include "line/PortNames.h"
 
 #include <QDialog>
 #include <QHash>

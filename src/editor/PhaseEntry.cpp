@@ -1,6 +1,6 @@
 #include "editor/PhaseEntry.h"
 
-#include "model/Text.h"
+#include "ground/Text.h"
 
 #include <QFontDatabase>
 #include <QFrame>

@@ -1,8 +1,8 @@
 #include "editor/SizeCommands.h"
 
 #include "dialogs/BusyPointer.h"
-#include "editor/SizeOperations.h"
-#include "model/Text.h"
+#include "ground/Text.h"
+#include "sizes/SizeOperations.h"
 
 #include <QFileInfo>
 

@@ -1,7 +1,7 @@
 #include "editor/StatusLine.h"
 
-#include "comm/SimulatedMark.h"
-#include "model/Text.h"
+#include "ground/Text.h"
+#include "line/SimulatedMark.h"
 
 namespace nira {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "comm/Comm.h"
-#include "comm/PortNames.h"
 #include "comm/SimulatedSign.h"
 #include "editor/Instance.h"
+#include "line/Comm.h"
+#include "line/PortNames.h"
 
 #include <QLabel>
 #include <QStatusBar>

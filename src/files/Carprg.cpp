@@ -1,8 +1,8 @@
 #include "files/Carprg.h"
 
-#include "comm/Identity.h"
 #include "dialogs/InputHold.h"
-#include "model/Text.h"
+#include "ground/Text.h"
+#include "line/Identity.h"
 
 #include <QCloseEvent>
 #include <QGroupBox>

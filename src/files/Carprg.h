@@ -1,7 +1,7 @@
 #pragma once
 
-#include "comm/Comm.h"
 #include "comm/SimulatedSign.h"
+#include "line/Comm.h"
 
 #include <QButtonGroup>
 #include <QDialog>

@@ -1,8 +1,8 @@
 #include "functions/BNKRTN.h"
 
 #include "functions/Digits.h"
+#include "ground/Text.h"
 #include "model/PhaseList.h"
-#include "model/Text.h"
 
 #include <QApplication>
 #include <QEventLoop>

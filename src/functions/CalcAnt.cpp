@@ -2,7 +2,7 @@
 
 #include "editor/CamLabel.h"
 #include "functions/Digits.h"
-#include "model/Text.h"
+#include "ground/Text.h"
 
 #include <QPushButton>
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "files/MessageTable.h"
-#include "functions/AdvanceCalculator.h"
 #include "functions/FocusScrollBar.h"
 #include "functions/ShiftDiagram.h"
+#include "model/AdvanceCalculator.h"
 
 #include <QDialog>
 #include <QHBoxLayout>

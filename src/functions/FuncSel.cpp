@@ -1,6 +1,6 @@
 #include "functions/FuncSel.h"
 
-#include "model/Text.h"
+#include "ground/Text.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>

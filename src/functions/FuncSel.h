@@ -1,10 +1,10 @@
 #pragma once
 
 #include "editor/Instance.h"
-#include "functions/FunctionRules.h"
 #include "functions/NumberBox.h"
 #include "functions/ValueColumns.h"
 #include "functions/ValueScroll.h"
+#include "model/FunctionRules.h"
 
 #include <QCheckBox>
 #include <QDialog>

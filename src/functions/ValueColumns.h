@@ -1,7 +1,7 @@
 #pragma once
 
 #include "editor/CamLabel.h"
-#include "functions/FunctionRules.h"
+#include "model/FunctionRules.h"
 
 #include <QWidget>
 

@@ -1,9 +1,9 @@
 #include "messages/AlMsg.h"
 
 #include "dialogs/ThemedIcon.h"
+#include "ground/Text.h"
 #include "messages/ModMsg.h"
 #include "messages/PrnMsg.h"
-#include "model/Text.h"
 #include "printing/PrintPane.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 #include "messages/ModMsg.h"
 
 #include "dialogs/OkCancelRow.h"
-#include "model/Text.h"
+#include "ground/Text.h"
 
 #include <QApplication>
 #include <QFontDatabase>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "printing/Listing.h"
+#include "listing/Listing.h"
 #include "printing/PagedDocument.h"
 
 #include <QFont>

@@ -1,6 +1,6 @@
 #include "printing/MessageListing.h"
 
-#include "model/Text.h"
+#include "ground/Text.h"
 
 #include <QFontDatabase>
 #include <QFontInfo>

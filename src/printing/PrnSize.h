@@ -1,6 +1,6 @@
 #pragma once
 
-#include "printing/Listing.h"
+#include "listing/Listing.h"
 #include "printing/ListingPainter.h"
 #include "printing/PrintPane.h"
 

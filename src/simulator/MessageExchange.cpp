@@ -1,6 +1,6 @@
 #include "simulator/MessageExchange.h"
 
-#include "model/Text.h"
+#include "ground/Text.h"
 #include "simulator/DeviceFrame.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "simulator/Programmer.h"
 
-#include "model/Text.h"
+#include "ground/Text.h"
 #include "simulator/DeviceFrame.h"
 #include "simulator/FlashReception.h"
 #include "simulator/FrameSending.h"

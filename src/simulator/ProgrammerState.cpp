@@ -1,6 +1,6 @@
 #include "simulator/ProgrammerState.h"
 
-#include "model/Text.h"
+#include "ground/Text.h"
 
 #include <algorithm>
 

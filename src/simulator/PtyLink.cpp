@@ -1,6 +1,6 @@
 #include "simulator/PtyLink.h"
 
-#include "comm/SimulatedMark.h"
+#include "line/SimulatedMark.h"
 
 #include <QFile>
 #include <QFileInfo>

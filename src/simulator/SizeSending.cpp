@@ -1,6 +1,6 @@
 #include "simulator/SizeSending.h"
 
-#include "model/Text.h"
+#include "ground/Text.h"
 
 #include <algorithm>
 

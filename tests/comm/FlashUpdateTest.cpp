@@ -1,4 +1,4 @@
-#include "comm/Timings.h"
+#include "line/Timings.h"
 #include "support/FlashFixture.h"
 
 #include <QTest>

@@ -1,4 +1,4 @@
-#include "comm/HexFile.h"
+#include "line/HexFile.h"
 #include "support/FlashFixture.h"
 
 #include <QTest>

@@ -1,6 +1,6 @@
-#include "comm/QtSerialControl.h"
-#include "comm/SimulatedMark.h"
-#include "comm/SystemClock.h"
+#include "ground/SystemClock.h"
+#include "line/QtSerialControl.h"
+#include "line/SimulatedMark.h"
 #include "support/CamFileFixture.h"
 #include "support/TestPty.h"
 

@@ -1,4 +1,4 @@
-#include "comm/SizeTransfer.h"
+#include "line/SizeTransfer.h"
 #include "support/CommFixture.h"
 
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "comm/TransferJobs.h"
+#include "line/TransferJobs.h"
 #include "support/CommFixture.h"
 
 #include <QDir>

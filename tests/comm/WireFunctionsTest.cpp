@@ -1,4 +1,4 @@
-#include "comm/WireFunctions.h"
+#include "line/WireFunctions.h"
 #include "support/CamFileFixture.h"
 
 #include <QTest>

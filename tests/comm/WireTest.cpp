@@ -1,5 +1,5 @@
-#include "comm/Checksum.h"
-#include "comm/Wire.h"
+#include "line/Checksum.h"
+#include "line/Wire.h"
 #include "support/CommFixture.h"
 
 #include <QTest>

@@ -1,6 +1,6 @@
 #include "comm/Monit_Com.h"
+#include "ground/Text.h"
 #include "messages/AlMsg.h"
-#include "model/Text.h"
 #include "simulator/SimulatedSerial.h"
 #include "support/DeviceFixture.h"
 #include "support/WindowFixture.h"

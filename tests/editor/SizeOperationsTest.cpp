@@ -1,4 +1,4 @@
-#include "editor/SizeOperations.h"
+#include "sizes/SizeOperations.h"
 #include "support/CamFileFixture.h"
 #include "support/Rows.h"
 

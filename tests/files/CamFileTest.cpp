@@ -1,6 +1,6 @@
 #include "files/CamFile.h"
 #include "files/CamLines.h"
-#include "model/Text.h"
+#include "ground/Text.h"
 #include "support/CamFileFixture.h"
 #include "support/Rows.h"
 

@@ -1,5 +1,5 @@
 #include "files/MessageTable.h"
-#include "model/Text.h"
+#include "ground/Text.h"
 #include "support/CamFileFixture.h"
 
 #include <QMap>

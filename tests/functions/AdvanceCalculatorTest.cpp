@@ -1,4 +1,4 @@
-#include "functions/AdvanceCalculator.h"
+#include "model/AdvanceCalculator.h"
 #include "support/Rows.h"
 
 #include <QTest>

@@ -1,5 +1,5 @@
 #include "functions/BNKRTN.h"
-#include "model/Text.h"
+#include "ground/Text.h"
 #include "support/WindowFixture.h"
 
 #include <QTest>

@@ -1,4 +1,4 @@
-#include "model/Text.h"
+#include "ground/Text.h"
 #include "printing/ListingPainter.h"
 #include "support/PaintRecorder.h"
 

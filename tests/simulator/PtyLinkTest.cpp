@@ -1,4 +1,4 @@
-#include "comm/SimulatedMark.h"
+#include "line/SimulatedMark.h"
 #include "simulator/PtyLink.h"
 #include "support/CamFileFixture.h"
 #include "support/DeviceFixture.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "comm/SerialLink.h"
-#include "comm/TransferJobs.h"
+#include "line/SerialLink.h"
+#include "line/TransferJobs.h"
 #include "support/CamFileFixture.h"
 #include "support/Rows.h"
 #include "support/ScriptedSerial.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "../samples/HexText.h"
-#include "comm/FlashUpdate.h"
+#include "line/FlashUpdate.h"
 #include "support/CommFixture.h"
 
 namespace nira {

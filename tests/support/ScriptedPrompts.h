@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dialogs/Prompts.h"
+#include "ground/Prompts.h"
 
 #include <QStringList>
 #include <QTest>

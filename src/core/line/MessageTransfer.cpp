@@ -1,0 +1,83 @@
+#include "line/MessageTransfer.h"
+
+#include "line/Identity.h"
+#include "line/SerialLink.h"
+#include "line/TransferJobs.h"
+#include "messages/MessageFile.h"
+
+#include <QFileInfo>
+
+namespace nira {
+
+TransferEnd MessageTransfer::Msg_Trans(const Choice& choose, const Monitor& showMonitor) {
+  const auto file = [&] { return Existing(choose()); };
+  return RunJob(TransferJobs::SendMessages, file, showMonitor);
+}
+
+TransferEnd MessageTransfer::Msg_Rec(const Choice& choose, const Monitor& showMonitor) {
+  QString path;
+  const auto file = [&] { return path = Replaceable(choose()); };
+  const TransferEnd end = RunJob(TransferJobs::ReceiveMessages, file, showMonitor);
+  if (end != TransferEnd::Done) return end;
+  return ReadBack(path) ? end : TransferEnd::BadFile;
+}
+
+TransferEnd MessageTransfer::Transmit(const QString& file, const Monitor& showMonitor) {
+  return RunJob(
+      TransferJobs::SendMessages, [&file] { return file; }, showMonitor);
+}
+
+TransferEnd MessageTransfer::Receive(const QString& file, const Monitor& showMonitor) {
+  return RunJob(
+      TransferJobs::ReceiveMessages, [&file] { return file; }, showMonitor);
+}
+
+/// The path when a file can be sent from it, otherwise none.
+QString MessageTransfer::Existing(const QString& path) const {
+  return path.size() <= LongestPath && QFileInfo::exists(path) ? path : QString();
+}
+
+/// The path under which a reception is kept. The dialog has asked about the name that was chosen,
+/// but knows nothing of one with an extension added.
+QString MessageTransfer::Replaceable(const QString& chosen) {
+  if (chosen.isEmpty()) return {};
+  const QString path = MessageFileName(chosen);
+  if (path.size() > LongestPath) return {};
+  const bool asked = path == chosen || !QFileInfo::exists(path);
+  return asked || comm_.Ask.MsgBox(comm_.Text(TextNumber::ReplaceFile) + u'\n' + path,
+                                   Buttons::YesNo, Icon::Exclamation) == Answer::Yes
+             ? path
+             : QString();
+}
+
+/// The exchange around a job; the port is closed afterwards.
+TransferEnd MessageTransfer::RunJob(const char* code, const Choice& choose,
+                                    const Monitor& showMonitor) {
+  const CommLock lock(comm_);
+  if (!lock.Taken()) return TransferEnd::Busy;
+  const auto identity = AskBeforeMessages(comm_);
+  if (!identity) return TransferEnd::PortError;
+  TransferEnd end = TransferEnd::NoFile;
+  const QString file = choose();
+  if (file.isEmpty()) {
+    comm_.Ask.MsgBox(comm_.Text(TextNumber::MessageFileNotFound), Buttons::Ok, Icon::Critical);
+  } else {
+    const QString work = QString::fromLatin1(MessageFile::WorkName);
+    comm_.Settings.JobCode = QString::fromLatin1(code);
+    comm_.Settings.JobFile = file == comm_.Folder.Find(work) ? work : file;
+    end = showMonitor(*identity);
+  }
+  const bool closed = SerialLink(comm_).ClosePort();
+  return closed || end != TransferEnd::Done ? end : TransferEnd::PortError;
+}
+
+/// What was received differs from what the message editor opened or saved last.
+bool MessageTransfer::ReadBack(const QString& path) {
+  MessageFile file(comm_.Program, comm_.Settings, comm_.Folder, comm_.Ask, comm_.Texts,
+                   comm_.Writer);
+  if (!file.ReadTexts(path, MessageFile::Reading::Keeping)) return false;
+  comm_.Settings.MsgSaved = false;
+  return true;
+}
+
+}  // namespace nira

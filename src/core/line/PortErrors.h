@@ -1,0 +1,41 @@
+#pragma once
+
+#include "files/MessageTable.h"
+#include "line/SerialControl.h"
+
+#include <QSerialPort>
+
+namespace nira {
+
+/// The failures of a serial port, with what happened and what to do about it in the language of
+/// the texts.
+class PortErrors {
+ public:
+  static constexpr int NoSuchPort = 8002;
+  static constexpr int InUse = 8005;
+  static constexpr int NoPermission = 70;
+  static constexpr int InputOutput = 8020;
+
+  explicit PortErrors(const MessageTable& texts) : texts_(texts) {}
+
+  /// Why the device could not be opened: `error` and `reason` are what the opening gave, the system
+  /// is asked once more.
+  SerialError Opening(const QString& device, QSerialPort::SerialPortError error,
+                      const QString& reason) const;
+
+  /// Input or output failed, or the adapter is gone.
+  SerialError Failed(const QString& device, const QString& reason) const;
+
+  /// What was written does not go out.
+  SerialError NotTaken(const QString& device) const;
+
+ private:
+  SerialError Missing(const QString& device) const;
+  SerialError Forbidden(const QString& device) const;
+  SerialError Busy(const QString& device) const;
+  SerialError Error(int number, TextNumber what, const QString& device, const QString& todo) const;
+
+  const MessageTable& texts_;
+};
+
+}  // namespace nira

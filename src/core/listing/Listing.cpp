@@ -1,0 +1,108 @@
+#include "listing/Listing.h"
+
+#include "dialogs/ProgramTitle.h"
+#include "files/CamLines.h"
+#include "ground/Text.h"
+
+#include <algorithm>
+
+namespace nira {
+
+namespace {
+
+QString PhaseText(const Phase& phase) {
+  return ZeroFilled(phase.on, PhaseList::EntryWidth) + u'-' +
+         ZeroFilled(phase.off, PhaseList::EntryWidth);
+}
+
+}  // namespace
+
+Listing::Listing(const CamProgram& program, const MessageTable& texts, const QString& file,
+                 const QDateTime& date, const ListingOptions& options)
+    : program_(program), texts_(texts), file_(file), date_(date), options_(options) {
+  options_.FirstSize = std::max(options_.FirstSize, 1);
+  options_.LastSize = std::min(options_.LastSize, program.NumSizes());
+}
+
+QString Listing::ProgramLine() const {
+  return QLatin1String(ProgramTitle) + QStringLiteral("   ") + Text(TextNumber::ProgramName);
+}
+
+QString Listing::FileLine() const {
+  return Text(TextNumber::PrintedFile) +
+         (file_.isEmpty() ? Text(TextNumber::PrintedNoFile) : file_);
+}
+
+QString Listing::ModelLine() const {
+  const auto counted = [](int count, const QString& one, const QString& more) -> QString {
+    return QStringLiteral("  ") + QString::number(count) + u' ' + (count == 1 ? one : more);
+  };
+  return QStringLiteral("QX") + QString::number(program_.NumCams()) + u' ' +
+         counted(program_.NumCams(), Text(TextNumber::CamWord).toLower(),
+                 Text(TextNumber::StatusCams)) +
+         counted(program_.NumSizes(), Text(TextNumber::SizeWord).toLower(),
+                 Text(TextNumber::StatusSizes)) +
+         QStringLiteral("  ") + QString::number(program_.NumMessages()) + u' ' +
+         Text(TextNumber::StatusMessages);
+}
+
+QString Listing::DateLine() const {
+  return date_.toString(QStringLiteral("yyyy-MM-dd HH:mm"));
+}
+
+QString Listing::PageLine(int page, int pages) const {
+  return Text(TextNumber::PrintedPage) + QString::number(page) + QStringLiteral(" / ") +
+         QString::number(pages);
+}
+
+QString Listing::FunctionsHeading() const {
+  return Text(TextNumber::PrintedFunctions);
+}
+
+QString Listing::SizeHeading(int size, bool continued) const {
+  const QString heading = Text(TextNumber::SendingSize) + ZeroFilled(size, 2);
+  return continued ? QString(heading + u' ' + Text(TextNumber::PrintedContinued)) : heading;
+}
+
+QStringList Listing::ColumnHeadings() const {
+  return {Text(TextNumber::PrintedCam), Text(TextNumber::PrintedDescription),
+          Text(TextNumber::PrintedPhases)};
+}
+
+QString Listing::NoPhases() const {
+  return Text(TextNumber::PrintedNoPhases);
+}
+
+QStringList Listing::FunctionLines() const {
+  std::string block;
+  WriteFunctionsBlock(program_, block);
+  QStringList lines = FromBytes(block).split(QStringLiteral("\r\n"), Qt::SkipEmptyParts);
+  lines.removeFirst();  // the header: every page names the model
+  return lines;
+}
+
+bool Listing::HasPhases(int size) const {
+  for (int cam = 0; cam < program_.NumCams(); ++cam) {
+    const CamRow& row = program_.CamMap(size, cam);
+    if (std::find(row.begin(), row.end(), std::uint8_t{1}) != row.end()) return true;
+  }
+  return false;
+}
+
+Listing::Cam Listing::CamOf(int size, int cam) const {
+  Cam entry{ZeroFilled(cam + 1, 2), program_.CamText(cam).left(DescriptionWidth), {}};
+  for (const Phase& phase : PhaseList::Of(program_.CamMap(size, cam)).phases) {
+    entry.phases.append(PhaseText(phase));
+  }
+  return entry;
+}
+
+int Listing::PhaseCount(int size, int cam) const {
+  return static_cast<int>(PhaseList::Of(program_.CamMap(size, cam)).phases.size());
+}
+
+std::vector<Run> Listing::RunsOf(int size, int cam) const {
+  return PhaseList::Of(program_.CamMap(size, cam)).runs;
+}
+
+}  // namespace nira

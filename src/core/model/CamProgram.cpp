@@ -1,0 +1,215 @@
+#include "model/CamProgram.h"
+
+#include "ground/Text.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace nira {
+
+namespace {
+
+/// Writes `value` into degrees first..last-1; true when a cell changed.
+bool Fill(CamRow& row, int first, int last, std::uint8_t value) {
+  bool changed = false;
+  for (int d = first; d < last; ++d) {
+    changed |= row[static_cast<std::size_t>(d)] != value;
+    row[static_cast<std::size_t>(d)] = value;
+  }
+  return changed;
+}
+
+/// Erases the run that begins at `degree`, up to degree 359 at most.
+bool CutForward(CamRow& row, int degree) {
+  int d = degree;
+  while (d < CamProgram::Degrees && row[static_cast<std::size_t>(d)] == 1) {
+    row[static_cast<std::size_t>(d++)] = 0;
+  }
+  return d > degree;
+}
+
+/// Erases the run that ends at `degree`, down to degree 0 at most.
+bool CutBackward(CamRow& row, int degree) {
+  int d = degree;
+  while (d >= 0 && row[static_cast<std::size_t>(d)] == 1) row[static_cast<std::size_t>(d--)] = 0;
+  return d < degree;
+}
+
+[[noreturn]] void Outside(const char* what, int index) {
+  throw IndexError(std::string(what) + " " + std::to_string(index));
+}
+
+void CheckText(const QString& text) {
+  if (!text.contains(u'\n') && ToBytes(text)) return;
+  throw std::invalid_argument("a text that no file can hold");
+}
+
+void CheckDegree(int degree) {
+  if (degree < 0 || degree >= CamProgram::Degrees) Outside("degree", degree);
+}
+
+}  // namespace
+
+CamProgram::CamProgram() : map_(static_cast<std::size_t>(MaxSizes) * MaxCams) {}
+
+void CamProgram::SetLimits(int sizes, int cams, int messages) {
+  if (sizes < 1 || sizes > MaxSizes) Outside("number of sizes", sizes);
+  if (cams < 1 || cams > MaxCams) Outside("number of cams", cams);
+  if (messages < 1 || messages > MaxMessages) Outside("number of messages", messages);
+  if (sizes != numSizes_ || cams != numCams_) ++revision_;
+  numSizes_ = sizes;
+  numCams_ = cams;
+  numMessages_ = messages;
+  currentSize_ = std::min(currentSize_, sizes);
+  currentCam_ = std::min(currentCam_, cams - 1);
+  functions_.AdvanceLast = std::min(functions_.AdvanceLast, static_cast<std::int16_t>(cams - 1));
+}
+
+void CamProgram::DimensionModel() {
+  ClearStore();
+  for (std::size_t cam = static_cast<std::size_t>(numCams_); cam < MaxCams; ++cam) {
+    camText_[cam].clear();
+    functions_.CamFunc[cam] = 0;
+  }
+}
+
+void CamProgram::Empty(CamRow& row) {
+  if (row == CamRow{}) return;
+  row.fill(0);
+  ++revision_;
+}
+
+void CamProgram::ClearStore() {
+  for (CamRow& row : map_) Empty(row);
+}
+
+void CamProgram::ClearSize(int size) {
+  CheckSize(size);
+  for (int cam = 0; cam < numCams_; ++cam) Empty(Row(size, cam));
+}
+
+void CamProgram::ClearAllSizes() {
+  ClearStore();
+}
+
+void CamProgram::ClearFunctions() {
+  FunctionsBlock block = functions_;
+  block.Clear();
+  if (block == functions_) return;
+  functions_ = block;
+  ++revision_;
+}
+
+void CamProgram::ClearCamLabels() {
+  for (QString& text : camText_) {
+    if (!text.isEmpty()) ++revision_;
+    text.clear();
+  }
+}
+
+void CamProgram::ResetProgram() {
+  ClearFunctions();
+  ClearAllSizes();
+  ClearCamLabels();
+  currentCam_ = 0;
+  currentSize_ = 1;
+}
+
+void CamProgram::SetPhase(int size, int cam, int on, int off) {
+  CamRow& row = Row(size, cam);
+  CheckDegree(on);
+  CheckDegree(off);
+  bool changed = false;
+  if (off >= on) {
+    changed = Fill(row, on, off, 1);
+    changed |= CutForward(row, off);
+    changed |= CutBackward(row, on - 1);
+  } else {
+    const CamRow before = row;
+    // The OFF degree is written as well and cut again below, and with it a run that begins one
+    // degree after it: across the end of the cycle a phase needs a gap of two degrees.
+    if (off > 0) Fill(row, 0, off + 1, 1);
+    Fill(row, on, Degrees, 1);
+    CutForward(row, off);
+    CutBackward(row, on - 1);
+    changed = row != before;
+  }
+  if (changed) ++revision_;
+}
+
+const CamRow& CamProgram::CamMap(int size, int cam) const {
+  CheckSize(size);
+  CheckCam(cam);
+  return map_[static_cast<std::size_t>(size - 1) * MaxCams + static_cast<std::size_t>(cam)];
+}
+
+CamRow& CamProgram::Row(int size, int cam) {
+  return const_cast<CamRow&>(std::as_const(*this).CamMap(size, cam));
+}
+
+void CamProgram::SetRow(int size, int cam, const CamRow& row) {
+  CamRow& target = Row(size, cam);
+  if (target == row) return;
+  target = row;
+  ++revision_;
+}
+
+void CamProgram::KeepUndoRow() {
+  undoRow_ = CamMap(currentSize_, currentCam_);
+}
+
+void CamProgram::RestoreUndoRow() {
+  SetRow(currentSize_, currentCam_, undoRow_);
+}
+
+void CamProgram::SelectSize(int size) {
+  CheckSize(size);
+  currentSize_ = size;
+}
+
+void CamProgram::SelectCam(int cam) {
+  CheckCam(cam);
+  currentCam_ = cam;
+}
+
+const QString& CamProgram::CamText(int cam) const {
+  CheckCam(cam);
+  return camText_[static_cast<std::size_t>(cam)];
+}
+
+void CamProgram::SetCamText(int cam, const QString& text) {
+  CheckCam(cam);
+  CheckText(text);
+  QString& target = camText_[static_cast<std::size_t>(cam)];
+  if (target == text) return;
+  target = text;
+  ++revision_;
+}
+
+const QString& CamProgram::MessageText(int number) const {
+  if (number < 1 || number > MaxMessages) Outside("message", number);
+  return messageText_[static_cast<std::size_t>(number - 1)];
+}
+
+void CamProgram::SetMessageText(int number, const QString& text) {
+  if (number < 1 || number > MaxMessages) Outside("message", number);
+  CheckText(text);
+  messageText_[static_cast<std::size_t>(number - 1)] = text;
+}
+
+void CamProgram::SetFunctions(const FunctionsBlock& functions) {
+  CheckCam(functions.AdvanceLast);
+  if (functions_ == functions) return;
+  functions_ = functions;
+  ++revision_;
+}
+
+void CamProgram::CheckSize(int size) const {
+  if (size < 1 || size > numSizes_) Outside("size", size);
+}
+
+void CamProgram::CheckCam(int cam) const {
+  if (cam < 0 || cam >= numCams_) Outside("cam", cam);
+}
+
+}  // namespace nira
