@@ -1,6 +1,7 @@
 // How long whole transfers take on a line that is paced to the baud rate, beside the least time
 // that the wire allows, and what they cost of the processor; then frames with faults.
 
+#include "SimulatedSerial.h"
 #include "files/CamFile.h"
 #include "ground/SystemClock.h"
 #include "line/QtSerialControl.h"
@@ -9,7 +10,6 @@
 #include "line/SizeTransfer.h"
 #include "line/TransferJobs.h"
 #include "line/WireFunctions.h"
-#include "simulator/SimulatedSerial.h"
 
 #include <QCoreApplication>
 #include <QDir>

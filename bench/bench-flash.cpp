@@ -3,11 +3,11 @@
 // time, and over a pseudo-terminal on which `kplctl simulate` is the programmer.
 
 #include "Measure.h"
+#include "SimulatedSerial.h"
 #include "ground/SystemClock.h"
 #include "line/FlashUpdate.h"
 #include "line/PortNames.h"
 #include "line/QtSerialControl.h"
-#include "simulator/SimulatedSerial.h"
 
 #include <QCoreApplication>
 #include <QTemporaryDir>

@@ -1,8 +1,8 @@
 // How fast the sizes of a program become a PDF, and how the memory grows with the pages. Without
 // arguments it measures itself in processes of their own, so that each peak stands alone.
 
+#include "ListingPainter.h"
 #include "Programs.h"
-#include "printing/ListingPainter.h"
 
 #include <QElapsedTimer>
 #include <QFile>

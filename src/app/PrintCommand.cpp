@@ -1,7 +1,7 @@
+#include "ListingPainter.h"
 #include "app/CamFileAccess.h"
 #include "app/Commands.h"
 #include "app/Printable.h"
-#include "printing/ListingPainter.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>

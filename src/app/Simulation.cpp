@@ -1,10 +1,10 @@
 #include "app/Simulation.h"
 
+#include "PtyLink.h"
 #include "app/ConsolePrompts.h"
 #include "app/Interrupt.h"
 #include "app/Printable.h"
 #include "files/CamFile.h"
-#include "simulator/PtyLink.h"
 
 #include <QEventLoop>
 

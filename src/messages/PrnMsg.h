@@ -1,6 +1,6 @@
 #pragma once
 
-#include "printing/MessageListing.h"
+#include "MessageListing.h"
 #include "printing/PrintPane.h"
 
 #include <QDialog>

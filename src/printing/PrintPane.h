@@ -1,7 +1,7 @@
 #pragma once
 
+#include "PagedDocument.h"
 #include "editor/Instance.h"
-#include "printing/PagedDocument.h"
 
 #include <QLabel>
 #include <QPrintPreviewWidget>

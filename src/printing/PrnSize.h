@@ -1,7 +1,7 @@
 #pragma once
 
+#include "ListingPainter.h"
 #include "listing/Listing.h"
-#include "printing/ListingPainter.h"
 #include "printing/PrintPane.h"
 
 #include <QCheckBox>

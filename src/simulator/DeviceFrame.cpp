@@ -1,4 +1,4 @@
-#include "simulator/DeviceFrame.h"
+#include "DeviceFrame.h"
 
 namespace nira {
 

@@ -1,6 +1,6 @@
-#include "simulator/DeviceVoice.h"
+#include "DeviceVoice.h"
 
-#include "simulator/DeviceFrame.h"
+#include "DeviceFrame.h"
 
 namespace nira {
 

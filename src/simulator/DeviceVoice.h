@@ -1,7 +1,7 @@
 #pragma once
 
-#include "simulator/Faults.h"
-#include "simulator/PacedLine.h"
+#include "Faults.h"
+#include "PacedLine.h"
 
 #include <optional>
 #include <string>

@@ -1,4 +1,4 @@
-#include "simulator/Exchange.h"
+#include "Exchange.h"
 
 namespace nira {
 

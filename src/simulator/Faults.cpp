@@ -1,4 +1,4 @@
-#include "simulator/Faults.h"
+#include "Faults.h"
 
 #include <algorithm>
 #include <limits>

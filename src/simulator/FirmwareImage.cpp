@@ -1,4 +1,4 @@
-#include "simulator/FirmwareImage.h"
+#include "FirmwareImage.h"
 
 #include "files/LineReader.h"
 

@@ -1,4 +1,4 @@
-#include "simulator/FlashReception.h"
+#include "FlashReception.h"
 
 namespace nira {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "simulator/DeviceVoice.h"
-#include "simulator/Exchange.h"
-#include "simulator/FirmwareImage.h"
+#include "DeviceVoice.h"
+#include "Exchange.h"
+#include "FirmwareImage.h"
 
 namespace nira {
 

@@ -1,6 +1,6 @@
-#include "simulator/FrameSending.h"
+#include "FrameSending.h"
 
-#include "simulator/DeviceFrame.h"
+#include "DeviceFrame.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "simulator/DeviceVoice.h"
-#include "simulator/Exchange.h"
+#include "DeviceVoice.h"
+#include "Exchange.h"
 
 #include <string>
 #include <vector>

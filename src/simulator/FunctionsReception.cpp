@@ -1,6 +1,6 @@
-#include "simulator/FunctionsReception.h"
+#include "FunctionsReception.h"
 
-#include "simulator/ProgrammerState.h"
+#include "ProgrammerState.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,4 +1,4 @@
-#include "simulator/LineTimer.h"
+#include "LineTimer.h"
 
 #include <QtGlobal>
 

@@ -1,7 +1,7 @@
-#include "simulator/MessageExchange.h"
+#include "MessageExchange.h"
 
+#include "DeviceFrame.h"
 #include "ground/Text.h"
-#include "simulator/DeviceFrame.h"
 
 #include <algorithm>
 

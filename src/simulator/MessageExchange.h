@@ -1,8 +1,8 @@
 #pragma once
 
-#include "simulator/DeviceVoice.h"
-#include "simulator/Exchange.h"
-#include "simulator/ProgrammerState.h"
+#include "DeviceVoice.h"
+#include "Exchange.h"
+#include "ProgrammerState.h"
 
 #include <string>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "simulator/PacedLine.h"
+#include "PacedLine.h"
 
 #include <algorithm>
 

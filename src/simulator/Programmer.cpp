@@ -1,12 +1,12 @@
-#include "simulator/Programmer.h"
+#include "Programmer.h"
 
+#include "DeviceFrame.h"
+#include "FlashReception.h"
+#include "FrameSending.h"
+#include "MessageExchange.h"
+#include "SizeReception.h"
+#include "SizeSending.h"
 #include "ground/Text.h"
-#include "simulator/DeviceFrame.h"
-#include "simulator/FlashReception.h"
-#include "simulator/FrameSending.h"
-#include "simulator/MessageExchange.h"
-#include "simulator/SizeReception.h"
-#include "simulator/SizeSending.h"
 
 #include <algorithm>
 

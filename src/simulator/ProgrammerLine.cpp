@@ -1,4 +1,4 @@
-#include "simulator/ProgrammerLine.h"
+#include "ProgrammerLine.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/Programmer.h"
+#include "Programmer.h"
 
 #include <optional>
 #include <string>

@@ -1,4 +1,4 @@
-#include "simulator/ProgrammerState.h"
+#include "ProgrammerState.h"
 
 #include "ground/Text.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "FirmwareImage.h"
 #include "model/CamProgram.h"
 #include "model/FunctionsBlock.h"
 #include "model/PhaseList.h"
-#include "simulator/FirmwareImage.h"
 
 #include <array>
 #include <string>

@@ -1,4 +1,4 @@
-#include "simulator/Pseudoterminal.h"
+#include "Pseudoterminal.h"
 
 #ifdef Q_OS_LINUX
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/Instant.h"
+#include "Instant.h"
 
 #include <QString>
 

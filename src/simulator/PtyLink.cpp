@@ -1,4 +1,4 @@
-#include "simulator/PtyLink.h"
+#include "PtyLink.h"
 
 #include "line/SimulatedMark.h"
 

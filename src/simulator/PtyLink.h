@@ -1,8 +1,8 @@
 #pragma once
 
-#include "simulator/LineTimer.h"
-#include "simulator/ProgrammerLine.h"
-#include "simulator/Pseudoterminal.h"
+#include "LineTimer.h"
+#include "ProgrammerLine.h"
+#include "Pseudoterminal.h"
 
 #include <QLockFile>
 #include <QObject>

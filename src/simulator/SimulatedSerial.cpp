@@ -1,4 +1,4 @@
-#include "simulator/SimulatedSerial.h"
+#include "SimulatedSerial.h"
 
 #include <algorithm>
 

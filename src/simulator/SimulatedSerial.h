@@ -1,7 +1,7 @@
 #pragma once
 
+#include "ProgrammerLine.h"
 #include "line/SerialControl.h"
-#include "simulator/ProgrammerLine.h"
 
 #include <QByteArray>
 #include <QString>

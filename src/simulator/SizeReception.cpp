@@ -1,6 +1,6 @@
-#include "simulator/SizeReception.h"
+#include "SizeReception.h"
 
-#include "simulator/FunctionsReception.h"
+#include "FunctionsReception.h"
 
 #include <charconv>
 #include <optional>

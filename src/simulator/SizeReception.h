@@ -1,9 +1,9 @@
 #pragma once
 
-#include "simulator/DeviceFrame.h"
-#include "simulator/DeviceVoice.h"
-#include "simulator/Exchange.h"
-#include "simulator/ProgrammerState.h"
+#include "DeviceFrame.h"
+#include "DeviceVoice.h"
+#include "Exchange.h"
+#include "ProgrammerState.h"
 
 #include <string>
 #include <string_view>

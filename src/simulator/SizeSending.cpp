@@ -1,4 +1,4 @@
-#include "simulator/SizeSending.h"
+#include "SizeSending.h"
 
 #include "ground/Text.h"
 

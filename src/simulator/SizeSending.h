@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/ProgrammerState.h"
+#include "ProgrammerState.h"
 
 #include <string>
 #include <vector>

@@ -1,10 +1,10 @@
+#include "SimulatedSerial.h"
 #include "app/CommandLine.h"
 #include "app/LineProgress.h"
 #include "app/MessagesOnLine.h"
 #include "app/ProgramComparison.h"
 #include "app/ProgramTransfer.h"
 #include "files/CamLines.h"
-#include "simulator/SimulatedSerial.h"
 #include "support/CamFileFixture.h"
 #include "support/DeviceFixture.h"
 

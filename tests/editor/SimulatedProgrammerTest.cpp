@@ -1,7 +1,7 @@
+#include "SimulatedSerial.h"
 #include "comm/Monit_Com.h"
 #include "ground/Text.h"
 #include "messages/AlMsg.h"
-#include "simulator/SimulatedSerial.h"
 #include "support/DeviceFixture.h"
 #include "support/WindowFixture.h"
 

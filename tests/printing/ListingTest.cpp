@@ -1,5 +1,5 @@
+#include "ListingPainter.h"
 #include "ground/Text.h"
-#include "printing/ListingPainter.h"
 #include "support/PaintRecorder.h"
 
 #include <QTest>

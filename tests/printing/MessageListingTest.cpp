@@ -1,5 +1,5 @@
+#include "MessageListing.h"
 #include "ground/Text.h"
-#include "printing/MessageListing.h"
 #include "support/PaintRecorder.h"
 
 #include <QTest>

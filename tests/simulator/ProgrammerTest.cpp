@@ -1,7 +1,7 @@
+#include "DeviceFrame.h"
+#include "FrameSending.h"
+#include "SizeSending.h"
 #include "files/CamLines.h"
-#include "simulator/DeviceFrame.h"
-#include "simulator/FrameSending.h"
-#include "simulator/SizeSending.h"
 #include "support/DeviceFixture.h"
 #include "support/Rows.h"
 

@@ -1,5 +1,5 @@
+#include "PtyLink.h"
 #include "line/SimulatedMark.h"
-#include "simulator/PtyLink.h"
 #include "support/CamFileFixture.h"
 #include "support/DeviceFixture.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/ProgrammerLine.h"
+#include "ProgrammerLine.h"
 
 #include <QByteArray>
 #include <QStringList>

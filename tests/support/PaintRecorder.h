@@ -1,6 +1,6 @@
 #pragma once
 
-#include "printing/PagedDocument.h"
+#include "PagedDocument.h"
 
 #include <QPaintDevice>
 #include <QPaintEngine>

@@ -1,4 +1,4 @@
-#include "printing/PagedDocument.h"
+#include "PagedDocument.h"
 
 #include <QBuffer>
 #include <QPdfWriter>

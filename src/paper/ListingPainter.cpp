@@ -1,4 +1,4 @@
-#include "printing/ListingPainter.h"
+#include "ListingPainter.h"
 
 #include <QFontDatabase>
 #include <QFontInfo>

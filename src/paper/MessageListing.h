@@ -1,8 +1,8 @@
 #pragma once
 
+#include "PagedDocument.h"
 #include "files/MessageTable.h"
 #include "model/CamProgram.h"
-#include "printing/PagedDocument.h"
 
 #include <QDateTime>
 #include <QFont>

@@ -1,4 +1,4 @@
-#include "printing/MessageListing.h"
+#include "MessageListing.h"
 
 #include "ground/Text.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "PagedDocument.h"
 #include "listing/Listing.h"
-#include "printing/PagedDocument.h"
 
 #include <QFont>
 
