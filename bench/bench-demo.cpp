@@ -3,7 +3,7 @@
 //   longest time between two passes of the event loop, for the sample press and for a size in which
 //   all 32 lamps change at every degree, in the window's own size and filling the screen
 
-#include "dialogs/ProgramStyle.h"
+#include "controls/ProgramStyle.h"
 #include "files/MessageTable.h"
 #include "functions/BNKRTN.h"
 #include "sizes/SizeOperations.h"

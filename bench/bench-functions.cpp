@@ -1,7 +1,7 @@
 // Measures the functions window on the platform that Qt finds: one step of the scroll bar, until
 // all 32 columns are painted anew. Figures are milliseconds.
 
-#include "dialogs/ProgramStyle.h"
+#include "controls/ProgramStyle.h"
 #include "dialogs/QtPrompts.h"
 #include "functions/FuncSel.h"
 

@@ -7,7 +7,7 @@
 
 #include "FirstPaint.h"
 #include "Programs.h"
-#include "dialogs/ProgramStyle.h"
+#include "controls/ProgramStyle.h"
 #include "dialogs/QtPrompts.h"
 #include "editor/MainWindow.h"
 #include "files/CamLines.h"

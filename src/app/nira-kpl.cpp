@@ -1,4 +1,4 @@
-#include "dialogs/ProgramStyle.h"
+#include "controls/ProgramStyle.h"
 #include "dialogs/QtPrompts.h"
 #include "editor/MainWindow.h"
 #include "files/OptionsFile.h"

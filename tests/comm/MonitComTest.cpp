@@ -1,4 +1,4 @@
-#include "comm/Monit_Com.h"
+#include "line/Monit_Com.h"
 #include "support/CommFixture.h"
 
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "comm/SETCOMM.h"
+#include "line/SETCOMM.h"
 #include "support/WindowFixture.h"
 
 #include <QFileInfo>

@@ -1,4 +1,4 @@
-#include "comm/UpdFlsh.h"
+#include "line/UpdFlsh.h"
 #include "support/FlashFixture.h"
 #include "support/WindowFixture.h"
 

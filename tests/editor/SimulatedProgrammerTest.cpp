@@ -1,6 +1,6 @@
 #include "SimulatedSerial.h"
-#include "comm/Monit_Com.h"
 #include "ground/Text.h"
+#include "line/Monit_Com.h"
 #include "messages/AlMsg.h"
 #include "support/DeviceFixture.h"
 #include "support/WindowFixture.h"

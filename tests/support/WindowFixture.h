@@ -2,7 +2,7 @@
 
 #include "dialogs/clsCommonDialog.h"
 #include "editor/MainWindow.h"
-#include "files/Carprg.h"
+#include "line/Carprg.h"
 #include "support/CamFileFixture.h"
 #include "support/Rows.h"
 #include "support/ScriptedSerial.h"

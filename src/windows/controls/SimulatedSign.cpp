@@ -1,0 +1,18 @@
+#include "controls/SimulatedSign.h"
+
+namespace nira {
+
+SimulatedSign::SimulatedSign(const QString& text, QWidget* parent) : QLabel(text, parent) {
+  setObjectName(QStringLiteral("Simulated"));
+  setTextFormat(Qt::PlainText);
+  setContentsMargins(8, 0, 8, 0);
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+  QPalette plain = palette();
+  plain.setColor(QPalette::Window, QColor(255, 255, 0));
+  plain.setColor(QPalette::WindowText, Qt::black);
+  setPalette(plain);
+  setAutoFillBackground(true);
+  hide();
+}
+
+}  // namespace nira

@@ -1,0 +1,104 @@
+#include "dialogs/QtPrompts.h"
+
+#include "controls/BusyPointer.h"
+#include "controls/ProgramTitle.h"
+
+#include <QApplication>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+
+namespace nira {
+
+namespace {
+
+constexpr int longestAnswer = 48;  // characters that a box of entry shows at once
+
+/// What a file or a device sent, as a box can show it.
+QString Printable(const QString& text) {
+  QString shown = text;
+  for (QChar& c : shown) {
+    if (c == u'\r') c = u'\n';
+    if (c.category() == QChar::Other_Control && c != u'\n') c = QChar::ReplacementCharacter;
+  }
+  return shown;
+}
+
+QMessageBox::StandardButtons StandardButtons(Buttons buttons) {
+  switch (buttons) {
+    case Buttons::OkCancel:
+      return QMessageBox::Ok | QMessageBox::Cancel;
+    case Buttons::YesNo:
+      return QMessageBox::Yes | QMessageBox::No;
+    case Buttons::YesNoCancel:
+      return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case Buttons::RetryCancel:
+      return QMessageBox::Retry | QMessageBox::Cancel;
+    case Buttons::Ok:
+      break;
+  }
+  return QMessageBox::Ok;
+}
+
+QMessageBox::Icon BoxIcon(Icon icon) {
+  switch (icon) {
+    case Icon::Information:
+      return QMessageBox::Information;
+    case Icon::Question:
+      return QMessageBox::Question;
+    case Icon::Exclamation:
+      return QMessageBox::Warning;
+    case Icon::Critical:
+      return QMessageBox::Critical;
+    case Icon::None:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+Answer AnswerOf(int button) {
+  switch (button) {
+    case QMessageBox::Ok:
+      return Answer::Ok;
+    case QMessageBox::Yes:
+      return Answer::Yes;
+    case QMessageBox::No:
+      return Answer::No;
+    case QMessageBox::Retry:
+      return Answer::Retry;
+    default:
+      return Answer::Cancel;
+  }
+}
+
+QString TitleOr(const QString& title) {
+  return title.isEmpty() ? QString::fromLatin1(ProgramTitle) : title;
+}
+
+}  // namespace
+
+Answer QtPrompts::MsgBox(const QString& text, Buttons buttons, Icon icon, const QString& title) {
+  const PlainPointer pointer;
+  QMessageBox box(BoxIcon(icon), TitleOr(title), Printable(text), StandardButtons(buttons),
+                  QApplication::activeWindow());
+  box.setTextFormat(Qt::PlainText);
+  return AnswerOf(box.exec());
+}
+
+std::optional<QString> QtPrompts::InputBox(const QString& prompt, const QString& preset,
+                                           const QString& title) {
+  const PlainPointer pointer;
+  QInputDialog box(QApplication::activeWindow());
+  box.setWindowTitle(TitleOr(title));
+  box.setLabelText(Printable(prompt));
+  if (auto* label = box.findChild<QLabel*>()) label->setTextFormat(Qt::PlainText);
+  box.setTextValue(preset);
+  if (auto* text = box.findChild<QLineEdit*>()) {  // room for an answer, and for the title above
+    text->setMinimumWidth(box.fontMetrics().averageCharWidth() * longestAnswer);
+  }
+  if (box.exec() != QDialog::Accepted) return std::nullopt;
+  return box.textValue();
+}
+
+}  // namespace nira

@@ -1,0 +1,176 @@
+#include "editor/FileCommands.h"
+
+#include "controls/BusyPointer.h"
+#include "files/LineReader.h"
+#include "files/OptionsFile.h"
+#include "line/Carprg.h"
+#include "line/SerialLink.h"
+
+#include <QFileInfo>
+
+namespace nira {
+
+QString ForcedName(const QString& name) {
+  constexpr qsizetype longest = 200;
+  if (name.isEmpty() || name.size() > longest) return name;
+  const qsizetype dot = name.indexOf(u'.');
+  return dot < 0 ? name + QStringLiteral(".CAM") : name.left(dot + 1) + QStringLiteral("CAM");
+}
+
+FileCommands::FileCommands(Instance& instance, Comm& comm, QWidget* window)
+    : QObject(window),
+      instance_(instance),
+      comm_(comm),
+      window_(window),
+      camFile_(instance.Program, instance.Settings, instance.Ask, instance.Texts, instance.Writer) {
+}
+
+bool FileCommands::MayLoseWork() {
+  return instance_.Program.IsSaved ||
+         instance_.Ask.MsgBox(instance_.Text(TextNumber::NotSaved), Buttons::OkCancel,
+                              Icon::Exclamation) == Answer::Ok;
+}
+
+void FileCommands::f_newp_Click() {
+  if (!MayLoseWork()) return;
+  Carprg(comm_, window_).exec();
+  f_New();
+}
+
+void FileCommands::f_New() {
+  instance_.Program.DimensionModel();
+  instance_.Program.ResetProgram();
+  instance_.Program.IsSaved = true;
+  Q_EMIT ProgramReplaced();
+}
+
+void FileCommands::f_Open() {
+  if (!MayLoseWork()) return;
+  clsCommonDialog& dialog = instance_.Dialog;
+  dialog.DialogTitle = instance_.Text(TextNumber::OpenTitle);
+  dialog.Filter = instance_.Text(TextNumber::CamFiles) + QStringLiteral("(*.Cam)|*.cam|") +
+                  instance_.Text(TextNumber::AllFiles) + QStringLiteral("(*.*)|*.*");
+  dialog.Flags = clsCommonDialog::FileMustExist + clsCommonDialog::ReadOnly;
+  dialog.FileName.clear();
+  dialog.ShowOpen(window_);
+  if (!QFileInfo::exists(dialog.FileName) || !CanBeRead(dialog.FileName)) return;
+  instance_.Settings.CurrentFile = dialog.FileName;
+  instance_.Program.ResetProgram();
+  Load();
+  instance_.Program.IsSaved = true;
+}
+
+bool FileCommands::CanBeRead(const QString& path) {
+  const LineReader file(path);
+  if (file.IsOpen()) return true;
+  instance_.Ask.MsgBox(instance_.Text(TextNumber::CannotRead) + u'\n' + path + u'\n' + file.Error(),
+                       Buttons::Ok, Icon::Critical);
+  return false;
+}
+
+void FileCommands::Load() {
+  const BusyPointer pointer;
+  CamProgram& program = instance_.Program;
+  QString& current = instance_.Settings.CurrentFile;
+  program.ClearAllSizes();
+  program.ClearCamLabels();
+  const LoadResult result = camFile_.LoadCamFile(current);
+  // The next Save has to ask for a name: it must not write over a file that was not taken.
+  if (result.Refused()) current.clear();
+  Q_EMIT TitleChanged(instance_.Text(TextNumber::ProgramName) + QStringLiteral(" C ") +
+                      QString::number(program.NumCams()) + QStringLiteral(" - ") +
+                      QString::number(program.NumSizes()) + QStringLiteral("  [") + current + u']');
+  program.SelectSize(1);
+  Q_EMIT ProgramReplaced();
+  if (result.outcome == LoadResult::Outcome::Loaded) {
+    if (result.cutOff) Q_EMIT Note(instance_.Text(TextNumber::FileWithoutEnd) + current);
+    QStringList paths = recent_;
+    paths.removeAll(current);
+    paths.prepend(current);
+    SetRecent(paths);
+    instance_.Dialog.InitDir = QFileInfo(current).absolutePath();
+  }
+}
+
+void FileCommands::SetRecent(const QStringList& paths) {
+  recent_ = paths.mid(0, OptionsFile::MaxRecent);
+  Q_EMIT RecentChanged(recent_);
+}
+
+void FileCommands::F_Mnu_oldF_Click(const QString& path) {
+  if (!MayLoseWork()) return;
+  f_New();
+  instance_.Settings.CurrentFile = path;
+  if (!QFileInfo::exists(path)) {
+    Q_EMIT Note(instance_.Text(TextNumber::FileNotFound) + path);
+  } else if (CanBeRead(path)) {
+    Load();
+  } else {
+    instance_.Settings.CurrentFile.clear();  // Save must not write over it
+  }
+}
+
+void FileCommands::OpenAtStart(const QString& path) {
+  instance_.Settings.CurrentFile = path;
+  if (!QFileInfo::exists(path)) {
+    Q_EMIT Note(instance_.Text(TextNumber::FileNotFound) + path);
+    return;
+  }
+  if (!CanBeRead(path)) {
+    instance_.Settings.CurrentFile.clear();  // Save must not write over it
+    return;
+  }
+  instance_.Program.ResetProgram();
+  Load();
+  instance_.Program.IsSaved = true;
+}
+
+bool FileCommands::f_S() {
+  const QString& current = instance_.Settings.CurrentFile;
+  if (current.isEmpty() || !QFileInfo::exists(current)) return f_Save();
+  return Save();
+}
+
+bool FileCommands::f_Save() {
+  QString& current = instance_.Settings.CurrentFile;
+  clsCommonDialog& dialog = instance_.Dialog;
+  dialog.DialogTitle = instance_.Text(TextNumber::SaveTitle);
+  dialog.Filter = QStringLiteral("Cam Files (*.Cam)|*.cam|Tutti i File (*.*)|*.*");
+  dialog.Flags = clsCommonDialog::OverwritePrompt + clsCommonDialog::PathMustExist;
+  dialog.FileName = current;
+  dialog.ShowSave(window_);  // on Cancel the preset name comes back, and is saved to
+  if (dialog.FileName.isEmpty()) return false;
+  const QString chosen = QFileInfo(dialog.FileName).absoluteFilePath();
+  const QString forced = ForcedName(chosen);
+  if (!MayReplace(chosen, forced)) return false;
+  const QString before = std::exchange(current, forced);
+  if (!Save()) {
+    current = before;
+    return false;
+  }
+  instance_.Program.IsSaved = true;
+  return true;
+}
+
+/// The dialog has asked about the name that was chosen, but knows nothing of the forced one.
+bool FileCommands::MayReplace(const QString& chosen, const QString& forced) {
+  if (forced == chosen || !QFileInfo::exists(forced)) return true;
+  return instance_.Ask.MsgBox(instance_.Text(TextNumber::ReplaceFile) + u'\n' + forced,
+                              Buttons::YesNo, Icon::Exclamation) == Answer::Yes;
+}
+
+bool FileCommands::Save() {
+  SerialLink(comm_).ClosePort();
+  const QString reason = camFile_.SaveCamFile();
+  const QString& current = instance_.Settings.CurrentFile;
+  if (!reason.isEmpty()) {
+    instance_.Ask.MsgBox(instance_.Text(TextNumber::CannotWrite) + u'\n' + current + u'\n' + reason,
+                         Buttons::Ok, Icon::Critical);
+    return false;
+  }
+  Q_EMIT Saved();
+  Q_EMIT Note(instance_.Text(TextNumber::FileSaved) + current);
+  return true;
+}
+
+}  // namespace nira

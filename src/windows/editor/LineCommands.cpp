@@ -1,0 +1,114 @@
+#include "editor/LineCommands.h"
+
+#include "controls/InputHold.h"
+#include "line/Identity.h"
+#include "line/MessageTransfer.h"
+#include "line/Monit_Com.h"
+#include "line/SETCOMM.h"
+#include "line/SerialLink.h"
+#include "line/SizeTransfer.h"
+#include "line/UpdFlsh.h"
+
+#include <QApplication>
+
+namespace nira {
+
+LineCommands::LineCommands(Instance& instance, Comm& comm, const PortNames& ports, QWidget* window)
+    : QObject(window), instance_(instance), comm_(comm), ports_(ports), window_(window) {}
+
+bool LineCommands::IdentifyAtStart() {
+  if (!SerialLink(comm_).OpenPort()) return true;
+  if (IdentityQuery(comm_) == Identity::Rejected) return false;
+  SerialLink(comm_).ClosePort();
+  return true;
+}
+
+void LineCommands::TryPort() {
+  if (SerialLink(comm_).OpenPort()) SerialLink(comm_).ClosePort();
+}
+
+/// Says `done` when all went well.
+TransferEnd LineCommands::Exchange(Moves what, TextNumber done,
+                                   const std::function<TransferEnd()>& exchange) {
+  if (comm_.Busy) return TransferEnd::Busy;
+  Q_EMIT Began();
+  TransferEnd end = TransferEnd::Done;
+  {
+    const InputHold hold;
+    end = exchange();
+  }
+  Q_EMIT Ended(what == Moves::ProgramIn && end == TransferEnd::Done);
+  if (end == TransferEnd::Done) Q_EMIT Note(instance_.Text(done));
+  return end;
+}
+
+TransferEnd LineCommands::ShowMonitor(const QString& item) {
+  QWidget* above = QApplication::activeModalWidget();
+  return Monit_Com(comm_, above != nullptr ? above : window_).Run(item);
+}
+
+void LineCommands::Tr_Siz_Click() {
+  Exchange(Moves::ProgramOut, TextNumber::Transmitted,
+           [this] { return SizeTransfer(comm_).Tr_Siz([this] { return ShowMonitor({}); }); });
+}
+
+void LineCommands::Rc_Siz_Click() {
+  Exchange(Moves::ProgramIn, TextNumber::Received,
+           [this] { return SizeTransfer(comm_).Rc_Siz([this] { return ShowMonitor({}); }); });
+}
+
+void LineCommands::Msg_Trans_Click() {
+  Exchange(Moves::Messages, TextNumber::Transmitted, [this] {
+    return MessageTransfer(comm_).Msg_Trans(
+        [this] { return ChooseMessages(TextNumber::TransmitMessagesTitle, false); },
+        [this](const QString& item) { return ShowMonitor(item); });
+  });
+}
+
+void LineCommands::Msg_Rec_Click() {
+  Exchange(Moves::Messages, TextNumber::Received, [this] {
+    return MessageTransfer(comm_).Msg_Rec(
+        [this] { return ChooseMessages(TextNumber::ReceiveMessagesTitle, true); },
+        [this](const QString& item) { return ShowMonitor(item); });
+  });
+}
+
+void LineCommands::Upd_Flash_Click() {
+  Exchange(Moves::Firmware, TextNumber::Transmitted,
+           [this] { return nira::Upd_Flash_Click(comm_, instance_.Dialog, window_); });
+}
+
+bool LineCommands::TransmitMessages(const QString& file) {
+  return Exchange(Moves::Messages, TextNumber::Transmitted, [this, &file] {
+           return MessageTransfer(comm_).Transmit(
+               file, [this](const QString& item) { return ShowMonitor(item); });
+         }) == TransferEnd::Done;
+}
+
+bool LineCommands::ReceiveMessages(const QString& file) {
+  return Exchange(Moves::Messages, TextNumber::Received, [this, &file] {
+           return MessageTransfer(comm_).Receive(
+               file, [this](const QString& item) { return ShowMonitor(item); });
+         }) == TransferEnd::Done;
+}
+
+/// Asks for a message file; empty when the operator cancelled.
+QString LineCommands::ChooseMessages(TextNumber title, bool save) {
+  const PlainPointer pointer;
+  clsCommonDialog& dialog = instance_.Dialog;
+  const QString& label = instance_.Text(TextNumber::AllFiles);
+  dialog.DialogTitle = instance_.Text(title);
+  dialog.Filter = label + QStringLiteral("(*.Msg)|*.msg|") + label + QStringLiteral("(*.*)|*.*");
+  dialog.Flags = save ? clsCommonDialog::OverwritePrompt + clsCommonDialog::PathMustExist
+                      : clsCommonDialog::FileMustExist;
+  dialog.FileName.clear();
+  const bool chosen = save ? dialog.ShowSave(window_) : dialog.ShowOpen(window_);
+  return chosen ? dialog.FileName : QString();
+}
+
+void LineCommands::setcom_Click() {
+  SETCOMM(instance_, ports_, window_).exec();
+  Q_EMIT PortChosen();
+}
+
+}  // namespace nira

@@ -1,0 +1,529 @@
+#include "editor/MainWindow.h"
+
+#include "controls/PlainTip.h"
+#include "controls/ThemedIcon.h"
+#include "dialogs/About.h"
+#include "files/ScriptFile.h"
+#include "functions/BNKRTN.h"
+#include "functions/CalcAnt.h"
+#include "functions/FuncSel.h"
+#include "ground/Text.h"
+#include "messages/AlMsg.h"
+#include "printing/PrnSize.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QScreen>
+#include <QStatusBar>
+
+#include <array>
+
+namespace nira {
+
+namespace {
+
+/// Width in pixels that the controls were drawn for; a wider window scales them once.
+constexpr int designWidth = 646;
+constexpr QSize largestStart(1280, 960);
+
+struct Tip {
+  const char* button;
+  TextNumber text;
+};
+constexpr std::array tips = {
+    Tip{"GoPrCam", TextNumber::TipGoPrCam},  Tip{"New_Fil", TextNumber::TipNewFil},
+    Tip{"OP_FIL", TextNumber::TipOpFil},     Tip{"Sv_Fil", TextNumber::TipSvFil},
+    Tip{"Sel_Form", TextNumber::TipSelForm}, Tip{"Azz_Form", TextNumber::TipAzzForm},
+};
+
+/// Another window has the floor: nothing may happen to this one, and a drop does not ask Qt.
+bool Blocked() {
+  return QApplication::activeModalWidget() != nullptr;
+}
+
+QString FirstLocalFile(const QMimeData* data) {
+  const QList<QUrl> urls = data->urls();
+  return urls.isEmpty() ? QString() : urls.constFirst().toLocalFile();
+}
+
+}  // namespace
+
+MainWindow::MainWindow(Instance& instance, Comm& comm, const PortNames& ports)
+    : instance_(instance),
+      comm_(comm),
+      options_(instance.Folder, instance.Settings, instance.Ask, instance.Writer),
+      menu_(new MainMenu(menuBar())),
+      files_(new FileCommands(instance, comm, this)),
+      sizes_(new SizeCommands(instance, this)),
+      lines_(new LineCommands(instance, comm, ports, this)),
+      status_(new StatusLine(instance, comm, ports, statusBar())) {
+  setObjectName(QStringLiteral("MainWindow"));
+  setAcceptDrops(true);
+  setContextMenuPolicy(Qt::NoContextMenu);
+  BuildToolbar();
+  BuildCentre();
+  BuildHandlers();
+  ConnectAll();
+  ShowPictures();
+  FitToScreen();
+  qApp->installEventFilter(this);  // the keys that select a cam come before every control
+}
+
+QToolButton* MainWindow::AddButton(QToolBar* bar, const char* name, const char* picture) {
+  auto* button = new QToolButton;
+  button->setObjectName(QString::fromLatin1(name));
+  button->setProperty("picture", QString::fromLatin1(picture));
+  button->setAutoRaise(true);
+  button->setFocusPolicy(Qt::NoFocus);
+  bar->addWidget(button);
+  return button;
+}
+
+void MainWindow::BuildToolbar() {
+  toolbar_ = addToolBar(QStringLiteral("toolbar"));
+  toolbar_->setObjectName(QStringLiteral("Toolbar"));
+  toolbar_->setMovable(false);
+  const auto command = [this](QToolButton* button, const char* item) {
+    connect(button, &QToolButton::clicked, this,
+            [this, item] { Command(QString::fromLatin1(item)); });
+  };
+  command(AddButton(toolbar_, "New_Fil", "new"), "f_newp");
+  command(AddButton(toolbar_, "OP_FIL", "open"), "f_open");
+  command(AddButton(toolbar_, "Sv_Fil", "save"), "f_S");
+  toolbar_->addSeparator();
+  command(AddButton(toolbar_, "Sel_Form", "size"), "s_sel");
+  command(AddButton(toolbar_, "Azz_Form", "erase"), "s_Clr");
+  command(AddButton(toolbar_, "GoPrCam", "cam"), "o_MODC");
+  toolbar_->addSeparator();
+
+  picture1_ = new SizeStepper(this);
+  picture1_->setObjectName(QStringLiteral("Picture1"));
+  toolbar_->addWidget(picture1_);
+  sizeCam_ = new QLabel(QStringLiteral("F00 C00"));
+  sizeCam_->setObjectName(QStringLiteral("SizeCam"));
+  sizeCam_->setTextFormat(Qt::PlainText);
+  sizeCam_->setContentsMargins(16, 0, 16, 0);
+  toolbar_->addWidget(sizeCam_);
+}
+
+void MainWindow::BuildCentre() {
+  auto* centre = new QWidget;
+  diagram_ = new CamDiagram(centre);
+  diagram_->setObjectName(QStringLiteral("Diagram"));
+  entry_ = new PhaseEntry(instance_, centre);
+  auto* layout = new QHBoxLayout(centre);
+  layout->setContentsMargins(12, 8, 12, 8);
+  layout->setSpacing(16);
+  layout->addWidget(diagram_, 1);
+  layout->addWidget(entry_);
+  setCentralWidget(centre);
+}
+
+void MainWindow::ConnectAll() {
+  connect(menu_, &MainMenu::Chosen, this, &MainWindow::Command);
+  connect(menu_, &MainMenu::RecentChosen, this, &MainWindow::OpenRecent);
+  connect(picture1_, &SizeStepper::Previous, this, [this] { Picture1_Step(-1); });
+  connect(picture1_, &SizeStepper::Next, this, [this] { Picture1_Step(1); });
+  connect(diagram_, &CamDiagram::LabCam_Click, this, &MainWindow::LabCam_Click);
+  connect(diagram_, &CamDiagram::LabCam_DblClick, this, &MainWindow::LabCam_DblClick);
+  connect(diagram_, &CamDiagram::LDefC_DblClick, sizes_, &SizeCommands::LDefC_DblClick);
+  connect(sizes_, &SizeCommands::Shown, this, &MainWindow::ShowSizeCam);
+  connect(sizes_, &SizeCommands::Described, this, [this](int cam) {
+    diagram_->ShowDescription(cam, instance_.Program.CamText(cam));
+    status_->Show();
+  });
+  connect(sizes_, &SizeCommands::Hidden, status_, &StatusLine::Show);
+  connect(diagram_, &CamDiagram::Pressed, entry_, &PhaseEntry::LeaveForCommand);
+  connect(diagram_, &CamDiagram::DegreeUnderPointer, status_, &StatusLine::ShowDegree);
+  connect(entry_, &PhaseEntry::Committed, this, [this] {
+    menu_->Item(QStringLiteral("o_Undo"))->setEnabled(true);
+    ShowSizeCam();
+  });
+  connect(entry_, &PhaseEntry::SelectionMoved, this, &MainWindow::ShowSizeCam);
+  connect(files_, &FileCommands::ProgramReplaced, this, &MainWindow::ProgramReplaced);
+  connect(files_, &FileCommands::Saved, status_, &StatusLine::TakeAsSaved);
+  connect(files_, &FileCommands::TitleChanged, this, &MainWindow::ShowTitle);
+  connect(files_, &FileCommands::RecentChanged, menu_, &MainMenu::ShowRecent);
+  connect(lines_, &LineCommands::Began, status_, &StatusLine::WatchPort);
+  connect(lines_, &LineCommands::Ended, this, &MainWindow::ExchangeEnded);
+  connect(lines_, &LineCommands::PortChosen, status_, &StatusLine::LookAtPort);
+  const auto note = [this](const QString& text) { statusBar()->showMessage(text, 5000); };
+  connect(files_, &FileCommands::Note, statusBar(), note);
+  connect(lines_, &LineCommands::Note, statusBar(), note);
+}
+
+/// Where each menu entry and toolbar button is answered.
+void MainWindow::BuildHandlers() {
+  handlers_ = {
+      {QStringLiteral("f_newp"), [this] { files_->f_newp_Click(); }},
+      {QStringLiteral("f_New"), [this] { files_->f_newp_Click(); }},
+      {QStringLiteral("f_open"), [this] { files_->f_Open(); }},
+      {QStringLiteral("f_S"), [this] { files_->f_S(); }},
+      {QStringLiteral("f_save"), [this] { files_->f_Save(); }},
+      {QStringLiteral("f_SelPr"), [this] { SelectPrinter(instance_, this); }},
+      {QStringLiteral("Pr_size"), [this] { PrnSize(instance_, this).exec(); }},
+      {QStringLiteral("F_quit"), [this] { close(); }},
+      {QStringLiteral("s_sel"), [this] { sizes_->s_sel_Click(); }},
+      {QStringLiteral("O_Copy"), [this] { sizes_->O_Copy_Click(); }},
+      {QStringLiteral("s_Clr"), [this] { sizes_->s_Clr_Click(); }},
+      {QStringLiteral("S_Imp"), [this] { sizes_->S_Imp_Click(); }},
+      {QStringLiteral("O_CopyC"), [this] { sizes_->O_CopyC_Click(); }},
+      {QStringLiteral("o_Shc"), [this] { sizes_->o_Shc_Click(); }},
+      {QStringLiteral("O_ClC"), [this] { sizes_->O_ClC_Click(); }},
+      {QStringLiteral("o_MODC"), [this] { o_MODC_Click(); }},
+      {QStringLiteral("o_Undo"), [this] { o_Undo_Click(); }},
+      {QStringLiteral("Fu_Set"),
+       [this] { Select(FuncSel(instance_, handlers_.value(QStringLiteral("o_Ant")), this)); }},
+      {QStringLiteral("Al_Msg"), [this] { Al_Msg_Click(); }},
+      {QStringLiteral("Tr_Siz"), [this] { lines_->Tr_Siz_Click(); }},
+      {QStringLiteral("Rc_Siz"), [this] { lines_->Rc_Siz_Click(); }},
+      {QStringLiteral("Msg_Trans"), [this] { lines_->Msg_Trans_Click(); }},
+      {QStringLiteral("Msg_Rec"), [this] { lines_->Msg_Rec_Click(); }},
+      {QStringLiteral("Upd_Flash"), [this] { lines_->Upd_Flash_Click(); }},
+      {QStringLiteral("setcom"), [this] { lines_->setcom_Click(); }},
+      {QStringLiteral("o_Setlng"), [this] { SelectLanguage(); }},
+      {QStringLiteral("O_Rot"),
+       [this] { Select(BNKRTN(instance_.Program, instance_.Texts, this)); }},
+      {QStringLiteral("o_Ant"),
+       [this] {
+         // Also opened by a button of the functions window.
+         QWidget* window = QApplication::activeModalWidget();
+         CalcAnt(instance_.Program, instance_.Texts, window != nullptr ? window : this).exec();
+       }},
+      {QStringLiteral("info"), [this] { About(instance_.Texts, instance_.Ask, this).exec(); }},
+  };
+}
+
+void MainWindow::Command(const QString& item) {
+  if (comm_.Busy) return;
+  entry_->LeaveForCommand();
+  if (const auto handler = handlers_.constFind(item); handler != handlers_.constEnd()) (*handler)();
+}
+
+/// A recent file, or one that was dropped.
+void MainWindow::OpenRecent(const QString& path) {
+  if (comm_.Busy) return;
+  entry_->LeaveForCommand();
+  files_->F_Mnu_oldF_Click(path);
+}
+
+bool MainWindow::Form_Load(const QString& startFile) {
+  CamProgram& program = instance_.Program;
+  program.SelectSize(1);
+  entry_->HideBoxes();
+  program.IsSaved = true;
+  files_->SetRecent(options_.ReadOptions());
+  if (!LoadTexts()) return false;
+  program.SetLimits(22, 32, 255);
+  program.SelectCam(1);
+  program.SelectSize(1);
+  if (!lines_->IdentifyAtStart()) return false;
+  status_->LookAtPort();
+  program.DimensionModel();
+  program.IsSaved = true;
+  instance_.Dialog.InitDir = instance_.Folder.Path();
+  ProgramReplaced();
+  if (!startFile.isEmpty()) files_->OpenAtStart(startFile);
+  return true;
+}
+
+/// Reads the script and puts its texts where they stay on the screen.
+bool MainWindow::LoadTexts() {
+  if (!ReadScript(instance_.Texts, instance_.Folder, instance_.Settings, instance_.Ask)) {
+    return false;
+  }
+  for (const Tip& tip : tips) {
+    auto* button = toolbar_->findChild<QToolButton*>(QString::fromLatin1(tip.button));
+    const QString& text = instance_.Text(tip.text);
+    button->setToolTip(PlainTip(text));
+    button->setAccessibleName(text);
+  }
+  picture1_->setAccessibleName(instance_.Text(TextNumber::SizeWord));
+  return true;
+}
+
+void MainWindow::ProgramReplaced() {
+  menu_->Item(QStringLiteral("o_Undo"))->setEnabled(false);
+  ShowSizeCam();
+  entry_->StartAnew();
+  status_->TakeAsSaved();
+}
+
+/// A received program is drawn anew as a loaded one is, but is not in any file.
+void MainWindow::ExchangeEnded(bool received) {
+  if (received) menu_->Item(QStringLiteral("o_Undo"))->setEnabled(false);
+  ShowSizeCam();
+  if (received) entry_->StartAnew();
+  status_->PortAtRest();
+}
+
+void MainWindow::ShowSizeCam() {
+  const CamProgram& program = instance_.Program;
+  sizeCam_->setText(
+      instance_.Text(TextNumber::SizeWord).left(1) + ZeroFilled(program.CurrentSize(), 2) + u' ' +
+      instance_.Text(TextNumber::CamWord).left(1) + ZeroFilled(program.CurrentCam() + 1, 2));
+  diagram_->ShowRows(program.NumCams());
+  for (int cam = 0; cam < program.NumCams(); ++cam) RefreshCam(cam);
+  status_->Show();
+}
+
+void MainWindow::RefreshCam(int cam) {
+  const CamProgram& program = instance_.Program;
+  const PhaseList phases = PhaseList::Of(program.CamMap(program.CurrentSize(), cam));
+  const bool selected = cam == program.CurrentCam();
+  diagram_->ShowCam(cam, phases.runs, selected, program.CamText(cam));
+  if (selected) entry_->ShowPhases(phases);
+}
+
+void MainWindow::LabCam_Click(int cam) {
+  entry_->LeaveForCommand();
+  if (cam < 0 || cam >= instance_.Program.NumCams()) {
+    instance_.Ask.MsgBox(instance_.Text(TextNumber::CamNotAvailable), Buttons::Ok, Icon::Critical);
+    return;
+  }
+  instance_.Program.SelectCam(cam);
+  ShowSizeCam();
+}
+
+void MainWindow::LabCam_DblClick(int cam) {
+  entry_->LeaveForCommand();
+  if (cam == instance_.Program.CurrentCam()) entry_->Open();
+}
+
+void MainWindow::Al_Msg_Click() {
+  const MessageLink link{[this](const QString& file) { return lines_->TransmitMessages(file); },
+                         [this](const QString& file) { return lines_->ReceiveMessages(file); }};
+  AlMsg(instance_, link, this).exec();
+}
+
+void MainWindow::o_MODC_Click() {
+  LabCam_DblClick(instance_.Program.CurrentCam());
+}
+
+void MainWindow::o_Undo_Click() {
+  instance_.Program.RestoreUndoRow();
+  menu_->Item(QStringLiteral("o_Undo"))->setEnabled(false);
+  ShowSizeCam();
+}
+
+/// Shows a window in which the operator may select another size or cam, and then the new selection.
+/// Where there is none the diagram stays as it is: an erased size shows with the next refresh.
+void MainWindow::Select(QDialog&& window) {
+  const CamProgram& program = instance_.Program;
+  const auto selection = [&program] {
+    return std::pair(program.CurrentSize(), program.CurrentCam());
+  };
+  const auto before = selection();
+  window.exec();
+  if (selection() != before) {
+    ShowSizeCam();
+  } else {
+    status_->Show();
+  }
+}
+
+void MainWindow::Picture1_Step(int step) {
+  entry_->LeaveForCommand();
+  CamProgram& program = instance_.Program;
+  const int size = program.CurrentSize() + step;
+  if (size < 1 || size > program.NumSizes()) return;
+  program.SelectSize(size);
+  ShowSizeCam();
+}
+
+bool MainWindow::KeyDown(int key) {
+  const int last = instance_.Program.NumCams() - 1;
+  const auto select = [this](auto cam) {
+    entry_->LeaveForCommand();  // may itself have stepped to another cam
+    LabCam_Click(cam(instance_.Program.CurrentCam()));
+    return true;
+  };
+  switch (key) {
+    case Qt::Key_PageUp:
+      return select([last](int cam) { return cam > 0 ? cam - 1 : last; });
+    case Qt::Key_PageDown:
+      return select([last](int cam) { return cam < last ? cam + 1 : 0; });
+    case Qt::Key_End:
+      return select([last](int) { return last; });
+    case Qt::Key_Home:
+      return select([](int) { return 0; });
+    default:
+      return false;
+  }
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) return false;
+  if (Blocked()) return false;
+  if (static_cast<QWidget*>(watched)->window() != this) return false;
+  const auto* key = static_cast<QKeyEvent*>(event);
+  if ((key->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return false;
+  return KeyDown(key->key());
+}
+
+void MainWindow::SelectLanguage() {
+  clsCommonDialog& dialog = instance_.Dialog;
+  dialog.DialogTitle = QStringLiteral("SELECT LANGUAGE");
+  dialog.Filter = QStringLiteral("File Script Lang. (*.Scr)|*.scr|All Files (*.*)|*.*");
+  dialog.Flags = 0;
+  dialog.FileName.clear();
+  const QString start = std::exchange(dialog.InitDir, instance_.Folder.Path());
+  dialog.ShowOpen(this);
+  dialog.InitDir = start;
+  if (dialog.FileTitle().isEmpty()) return;
+  // The options file could not hold a name with a quote or a line break in it.
+  const bool keepable = !dialog.FileName.contains(u'"') && !dialog.FileName.contains(u'\n');
+  if (!keepable || !MessageTable().Read(dialog.FileName)) {
+    instance_.Ask.MsgBox(QStringLiteral("FILE ERROR"), Buttons::Ok, Icon::Critical);
+    return;
+  }
+  instance_.Settings.ScriptFile = dialog.FileName;
+  const QString reason = options_.WriteOptions();
+  if (reason.isEmpty()) {
+    files_->SetRecent(options_.ReadOptions());
+  } else {  // the choice holds for this run
+    ReportWrite(QString::fromLatin1(WorkingFolder::OptionsName), reason);
+  }
+  if (!LoadTexts()) {
+    QCoreApplication::exit(1);
+    return;
+  }
+  ShowSizeCam();
+  Form_Activate();
+  lines_->TryPort();
+  status_->LookAtPort();
+}
+
+void MainWindow::ReportWrite(const QString& name, const QString& reason) {
+  instance_.Ask.MsgBox(instance_.Text(TextNumber::CannotWrite) + u'\n' + name + u'\n' + reason,
+                       Buttons::Ok, Icon::Critical);
+}
+
+void MainWindow::Form_Activate() {
+  if (factor_ == 0) {
+    if (width() > designWidth) factor_ = static_cast<double>(width()) / designWidth;
+    Rescale(factor_ > 0 ? factor_ : 1);
+  }
+  diagram_->SetScale();
+  const CamProgram& program = instance_.Program;
+  ShowTitle(QStringLiteral("NIRA-KPL ") + instance_.Text(TextNumber::ProgramName) +
+            QStringLiteral(" QX") + QString::number(program.NumCams()) + u'-' +
+            ZeroFilled(program.NumSizes(), 2) + QStringLiteral("F  ") +
+            QString::number(program.NumMessages()) + QStringLiteral("-Msg  ") + FileTitle());
+  diagram_->ShowRows(program.NumCams());
+}
+
+void MainWindow::ShowTitle(const QString& title) {
+  QString shown = title;
+  shown.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));  // no placeholder of Qt's
+  setWindowTitle(shown);
+}
+
+QString MainWindow::FileTitle() const {
+  return QFileInfo(instance_.Settings.CurrentFile).fileName();
+}
+
+/// Fonts and fixed sizes for a scale factor. The design sizes are halves of what a window of twice
+/// the design width shows, in the type size of the desktop.
+void MainWindow::Rescale(double factor) {
+  const double base = QFontInfo(QApplication::font()).pixelSize() / 2.0;
+  const auto scaled = [factor](double design) { return std::max(1, qRound(design * factor)); };
+  const auto pixels = [&](double part) { return std::max(6, scaled(base * part)); };
+  // Few sizes: each one more costs the start a font engine.
+  const int text = pixels(1.04);
+  const int large = pixels(2.2);
+  QFont label = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  label.setPixelSize(large);
+  sizeCam_->setFont(label);
+  toolbar_->setIconSize({scaled(12), scaled(12)});
+  for (QToolButton* button : toolbar_->findChildren<QToolButton*>()) {
+    button->setIconSize(toolbar_->iconSize());
+  }
+  picture1_->Rescale({scaled(36), scaled(15)});
+  diagram_->Rescale(text, pixels(0.92));
+  entry_->Rescale(pixels(1.2), large, scaled(106));
+}
+
+void MainWindow::FitToScreen() {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  const QRect room = screen->availableGeometry();
+  constexpr QSize frame(8, 40);  // what borders and title bar take, on the generous side
+  resize(largestStart.boundedTo(room.size() - frame));
+  const QSize left = room.size() - size() - frame;
+  move(room.topLeft() + QPoint(left.width() / 2, left.height() / 2));
+}
+
+void MainWindow::ShowPictures() {
+  setWindowIcon(ThemedIcon(QStringLiteral("nira-kpl"), palette()));
+  for (QToolButton* button : toolbar_->findChildren<QToolButton*>()) {
+    const QString picture = button->property("picture").toString();
+    if (!picture.isEmpty()) button->setIcon(ThemedIcon(picture, palette()));
+  }
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+    Form_Activate();
+    status_->LookAtPort();
+  }
+  if (event->type() == QEvent::PaletteChange) ShowPictures();
+}
+
+void MainWindow::showEvent(QShowEvent* event) {
+  QMainWindow::showEvent(event);
+  Form_Activate();  // before the first picture, so that it comes in its final size
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  bool cancel = comm_.Busy;
+  if (!cancel) Form_QueryUnload(cancel);
+  event->setAccepted(!cancel);
+  if (!cancel) Form_Unload();
+}
+
+void MainWindow::Form_QueryUnload(bool& cancel) {
+  entry_->LeaveForCommand();
+  const QString reason = options_.WriteOptions();
+  if (!reason.isEmpty()) ReportWrite(QString::fromLatin1(WorkingFolder::OptionsName), reason);
+  if (instance_.Program.IsSaved) return;
+  switch (instance_.Ask.MsgBox(instance_.Text(TextNumber::NotSaved), Buttons::YesNoCancel,
+                               Icon::Exclamation)) {
+    case Answer::Yes:
+      cancel = !files_->f_S();
+      break;
+    case Answer::No:
+      break;
+    default:
+      cancel = true;
+  }
+}
+
+/// The program ends with its last window.
+void MainWindow::Form_Unload() {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window != this) window->close();
+  }
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (event->mimeData()->hasUrls() && !Blocked()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  const QString path = FirstLocalFile(event->mimeData());
+  if (path.isEmpty() || Blocked()) return;
+  event->acceptProposedAction();
+  // After the drop: questions must not keep the program waiting from which the file came.
+  QMetaObject::invokeMethod(
+      this, [this, path] { OpenRecent(path); }, Qt::QueuedConnection);
+}
+
+}  // namespace nira

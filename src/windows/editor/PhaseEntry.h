@@ -1,0 +1,94 @@
+#pragma once
+
+#include "controls/DegreeBox.h"
+#include "controls/Instance.h"
+#include "model/PhaseList.h"
+
+#include <QLabel>
+#include <QListWidget>
+#include <QWidget>
+
+#include <utility>
+
+namespace nira {
+
+/// The panel beside the diagram: the phases of the selected cam, their count, and the two boxes in
+/// which a phase is typed. A phase goes into the program when the OFF box loses the focus.
+class PhaseEntry : public QWidget {
+  Q_OBJECT
+
+ public:
+  PhaseEntry(Instance& instance, QWidget* parent);
+
+  /// Fills list and count; the list's heading text is read anew.
+  void ShowPhases(const PhaseList& phases);
+
+  /// Opens phase entry with the first phase of the list: boxes shown, ON box focused.
+  void Open();
+  void HideBoxes();
+
+  /// Another program is in memory and shown: no pair of the old one may be entered into it.
+  void StartAnew();
+
+  /// Takes the focus from the OFF box before a command. What was typed is committed to the cam it
+  /// was typed for; boxes left as they were loaded commit nothing.
+  void LeaveForCommand();
+
+  /// Sizes for a scale factor of the window: fonts and the fixed width.
+  void Rescale(int dataPixels, int entryPixels, int width);
+
+  QListWidget* Fase() const { return fase_; }
+
+  void Fase_Click();
+  void Fase_DblClick();
+
+ Q_SIGNALS:
+  /// A phase was committed; the row as it was before is in the program's undo row.
+  void Committed();
+  /// The selected cam is not the one that is drawn.
+  void SelectionMoved();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  enum class Box { None, On, Off };
+
+  void BuildControls();
+  void BuildLayout();
+  void ShowBoxes();
+  void LoadFirstLine();
+  void LoadFromLine(const QString& line);
+  std::pair<int, int> Selected() const;
+  void Load(const QString& on, const QString& off);
+  void Gained(Box box);
+  void Lost(Qt::FocusReason reason);
+  void Leave();
+
+  void GRADION_GotFocus();
+  void GRADIOFF_GotFocus();
+  bool GRADION_KeyPress(char16_t& code);
+  bool GRADIOFF_KeyPress(char16_t& code);
+  void GRADION_LostFocus();
+  void GRADIOFF_LostFocus();
+  void StepCam(char16_t code);
+
+  Instance& instance_;
+  QLabel* lfOnOf_;
+  QListWidget* fase_;
+  QLabel* tFasi_;
+  QLabel* totFasi_;
+  QLabel* lGrad_;
+  DegreeBox* gradiOn_;
+  DegreeBox* gradiOff_;
+
+  QString OnText;
+  QString OffText;
+  bool OnTyped = false;
+
+  Box entered_ = Box::None;    // the box that has the focus, menus and other programs aside
+  std::pair<int, int> shown_;  // size and cam of the list
+  bool edited_ = false;        // the operator changed a box since the program loaded them
+};
+
+}  // namespace nira

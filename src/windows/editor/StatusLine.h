@@ -1,0 +1,62 @@
+#pragma once
+
+#include "controls/Instance.h"
+#include "controls/SimulatedSign.h"
+#include "line/Comm.h"
+#include "line/PortNames.h"
+
+#include <QLabel>
+#include <QStatusBar>
+#include <QTimer>
+
+namespace nira {
+
+/// What no other control says: the port and whether a simulated programmer is behind it, the model,
+/// the degree under the pointer, and whether the program differs from what was last loaded or
+/// saved.
+class StatusLine : public QObject {
+  Q_OBJECT
+
+ public:
+  StatusLine(Instance& instance, Comm& comm, const PortNames& ports, QStatusBar* bar);
+
+  /// Writes everything anew.
+  void Show();
+
+  /// Looks up what stands behind the port and shows it.
+  void LookAtPort();
+
+  /// An exchange begins: the port's state is followed until `PortAtRest`.
+  void WatchPort();
+
+  /// The exchange is over.
+  void PortAtRest();
+
+  /// The program in memory is the one on file, or a new one.
+  void TakeAsSaved();
+
+  /// Degree 0..359, -1 for none.
+  void ShowDegree(int degree);
+
+ private:
+  QLabel* Add(const char* name, bool right);
+  SimulatedSign* AddSign();
+  void ShowPort();
+  QString PortText(const QString& settings, const QString& state) const;
+  QString ClosedState() const;
+
+  Instance& instance_;
+  Comm& comm_;
+  const PortNames& ports_;
+  QStatusBar* bar_;
+  QLabel* port_;
+  QLabel* model_;
+  SimulatedSign* simulated_;  // stands where a passing note does not cover it
+  QLabel* degree_;
+  QLabel* changed_;
+  QTimer watch_;
+  QString device_;
+  std::uint64_t savedRevision_ = 0;
+};
+
+}  // namespace nira

@@ -1,0 +1,314 @@
+#include "functions/BNKRTN.h"
+
+#include "controls/Digits.h"
+#include "ground/Text.h"
+#include "model/PhaseList.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QHideEvent>
+#include <QPointer>
+#include <QScreen>
+
+#include <utility>
+
+namespace nira {
+
+namespace {
+
+constexpr int DemoStart = 0;  // degree at which a run starts and every turn begins
+constexpr int fastest = 2000;
+constexpr std::chrono::nanoseconds shortestPass = std::chrono::microseconds(100);
+constexpr int speedInterval = 1000;  // ms
+constexpr int degreeInterval = 50;   // ms
+constexpr int lampColumns = 8;
+constexpr int widestPanel = 480;       // pixels
+constexpr double readingDigits = 2.6;  // times the desktop's text
+
+QLabel* DemoCaption(const QString& text) {
+  auto* label = new QLabel;
+  label->setTextFormat(Qt::PlainText);
+  label->setText(text);
+  return label;
+}
+
+QPushButton* DemoButton(const char* name, const char* caption) {
+  auto* button = new QPushButton(QString::fromLatin1(caption));
+  button->setObjectName(QString::fromLatin1(name));
+  button->setMinimumHeight(36);
+  return button;
+}
+
+/// `QCoreApplication::exit` ends a loop only when control comes back to it, which it does not while
+/// the demo turns; but a loop begun after it ends at once, and says so.
+bool ProgramEnds() {
+  QEventLoop probe;
+  QMetaObject::invokeMethod(&probe, &QEventLoop::quit, Qt::QueuedConnection);
+  return probe.exec(QEventLoop::ExcludeUserInputEvents) < 0;
+}
+
+}  // namespace
+
+BNKRTN::BNKRTN(CamProgram& program, const MessageTable& texts, QWidget* parent, DemoClock* clock)
+    : QDialog(parent),
+      program_(program),
+      texts_(texts),
+      clock_(clock != nullptr ? *clock : systemClock_) {
+  setObjectName(QStringLiteral("BNKRTN"));
+  setWindowTitle(QStringLiteral("PROVA FORMATO"));
+  setWindowFlag(Qt::WindowMaximizeButtonHint);
+  BuildControls();
+  BuildLayout();
+  connect(vScrForm_, &QScrollBar::valueChanged, this, &BNKRTN::VScrForm_Change);
+  connect(strt_, &QPushButton::clicked, this, &BNKRTN::Strt_Click);
+  connect(stp_, &QPushButton::clicked, this, &BNKRTN::Stp_Click);
+  connect(command1_, &QPushButton::clicked, this, &QDialog::close);
+  connect(timer1_, &QTimer::timeout, this, &BNKRTN::Timer1_Timer);
+  connect(timer2_, &QTimer::timeout, this, &BNKRTN::Timer2_Timer);
+  Form_Load();
+}
+
+void BNKRTN::BuildControls() {
+  circle_ = new DegreeCircle;
+  circle_->setObjectName(QStringLiteral("Circle"));
+  vScrForm_ = new FocusScrollBar("VScrForm", Qt::Vertical);
+  scrolVel_ = new FocusScrollBar("ScrolVel", Qt::Horizontal);
+  lnFor_ = NumberLabel("LNFor", 2 * readingDigits, QStringLiteral("00"));
+  vgradi_ = NumberLabel("Vgradi", readingDigits, QStringLiteral("000"));
+  lVeloc_ = NumberLabel("lVeloc", readingDigits, QStringLiteral("0000.00"));
+  lVeloc_->setText(QStringLiteral("00.00"));
+  strt_ = DemoButton("Strt", "&START");
+  strt_->setDefault(true);
+  stp_ = DemoButton("Stp", "S&TOP");
+  command1_ = DemoButton("Command1", "&Close");
+  timer1_ = new QTimer(this);
+  timer1_->setObjectName(QStringLiteral("Timer1"));
+  timer1_->setInterval(speedInterval);
+  timer2_ = new QTimer(this);
+  timer2_->setObjectName(QStringLiteral("Timer2"));
+  timer2_->setInterval(degreeInterval);
+}
+
+QVBoxLayout* BNKRTN::BuildSizeChoice() {
+  auto* caption = DemoCaption(QStringLiteral("SELEZIONE FORMATO"));
+  vScrForm_->setAccessibleName(caption->text());
+  auto* row = new QHBoxLayout;
+  row->setSpacing(16);
+  row->addWidget(vScrForm_);
+  row->addWidget(lnFor_, 0, Qt::AlignVCenter);
+  row->addStretch();
+  auto* column = new QVBoxLayout;
+  column->setSpacing(8);
+  column->addWidget(caption);
+  column->addLayout(row, 1);
+  return column;
+}
+
+QVBoxLayout* BNKRTN::BuildReadings() {
+  auto* column = new QVBoxLayout;
+  column->setSpacing(0);
+  column->addWidget(DemoCaption(QStringLiteral("GRADI")), 0, Qt::AlignRight);
+  column->addWidget(vgradi_, 0, Qt::AlignRight);
+  column->addStretch();
+  column->addWidget(DemoCaption(QStringLiteral("VELOCITA'  GIRI/MIN")), 0, Qt::AlignRight);
+  column->addWidget(lVeloc_, 0, Qt::AlignRight);
+  return column;
+}
+
+QWidget* BNKRTN::BuildPanel() {
+  auto* top = new QHBoxLayout;
+  top->setSpacing(32);
+  top->addLayout(BuildSizeChoice(), 1);
+  top->addLayout(BuildReadings());
+  auto* speed = DemoCaption(texts_.Text(TextNumber::DemoSpeed));
+  scrolVel_->setAccessibleName(speed->text());
+  auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(8);
+  buttons->addWidget(strt_, 1);
+  buttons->addWidget(stp_, 1);
+  buttons->addSpacing(16);
+  buttons->addWidget(command1_, 1);
+  auto* widget = new QWidget;
+  widget->setMaximumWidth(widestPanel);
+  auto* panel = new QVBoxLayout(widget);
+  panel->setContentsMargins(0, 0, 0, 0);
+  panel->setSpacing(8);
+  panel->addStretch();
+  panel->addLayout(top);
+  panel->addSpacing(16);
+  panel->addWidget(speed);
+  panel->addWidget(scrolVel_);
+  panel->addSpacing(16);
+  panel->addLayout(buttons);
+  panel->addStretch();
+  return widget;
+}
+
+QGridLayout* BNKRTN::BuildLamps() {
+  auto* grid = new QGridLayout;
+  grid->setSpacing(8);
+  for (int cam = 0; cam < program_.NumCams(); ++cam) {
+    auto* lamp = new CamLamp(cam, program_.CamText(cam));
+    connect(lamp, &CamLamp::DblClick, this, [this, cam] { Label1_DblClick(cam); });
+    grid->addWidget(lamp, cam / lampColumns, cam % lampColumns);
+    label1_.push_back(lamp);
+  }
+  for (int column = 0; column < lampColumns; ++column) grid->setColumnStretch(column, 1);
+  return grid;
+}
+
+void BNKRTN::BuildLayout() {
+  auto* cycle = new QVBoxLayout;
+  cycle->setSpacing(0);
+  auto* caption = DemoCaption(texts_.Text(TextNumber::DemoCircle));
+  caption->setObjectName(QStringLiteral("CERCHIO"));
+  cycle->addWidget(caption, 0, Qt::AlignHCenter);
+  cycle->addWidget(circle_, 1);
+  auto* top = new QHBoxLayout;
+  top->setSpacing(32);
+  top->addStretch(1);
+  top->addLayout(cycle, 100);
+  top->addWidget(BuildPanel(), 100);
+  top->addStretch(1);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(12, 12, 12, 12);
+  layout->setSpacing(16);
+  const int rows = (program_.NumCams() + lampColumns - 1) / lampColumns;
+  layout->addLayout(top, 6);
+  layout->addLayout(BuildLamps(), rows);
+  setTabOrder(vScrForm_, scrolVel_);
+  setTabOrder(scrolVel_, strt_);
+  setTabOrder(strt_, stp_);
+  setTabOrder(stp_, command1_);
+  constexpr QSize frame(8, 40);  // what borders and title bar take, on the generous side
+  resize(QSize(1100, 860).boundedTo(screen()->availableSize() - frame));
+}
+
+void BNKRTN::Form_Load() {
+  scrolVel_->SetRange(1, fastest, 100);
+  scrolVel_->setValue(fastest);
+  vScrForm_->SetRange(1, program_.NumSizes(), 10);
+  vScrForm_->setValue(program_.CurrentSize());
+  VScrForm_Change();
+  Timer2_Timer();
+  timer2_->start();
+  ShowTurning(false);
+  strt_->setFocus();
+}
+
+void BNKRTN::VScrForm_Change() {
+  program_.SelectSize(vScrForm_->value());
+  lnFor_->setText(ZeroFilled(vScrForm_->value(), 2));
+}
+
+void BNKRTN::Strt_Click() {
+  if (turning_) return;
+  const QPointer<BNKRTN> self(this);
+  ShowTurning(true);
+  timer1_->start();
+  qApp->installEventFilter(this);
+  Turn();
+  if (!self) return;
+  qApp->removeEventFilter(this);
+  timer1_->stop();
+  ShowTurning(false);
+  if (std::exchange(closing_, false)) close();
+  if (std::exchange(quitting_, false)) {
+    QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+  }
+}
+
+/// The end of the whole program waits as well: it comes again when this window is gone.
+bool BNKRTN::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != qApp || event->type() != QEvent::Quit) return false;
+  reject();
+  quitting_ = true;
+  return true;
+}
+
+void BNKRTN::ShowTurning(bool turning) {
+  turning_ = turning;
+  // The focus follows the hand: from one button to the one that is needed next.
+  const bool onButton = strt_->hasFocus() || stp_->hasFocus();
+  (turning ? stp_ : strt_)->setEnabled(true);
+  if (onButton) (turning ? stp_ : strt_)->setFocus();
+  (turning ? strt_ : stp_)->setEnabled(false);
+}
+
+void BNKRTN::Turn() {
+  const QPointer<BNKRTN> self(this);
+  DemoStop = false;
+  DemoSteps = 0;
+  DemoAngle = DemoStart;
+  for (;;) {
+    if (DemoAngle >= CamProgram::Degrees) DemoAngle = DemoStart;
+    circle_->Point(DemoAngle);
+    ShowLamps();
+    if (!Wait()) return;
+    ++DemoSteps;
+    if (DemoStop || ProgramEnds() || !self) return;
+    ++DemoAngle;
+  }
+}
+
+/// One pass at the fastest setting, 2000 at the slowest. False when the window is gone.
+bool BNKRTN::Wait() {
+  for (int pass = 0; pass < scrolVel_->maximum() - scrolVel_->value() + 1; ++pass) {
+    if (!Pass()) return false;
+  }
+  return true;
+}
+
+bool BNKRTN::Pass() {
+  const QPointer<BNKRTN> self(this);
+  const auto start = clock_.Now();
+  clock_.Yield();
+  if (!self) return false;
+  clock_.PauseUntil(start + shortestPass);
+  return true;
+}
+
+void BNKRTN::ShowLamps() {
+  const auto degree = static_cast<std::size_t>(DemoAngle);
+  for (int cam = 0; cam < static_cast<int>(label1_.size()); ++cam) {
+    label1_[static_cast<std::size_t>(cam)]->Light(
+        program_.CamMap(program_.CurrentSize(), cam)[degree] == 1);
+  }
+}
+
+void BNKRTN::Stp_Click() {
+  DemoStop = true;
+}
+
+/// Degrees in a second, divided by 6, are revolutions in a minute.
+void BNKRTN::Timer1_Timer() {
+  lVeloc_->setText(QString::number(DemoSteps / 6.0, 'f', 2));
+  DemoSteps = 0;
+}
+
+void BNKRTN::Timer2_Timer() {
+  vgradi_->setText(ZeroFilled(DemoAngle, PhaseList::EntryWidth));
+}
+
+void BNKRTN::Label1_DblClick(int cam) {
+  program_.SelectCam(cam);
+  close();
+}
+
+void BNKRTN::done(int result) {
+  if (turning_) {
+    DemoStop = true;
+    closing_ = true;
+    return;
+  }
+  QDialog::done(result);
+}
+
+void BNKRTN::hideEvent(QHideEvent* event) {
+  QDialog::hideEvent(event);
+  if (!event->spontaneous()) DemoStop = true;  // however the window goes, the loop goes with it
+}
+
+}  // namespace nira

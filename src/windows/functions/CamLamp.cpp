@@ -1,0 +1,85 @@
+#include "functions/CamLamp.h"
+
+#include "controls/CamBar.h"
+#include "controls/PlainTip.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace nira {
+
+namespace {
+
+constexpr int leastLamp = 28;  // pixels
+constexpr int lampGap = 2;     // between the lamp and its description
+constexpr int textLines = 2;
+constexpr int largestText = 18;  // pixels
+constexpr QRgb lampOutline = 0xff9a9a9a;
+
+}  // namespace
+
+CamLamp::CamLamp(int cam, const QString& description)
+    : number_(QString::number(cam + 1)), description_(description) {
+  setObjectName(QStringLiteral("Label1_") + QString::number(cam));
+  setAccessibleName(QStringLiteral("C%1 ").arg(cam + 1) + description);
+  setToolTip(PlainTip(description));
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+QSize CamLamp::minimumSizeHint() const {
+  return {64, leastLamp + lampGap + textLines * fontMetrics().height()};
+}
+
+void CamLamp::Light(bool on) {
+  if (on == lit_) return;
+  lit_ = on;
+  update(LampPlace());
+}
+
+/// Grows with the place that the lamp has.
+QFont CamLamp::TextFont() const {
+  const int pixels = QFontInfo(font()).pixelSize();
+  QFont text = font();
+  text.setPixelSize(std::clamp(height() / 7, pixels, std::max(pixels, largestText)));
+  return text;
+}
+
+QRect CamLamp::LampPlace() const {
+  const int room = height() - lampGap - textLines * QFontMetrics(TextFont()).height();
+  const int side = std::max(1, std::min(width(), room));
+  return {(width() - side) / 2, 0, side, side};
+}
+
+void CamLamp::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  const QRect place = LampPlace();
+  if (event->region().intersects(place)) PaintLamp(painter, place);
+  const QRect below(0, place.bottom() + 1 + lampGap, width(), height());
+  if (!event->region().intersects(below)) return;
+  painter.setFont(TextFont());
+  painter.setPen(palette().color(QPalette::WindowText));
+  QTextOption option(Qt::AlignHCenter | Qt::AlignTop);
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  painter.drawText(QRectF(below), description_, option);
+}
+
+void CamLamp::PaintLamp(QPainter& painter, const QRect& place) const {
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(QColor::fromRgb(lampOutline), 2));
+  painter.setBrush(QColor::fromRgb(lit_ ? colours::lit : colours::text));
+  painter.drawEllipse(QRectF(place).adjusted(1, 1, -1, -1));
+  QFont number = font();
+  number.setPixelSize(std::max(8, place.height() * 2 / 5));
+  number.setBold(true);
+  painter.setFont(number);
+  painter.setPen(QColor::fromRgb(lit_ ? colours::text : colours::bar));
+  painter.drawText(place, Qt::AlignCenter, number_);
+}
+
+void CamLamp::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) Q_EMIT DblClick();
+}
+
+}  // namespace nira

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "controls/SimulatedSign.h"
+#include "line/Comm.h"
+#include "line/ProgressPicture.h"
+#include "line/TransferReport.h"
+
+#include <QDialog>
+#include <QLabel>
+
+namespace nira {
+
+/// The communication monitor: carries out one transfer, shows how far it is, and closes itself when
+/// the transfer has ended. There is no way to close it before.
+class Monit_Com : public QDialog, public TransferReport {
+  Q_OBJECT
+
+ public:
+  Monit_Com(Comm& comm, QWidget* parent);
+
+  /// Shows the window with `item` in `Label2` and runs the job of `JobCode` once, as soon as the
+  /// window is active. Returns how the job ended.
+  TransferEnd Run(const QString& item = {});
+
+  void Title(const QString& text) override;
+  void Label1(const QString& text) override;
+  void Label2(const QString& text) override;
+  void Progress(int percent) override;
+
+  void reject() override {}
+
+ protected:
+  void changeEvent(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void Form_Activate();
+  void RunJob();
+  void Write(QLabel* label, const QString& text);
+
+  Comm& comm_;
+  QLabel* label1_;
+  QLabel* label2_;
+  SimulatedSign* simulated_;
+  ProgressPicture* picture1_;
+  bool begun_ = false;
+  TransferEnd end_ = TransferEnd::Done;
+};
+
+}  // namespace nira

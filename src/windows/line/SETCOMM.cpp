@@ -1,0 +1,173 @@
+#include "line/SETCOMM.h"
+
+#include "controls/OkCancelRow.h"
+#include "controls/PlainTip.h"
+#include "files/OptionsFile.h"
+
+#include <QEvent>
+#include <QFontDatabase>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <array>
+
+namespace nira {
+
+namespace {
+
+struct Speed {
+  const char* name;
+  int baud;
+};
+constexpr std::array speeds = {Speed{"Baud3", 300},   Speed{"Baud6", 600},
+                               Speed{"Baud12", 1200}, Speed{"Baud24", 2400},
+                               Speed{"Baud96", 9600}, Speed{"Baud192", 19200}};
+
+constexpr int longestNote = 40;  // characters
+
+QGroupBox* Frame(const QString& title) {
+  auto* frame = new QGroupBox(title);
+  frame->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+  return frame;
+}
+
+}  // namespace
+
+SETCOMM::SETCOMM(Instance& instance, const PortNames& ports, QWidget* parent)
+    : QDialog(parent), instance_(instance), ports_(ports), settPort_(new QLabel) {
+  setObjectName(QStringLiteral("SETCOMM"));
+  setWindowTitle(instance.Text(TextNumber::SetComTitle));
+  settPort_->setObjectName(QStringLiteral("SettPort"));
+  settPort_->setTextFormat(Qt::PlainText);
+  QFont large = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  large.setPointSizeF(font().pointSizeF() * 1.6);
+  settPort_->setFont(large);
+
+  auto* frames = new QHBoxLayout;
+  frames->setSpacing(16);
+  frames->addWidget(BuildPorts(), 1);
+  frames->addWidget(BuildSpeeds());
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(12, 12, 12, 12);
+  layout->setSpacing(16);
+  layout->addWidget(settPort_);
+  layout->addLayout(frames, 1);
+  layout->addLayout(BuildButtons());
+  ShowSettPort();
+}
+
+QWidget* SETCOMM::BuildPorts() {
+  auto* frame = Frame(instance_.Text(TextNumber::SetComPort));
+  auto* rows = new QGridLayout(frame);
+  rows->setContentsMargins(16, 12, 16, 12);
+  rows->setHorizontalSpacing(16);
+  rows->setVerticalSpacing(8);
+  rows->setColumnStretch(2, 1);
+  rows->setColumnMinimumWidth(2, fontMetrics().averageCharWidth() * 24);
+  for (const PortInfo& port : ports_.Offered()) AddPort(rows, port);
+  rows->setRowStretch(PortNames::Ports, 1);
+  return frame;
+}
+
+/// A button of the array `OpCOM`: its index is the number of the port. Beside it what is there.
+void SETCOMM::AddPort(QGridLayout* rows, const PortInfo& port) {
+  const int number = port.Number;
+  auto* button = new QRadioButton(QStringLiteral("COM") + QString::number(number));
+  button->setObjectName(QStringLiteral("OpCOM_") + QString::number(number));
+  button->setChecked(number == instance_.Settings.PortNumber);
+  if (button->isChecked()) button->setFocus();
+  connect(button, &QRadioButton::clicked, this, [this, number] { OpCOM_Click(number); });
+  const QString note = Note(port);
+  button->setAccessibleDescription(port.Device + u' ' + note);
+  const int row = number - 1;
+  rows->addWidget(button, row, 0);
+  rows->addWidget(PortLabel(port.Device, port.Present, button), row, 1);
+  rows->addWidget(PortLabel(note, port.Present, button), row, 2);
+}
+
+/// Text beside a port; a click on it is one on its button.
+QLabel* SETCOMM::PortLabel(const QString& text, bool present, QRadioButton* port) {
+  auto* label =
+      new QLabel(text.size() > longestNote ? QString(text.left(longestNote) + u'…') : text);
+  label->setTextFormat(Qt::PlainText);
+  if (text.size() > longestNote) label->setToolTip(PlainTip(text));
+  label->setForegroundRole(present ? QPalette::WindowText : QPalette::PlaceholderText);
+  label->setBuddy(port);
+  label->installEventFilter(this);
+  return label;
+}
+
+/// What the machine says of a port, beyond its device.
+QString SETCOMM::Note(const PortInfo& port) const {
+  if (port.Simulated) return instance_.Text(TextNumber::StatusSimulated);
+  if (!port.Present) return instance_.Text(TextNumber::PortAbsent);
+  if (!port.Permitted) return instance_.Text(TextNumber::PortNotPermitted);
+  return port.Description;
+}
+
+bool SETCOMM::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::MouseButtonPress) return false;
+  auto* port = qobject_cast<QRadioButton*>(qobject_cast<QLabel*>(watched)->buddy());
+  port->setFocus(Qt::MouseFocusReason);
+  port->click();
+  return true;
+}
+
+QWidget* SETCOMM::BuildSpeeds() {
+  auto* frame = Frame(instance_.Text(TextNumber::SetComSpeed));
+  auto* column = new QVBoxLayout(frame);
+  column->setContentsMargins(16, 12, 16, 12);
+  column->setSpacing(8);
+  for (const Speed& speed : speeds) {
+    auto* button = new QRadioButton(QString::number(speed.baud));
+    button->setObjectName(QString::fromLatin1(speed.name));
+    button->setChecked(speed.baud == instance_.Settings.BaudRate);
+    connect(button, &QRadioButton::clicked, this, [this, &speed] { Baud_Click(speed.baud); });
+    column->addWidget(button);
+  }
+  column->addStretch();
+  return frame;
+}
+
+QLayout* SETCOMM::BuildButtons() {
+  const OkCancelRow row(this, "OKButton", "CancelButton",
+                        instance_.Text(TextNumber::CancelCaption));
+  connect(row.Ok, &QPushButton::clicked, this, &SETCOMM::OKButton_Click);
+  return row.Layout;
+}
+
+void SETCOMM::Baud_Click(int baud) {
+  instance_.Settings.BaudRate = baud;
+  ShowSettPort();
+}
+
+/// The flag of the last exchange says nothing about another port.
+void SETCOMM::OpCOM_Click(int number) {
+  Globals& settings = instance_.Settings;
+  if (settings.PortNumber != number) settings.PortErrorFlag = 0;
+  settings.PortNumber = number;
+  ShowSettPort();
+}
+
+/// "COM1:  9600": the port up to the colon, the speed in five places after a blank.
+void SETCOMM::ShowSettPort() {
+  const Globals& settings = instance_.Settings;
+  settPort_->setText(QStringLiteral("COM") + QString::number(settings.PortNumber) +
+                     QStringLiteral(": ") + QString::number(settings.BaudRate).rightJustified(5));
+}
+
+void SETCOMM::OKButton_Click() {
+  const QString reason =
+      OptionsFile(instance_.Folder, instance_.Settings, instance_.Ask, instance_.Writer)
+          .WriteOptions();
+  if (!reason.isEmpty()) {  // the choice holds for this run
+    instance_.Ask.MsgBox(instance_.Text(TextNumber::CannotWrite) + u'\n' +
+                             QString::fromLatin1(WorkingFolder::OptionsName) + u'\n' + reason,
+                         Buttons::Ok, Icon::Critical);
+  }
+  accept();
+}
+
+}  // namespace nira

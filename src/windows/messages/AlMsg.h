@@ -1,0 +1,82 @@
+#pragma once
+
+#include "controls/Instance.h"
+#include "messages/DisplayRow.h"
+#include "messages/MessageFile.h"
+#include "messages/MessageList.h"
+
+#include <QAction>
+#include <QDialog>
+#include <QKeySequence>
+#include <QMenu>
+#include <QPushButton>
+
+#include <functional>
+
+namespace nira {
+
+/// What moves alarm messages over the line. Each takes the path of a message file and returns false
+/// when nothing was moved; it has told the reason then. The button of one that is not given is
+/// disabled.
+struct MessageLink {
+  std::function<bool(const QString& file)> Transmit;  ///< sends the file's messages
+  std::function<bool(const QString& file)> Receive;   ///< fills the file
+};
+
+/// The alarm messages: their file, list, search and changing. The programmer's display shows the
+/// selected one.
+class AlMsg : public QDialog {
+  Q_OBJECT
+
+ public:
+  AlMsg(Instance& instance, MessageLink link, QWidget* parent);
+
+  /// Closes, in whatever way it was asked to, when the operator agrees to leave what is not saved.
+  void reject() override;
+
+ protected:
+  void changeEvent(QEvent* event) override;
+
+ private:
+  using Handler = void (AlMsg::*)();
+
+  QAction* AddEntry(QMenu* menu, const char* name, TextNumber caption, Handler handler,
+                    QKeySequence::StandardKey key = QKeySequence::UnknownKey);
+  QPushButton* MakeButton(const char* name, TextNumber caption, Handler handler);
+  QMenu* BuildMenu();
+  void BuildList();
+  QLayout* BuildButtons();
+  void BuildLayout();
+  void ShowPictures();
+  void ShowTitle();
+  void ShowFont();
+  void ShowSelected();
+  void ShowAll();
+
+  bool MayLoseMessages();
+  void PrepareDialog(const QString& title, int flags, const QString& preset);
+
+  void f_New_Click();
+  void f_Open_Click();
+  void f_Save_Click();
+  void SVA_Click();
+  void t_Searc_Click();
+  void S_num_Click();
+  void tMOD_Click();
+  void Pr_msg_Click();
+  void Pr_SEL_Click();
+  void SEL_FNT_Click();
+  void tEX_Click();
+  void Tr_M_Click();
+  void Rc_M_Click();
+
+  Instance& instance_;
+  MessageLink link_;
+  MessageFile file_;
+  MessageList* list_ = nullptr;  // LstAlr
+  QLabel* number_ = nullptr;
+  DisplayFrame* display_ = nullptr;
+  QLabel* state_ = nullptr;
+};
+
+}  // namespace nira
