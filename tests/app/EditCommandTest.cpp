@@ -1,5 +1,5 @@
-#include "app/CommandLine.h"
-#include "app/ProgramEdit.h"
+#include "CommandLine.h"
+#include "ProgramEdit.h"
 #include "support/CamFileFixture.h"
 #include "support/Rows.h"
 

@@ -1,4 +1,4 @@
-#include "app/Simulation.h"
+#include "Simulation.h"
 #include "support/CamFileFixture.h"
 
 #include <QFileInfo>

@@ -1,0 +1,68 @@
+#include "CamFileAccess.h"
+#include "Commands.h"
+#include "FirmwareCheck.h"
+#include "MessageCheck.h"
+#include "Printable.h"
+#include "ScriptCheck.h"
+
+#include <QFileInfo>
+
+namespace nira {
+
+namespace {
+
+bool CheckCamFile(const Console& console, const QString& file) {
+  CamProgram program;
+  bool cutOff = false;
+  if (const auto fault = ReadCamFile(console, file, {}, program, cutOff)) {
+    PrintFault(console.Out, file, *fault);
+    return false;
+  }
+  console.Out << Printable(file) << ": good: " << Summary(program);
+  if (cutOff) console.Out << "; " << WithoutEnd;
+  console.Out << '\n';
+  return true;
+}
+
+bool CheckScriptOf(const Console& console, const QString& file) {
+  const ScriptReport report = CheckScriptFile(file);
+  if (report.fault) {
+    PrintFault(console.Out, file, *report.fault);
+    return false;
+  }
+  console.Out << Printable(file) << ": good: " << Counted(report.lines, "line") << ", "
+              << Counted(report.texts, "text") << '\n';
+  return true;
+}
+
+bool CheckFile(const Console& console, const QString& file) {
+  const QString extension = QFileInfo(file).suffix().toLower();
+  if (extension == QStringLiteral("cam")) return CheckCamFile(console, file);
+  if (extension == QStringLiteral("scr")) return CheckScriptOf(console, file);
+  if (extension == QStringLiteral("msg")) return CheckMessages(console, file);
+  if (extension == QStringLiteral("abs")) return CheckFirmware(console, file);
+  PrintFault(console.Out, file,
+             {0, QStringLiteral("none of .cam, .scr, .msg and .abs by its name")});
+  return false;
+}
+
+int RunCheck(Console& console, const Arguments& arguments) {
+  bool good = true;
+  for (const QString& file : arguments.Words) {
+    good = CheckFile(console, file) && good;
+    console.Out.flush();
+  }
+  return good ? Console::Good : Console::Failed;
+}
+
+}  // namespace
+
+Command CheckCommand() {
+  return {.name = "check",
+          .synopsis = "FILE...",
+          .summary = "read each .cam, .scr, .msg or .abs file and name its first fault",
+          .most = Command::Any,
+          .run = RunCheck};
+}
+
+}  // namespace nira

@@ -1,0 +1,69 @@
+#include "LineProgress.h"
+
+#include "Printable.h"
+
+#include <QFile>
+
+#ifdef Q_OS_WIN
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace nira {
+
+namespace {
+
+constexpr int barWidth = 30;    ///< characters
+constexpr qsizetype rest = 38;  ///< of the item: the line stays below 80 characters
+constexpr int plainSteps = 10;  ///< percent between two lines where there is no terminal
+constexpr const char* clearToEnd = "\x1B[K";
+
+}  // namespace
+
+void LineProgress::Label1(const QString& text) {
+  Break();
+  lines_ << Printable(title_) << ": " << Printable(text) << Qt::endl;
+  item_.clear();
+  if (terminal_) Draw();
+}
+
+void LineProgress::Label2(const QString& text) {
+  item_ = Printable(text).left(rest);
+  if (terminal_) Draw();
+}
+
+void LineProgress::Progress(int percent) {
+  const bool step = percent / plainSteps > percent_ / plainSteps;
+  percent_ = percent;
+  if (terminal_) {
+    if (drawn_) Draw();
+  } else if (step) {
+    lines_ << QString::number(percent).rightJustified(3) << " %  " << item_ << Qt::endl;
+  }
+}
+
+void LineProgress::Draw() {
+  const int done = percent_ * barWidth / 100;
+  lines_ << '\r' << '[' << QString(done, u'#') << QString(barWidth - done, u'.') << "] "
+         << QString::number(percent_).rightJustified(3) << " %  " << item_ << clearToEnd
+         << Qt::flush;
+  drawn_ = true;
+}
+
+void LineProgress::Break() {
+  if (drawn_) lines_ << Qt::endl;
+  drawn_ = false;
+}
+
+bool IsTerminal(const QTextStream& stream) {
+  const auto* file = qobject_cast<const QFileDevice*>(stream.device());
+  if (file == nullptr) return false;
+#ifdef Q_OS_WIN
+  return ::_isatty(file->handle()) != 0;
+#else
+  return ::isatty(file->handle()) == 1;
+#endif
+}
+
+}  // namespace nira

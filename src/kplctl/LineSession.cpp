@@ -1,0 +1,175 @@
+#include "LineSession.h"
+
+#include "CamFileAccess.h"
+#include "Printable.h"
+#include "files/OptionsFile.h"
+#include "ground/SystemClock.h"
+#include "line/QtSerialControl.h"
+#include "line/SerialLink.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <array>
+
+namespace nira {
+
+namespace {
+
+constexpr int highestPort = 255;
+constexpr std::array speeds = {300, 600, 1200, 2400, 9600, 19200};
+
+/// The number in "3" or "COM3"; none when the text is the name of a device.
+std::optional<int> PortNumberOf(const QString& text) {
+  static const QRegularExpression numbered(QStringLiteral("^(?:com)?(\\d{1,9})$"),
+                                           QRegularExpression::CaseInsensitiveOption);
+  const QRegularExpressionMatch match = numbered.match(text);
+  return match.hasMatch() ? std::optional(match.captured(1).toInt()) : std::nullopt;
+}
+
+/// Two names of one file, which need not exist.
+bool SameFile(const QFileInfo& a, const QFileInfo& b) {
+  return a.absoluteFilePath() == b.absoluteFilePath() || (a.exists() && b.exists() && a == b);
+}
+
+}  // namespace
+
+QString LineFault(const Arguments& arguments) {
+  if (const auto port = PortNumberOf(arguments.Text("port"));
+      port && (*port < 1 || *port > highestPort)) {
+    return QStringLiteral("--port: ports are numbered from 1 to ") + QString::number(highestPort);
+  }
+  const auto baud = arguments.Number("baud");
+  if (baud && std::find(speeds.begin(), speeds.end(), *baud) == speeds.end()) {
+    return QStringLiteral("--baud %1: the speeds are 300, 600, 1200, 2400, 9600 and 19200")
+        .arg(*baud);
+  }
+  return {};
+}
+
+LineSession::LineSession(Console& console, const Arguments& arguments, const WorkingFolder& folder,
+                         PortNames& names, SerialControl& port, Clock& clock)
+    : console_(console),
+      arguments_(arguments),
+      trace_(clock),
+      progress_(console.Err, IsTerminal(console.Err)),
+      prompts_(console.Ask, progress_),
+      port_(port, clock, trace_, interrupt_),
+      comm_{port_, clock, Program, Settings, console.Texts, console.Writer, folder, prompts_} {
+  OptionsFile(folder, Settings, prompts_, console.Writer).ReadQuietly();
+  ChoosePort(names);
+  Settings.BaudRate = arguments.Number("baud").value_or(Settings.BaudRate);
+  port_.Opened = [this] { TellPort(); };
+}
+
+/// A device that stands behind a number is used by that number; another one is port 0.
+void LineSession::ChoosePort(PortNames& names) {
+  const QString text = arguments_.Text("port");
+  if (text.isEmpty()) return;
+  if (const auto number = PortNumberOf(text)) {
+    Settings.PortNumber = *number;
+    return;
+  }
+  names.NameDevice(text);
+  Settings.PortNumber = 0;
+  for (int number = PortNames::Ports; number > 0; --number) {
+    if (names.Device(number) == names.Device(0)) Settings.PortNumber = number;
+  }
+}
+
+void LineSession::TellPort() {
+  if (told_) return;
+  told_ = true;
+  if (Settings.PortNumber > 0) console_.Err << "COM" << Settings.PortNumber << ' ';
+  console_.Err << Printable(port_.DeviceName()) << ", " << Settings.BaudRate << " baud"
+               << (port_.IsSimulated() ? ", a simulated programmer" : "") << Qt::endl;
+}
+
+/// Begins the trace that was asked for; returns what is in the way. A file is replaced only after
+/// asking, and never one that the command itself works with.
+QString LineSession::BeginTrace() {
+  const QString path = arguments_.Text("trace");
+  if (path.isEmpty() || trace_.IsOpen()) return {};
+  const QFileInfo file(path);
+  const bool own =
+      std::any_of(arguments_.Words.begin(), arguments_.Words.end(),
+                  [&file](const QString& word) { return SameFile(file, QFileInfo(word)); });
+  const QString shown = QStringLiteral("trace ") + path + QStringLiteral(": ");
+  if (own) return QString(shown + QStringLiteral("that is the file of the command itself"));
+  if (file.isFile() && !MayReplace(console_, {}, path)) {
+    return QString(shown + QStringLiteral("not replaced"));
+  }
+  const QString reason = trace_.Open(path);
+  return reason.isEmpty() ? QString() : QString(shown + reason);
+}
+
+bool LineSession::EndTrace() {
+  const QString reason = trace_.Close();
+  if (reason.isEmpty()) return true;
+  console_.Err << "kplctl: trace " << Printable(arguments_.Text("trace"))
+               << ": cannot be written: " << Printable(reason) << Qt::endl;
+  return false;
+}
+
+std::optional<QString> LineSession::Run(const std::function<TransferEnd()>& exchange) {
+  const QString obstacle = BeginTrace();
+  if (!obstacle.isEmpty()) return obstacle;
+  std::optional<QString> reason = Closed(exchange);
+  progress_.Break();
+  return reason;
+}
+
+/// The exchange with the port closed behind it, however it ended.
+std::optional<QString> LineSession::Closed(const std::function<TransferEnd()>& exchange) {
+  try {
+    const TransferEnd end = exchange();
+    const bool closed = SerialLink(comm_).ClosePort();
+    if (end == TransferEnd::Done && closed) return std::nullopt;
+    return Reason(end == TransferEnd::Done ? TransferEnd::PortError : end);
+  } catch (const Interrupted&) {
+    progress_.Break();
+    SerialLink(comm_).ClosePort();
+    return QStringLiteral("interrupted");
+  }
+}
+
+QString LineSession::Reason(TransferEnd end) const {
+  switch (end) {
+    case TransferEnd::Done:
+      return {};
+    case TransferEnd::Busy:
+      return QStringLiteral("another exchange goes on");
+    case TransferEnd::PortError:
+      return Settings.PortErrorFlag == 1
+                 ? QStringLiteral(
+                       "the programmer does not hold the CTS line: it is switched off, "
+                       "or the cable lacks that wire")
+                 : QStringLiteral("the port failed");
+    case TransferEnd::NotIdentified:
+      return QStringLiteral("not a programmer that this program serves");
+    case TransferEnd::Cancelled:
+      return QStringLiteral("no answer, or a question was answered with Cancel (--yes answers OK)");
+    case TransferEnd::TimedOut:
+      return QStringLiteral("the programmer did not answer, or what it sent was damaged");
+    case TransferEnd::BadFile:
+      return QStringLiteral("a line of it is bad");
+    case TransferEnd::NoFile:
+      return QStringLiteral("nothing came, or a file cannot be read or written");
+  }
+  return {};
+}
+
+int OnLine(Console& console, const Arguments& arguments,
+           const std::function<int(LineSession&)>& work) {
+  const WorkingFolder folder(QDir::currentPath());
+  PortNames names(folder);
+  SystemClock clock;
+  QtSerialControl port(names, console.Texts, clock);
+  LineSession session(console, arguments, folder, names, port, clock);
+  const int status = work(session);
+  return session.EndTrace() ? status : Console::Failed;
+}
+
+}  // namespace nira

@@ -1,0 +1,132 @@
+#include "ProgramEdit.h"
+
+#include "ground/Text.h"
+#include "sizes/SizeOperations.h"
+
+namespace nira {
+
+Refusal ProgramEdit::Run(const std::vector<EditOperation>& operations) {
+  for (const EditOperation& operation : operations) {
+    Refusal reason = RangeFault(operation);
+    if (!reason) reason = (this->*operation.kind->run)(operation);
+    if (reason && reason->isEmpty()) reason = QStringLiteral("refused");  // no script, no text
+    if (reason) return operation.Named() + QStringLiteral(": ") + *reason;
+  }
+  return functions_.Settle();
+}
+
+/// Holds the sizes, cams and degrees of an operation against the program.
+Refusal ProgramEdit::RangeFault(const EditOperation& operation) const {
+  const auto& parameters = operation.kind->parameters;
+  for (std::size_t i = 0; i < parameters.size(); ++i) {
+    if (!parameters[i].IsNumber()) continue;
+    const std::int64_t number = operation.Wide(static_cast<qsizetype>(i));
+    if (auto reason = OutOfRange(parameters[i], number)) return reason;
+  }
+  return std::nullopt;
+}
+
+Refusal ProgramEdit::OutOfRange(const EditParameter& parameter, std::int64_t number) const {
+  const auto within = [number](int least, int most) { return number >= least && number <= most; };
+  const QString& text = texts_.Text(parameter.refusal);
+  switch (parameter.kind) {
+    case EditParameter::Kind::Size:
+      if (!within(parameter.least, program_.NumSizes())) return text;
+      break;
+    case EditParameter::Kind::Cam:
+      if (!within(1, program_.NumCams())) return text;
+      break;
+    case EditParameter::Kind::Degree:
+      if (!within(0, CamProgram::Degrees - 1)) return text + QStringLiteral("0-359");
+      break;
+    default:
+      break;
+  }
+  return std::nullopt;
+}
+
+Refusal ProgramEdit::SetPhase(const EditOperation& operation) {
+  program_.SetPhase(operation.Number(0), operation.Number(1) - 1, operation.Number(2),
+                    operation.Number(3));
+  return std::nullopt;
+}
+
+Refusal ProgramEdit::CopySize(const EditOperation& operation) {
+  nira::CopySize(program_, operation.Number(0), operation.Number(1));
+  return std::nullopt;
+}
+
+Refusal ProgramEdit::EraseSize(const EditOperation& operation) {
+  program_.ClearSize(operation.Number(0));
+  return std::nullopt;
+}
+
+Refusal ProgramEdit::ImportSize(const EditOperation& operation) {
+  const QString& path = operation.arguments.first();
+  const ImportResult result =
+      nira::ImportSize(program_, path, operation.Number(1), operation.Number(2));
+  const QString& bad = texts_.Text(TextNumber::BadFile);
+  switch (result.outcome) {
+    case ImportResult::Outcome::Imported:
+      break;
+    case ImportResult::Outcome::Unreadable:
+      return texts_.Text(TextNumber::CannotRead) + u' ' + path + QStringLiteral(": ") + result.text;
+    case ImportResult::Outcome::NoSize:
+      return QStringLiteral("File [") + path + u']' + bad;
+    case ImportResult::Outcome::Bad:
+      return QStringLiteral("line ") + QString::number(result.line) + QStringLiteral(": ") +
+             result.text + bad;
+  }
+  return std::nullopt;
+}
+
+Refusal ProgramEdit::CopyCam(const EditOperation& operation) {
+  nira::CopyCam(program_, operation.Number(0), operation.Number(1) - 1, operation.Number(2) - 1);
+  return std::nullopt;
+}
+
+Refusal ProgramEdit::ShiftCam(const EditOperation& operation) {
+  nira::ShiftCam(program_, operation.Number(0), operation.Number(1) - 1,
+                 ShiftOf(operation.arguments.at(2).toStdString()));
+  return std::nullopt;
+}
+
+Refusal ProgramEdit::EraseCam(const EditOperation& operation) {
+  nira::EraseCam(program_, operation.Number(0), operation.Number(1) - 1);
+  return std::nullopt;
+}
+
+Refusal ProgramEdit::Describe(const EditOperation& operation) {
+  const QString& text = operation.arguments.at(1);
+  if (text.size() > LongestDescription) return texts_.Text(TextNumber::DescriptionTooLong);
+  if (const QString character = UntypableCharacter(text); !character.isEmpty()) {
+    return texts_.Text(TextNumber::CharacterNotAllowed) + character;
+  }
+  program_.SetCamText(operation.Number(0) - 1, text);
+  return std::nullopt;
+}
+
+Refusal ProgramEdit::SetFunction(const EditOperation& operation) {
+  return functions_.Set(operation);
+}
+
+QStringList NotKept(const CamProgram& program, const CamProgram& readBack) {
+  QStringList lost;
+  for (int cam = 0; cam < program.NumCams(); ++cam) {
+    const QString named = QStringLiteral("cam ") + QString::number(cam + 1);
+    for (int size = 1; size <= program.NumSizes(); ++size) {
+      if (program.CamMap(size, cam) == readBack.CamMap(size, cam)) continue;
+      lost.append(QStringLiteral("size ") + QString::number(size) + QStringLiteral(", ") + named +
+                  QStringLiteral(": reading the file will erase the phase that begins one degree "
+                                 "behind the one across 359/0"));
+    }
+    if (!TrimLeft(program.CamText(cam)).isEmpty() && readBack.CamText(cam).isEmpty()) {
+      lost.append(
+          named +
+          QStringLiteral(": its description is not kept, because it has no phase in any size"));
+    }
+  }
+  return lost;
+}
+
+}  // namespace nira

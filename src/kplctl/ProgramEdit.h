@@ -1,0 +1,42 @@
+#pragma once
+
+#include "EditOperations.h"
+#include "FunctionEdits.h"
+#include "files/MessageTable.h"
+#include "model/CamProgram.h"
+
+namespace nira {
+
+/// Does the operations of `kplctl edit` to a program, each by what the menu does too.
+class ProgramEdit {
+ public:
+  ProgramEdit(CamProgram& program, const MessageTable& texts)
+      : program_(program), texts_(texts), functions_(program, texts) {}
+
+  /// Does all operations; stops at the first that is refused, and returns which and why.
+  Refusal Run(const std::vector<EditOperation>& operations);
+
+  Refusal SetPhase(const EditOperation& operation);
+  Refusal CopySize(const EditOperation& operation);
+  Refusal EraseSize(const EditOperation& operation);
+  Refusal ImportSize(const EditOperation& operation);
+  Refusal CopyCam(const EditOperation& operation);
+  Refusal ShiftCam(const EditOperation& operation);
+  Refusal EraseCam(const EditOperation& operation);
+  Refusal Describe(const EditOperation& operation);
+  Refusal SetFunction(const EditOperation& operation);
+
+ private:
+  Refusal RangeFault(const EditOperation& operation) const;
+  Refusal OutOfRange(const EditParameter& parameter, std::int64_t number) const;
+
+  CamProgram& program_;
+  const MessageTable& texts_;
+  FunctionEdits functions_;
+};
+
+/// What the cam file of the program will not hold, in words for the operator: phases that its
+/// reader erases, descriptions of cams without a phase.
+QStringList NotKept(const CamProgram& program, const CamProgram& readBack);
+
+}  // namespace nira

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "LineSession.h"
+
+namespace nira {
+
+// What `identify`, `send` and `receive` do once the line stands. Each returns the exit status.
+
+int IdentifyProgrammer(LineSession& session);
+int SendProgram(LineSession& session, const Arguments& arguments);
+int ReceiveProgram(LineSession& session, const Arguments& arguments);
+
+}  // namespace nira
