@@ -1,6 +1,6 @@
 #include "listing/Listing.h"
 
-#include "controls/ProgramTitle.h"
+#include "ground/ProgramTitle.h"
 #include "files/CamLines.h"
 #include "ground/Text.h"
 

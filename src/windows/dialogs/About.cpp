@@ -1,6 +1,6 @@
 #include "dialogs/About.h"
 
-#include "controls/ProgramTitle.h"
+#include "ground/ProgramTitle.h"
 #include "controls/ThemedIcon.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 #include "dialogs/QtPrompts.h"
 
 #include "controls/BusyPointer.h"
-#include "controls/ProgramTitle.h"
+#include "ground/ProgramTitle.h"
 
 #include <QApplication>
 #include <QInputDialog>

@@ -1,7 +1,7 @@
 #include "line/Monit_Com.h"
 
 #include "controls/BusyPointer.h"
-#include "controls/ProgramTitle.h"
+#include "ground/ProgramTitle.h"
 #include "line/TransferJobs.h"
 
 #include <QCloseEvent>
