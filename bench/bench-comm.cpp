@@ -119,7 +119,7 @@ class NoReport : public TransferReport {
 void LoadPress(CamProgram& program) {
   Globals globals;
   NoMessages prompts;
-  const MessageTable texts;
+  MessageTable texts;
   FileWriter writer;
   const LoadResult result =
       CamFile(program, globals, prompts, texts, writer).LoadCamFile(Sample("press.CAM"));
@@ -287,7 +287,7 @@ class FaultyRuns {
     prompts.Quiet = true;
     NoReport report;
     FileWriter writer;
-    const MessageTable texts;
+    MessageTable texts;
     Comm comm{serial, serial, *program, settings, texts, writer, working_, prompts};
     TransferEnd end = TransferJobs(comm, report).Run();
     if (end == TransferEnd::Done && !Sends()) end = SizeImport(comm).Import();

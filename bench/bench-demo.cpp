@@ -54,7 +54,7 @@ class MeasuringClock : public SystemDemoClock {
 
 void Measure(CamProgram& program, const QString& title, QSize size, double seconds) {
   QTextStream out(stdout);
-  const MessageTable texts;
+  MessageTable texts;
   MeasuringClock clock;
   BNKRTN demo(program, texts, nullptr, &clock);
   if (!size.isEmpty()) demo.resize(size);

@@ -77,7 +77,7 @@ void Measure(const QString& path, int sizes, int cams) {
   });
 
   NoPrompts prompts;
-  const MessageTable texts;
+  MessageTable texts;
   Globals globals;
   CamProgram loaded;
   loaded.SetLimits(sizes, cams, CamProgram::MaxMessages);

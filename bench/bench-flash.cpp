@@ -57,7 +57,7 @@ double Least() {
 void Transfer(const char* what, SerialControl& port, Clock& clock, const QString& folder) {
   CamProgram program;
   Globals settings;
-  const MessageTable texts;
+  MessageTable texts;
   FileWriter writer;
   const WorkingFolder working(folder);
   Watch watch(clock);
@@ -83,7 +83,7 @@ int main(int argc, char** argv) {
   programmer.start(QCoreApplication::applicationDirPath() + QStringLiteral("/kplctl"),
                    {QStringLiteral("simulate")});
   if (!programmer.waitForReadyRead()) Fail(QStringLiteral("kplctl simulate does not start"));
-  const MessageTable texts;
+  MessageTable texts;
   const WorkingFolder working(folder.path());
   const PortNames names(working);
   SystemClock clock;

@@ -4,6 +4,8 @@
 #include "controls/ProgramStyle.h"
 #include "dialogs/QtPrompts.h"
 #include "functions/FuncSel.h"
+#include "ground/SystemClock.h"
+#include "line/QtSerialControl.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -74,7 +76,10 @@ int main(int argc, char** argv) {
   QtPrompts prompts;
   clsCommonDialog dialog;
   const WorkingFolder folder(QStringLiteral("."));
-  Instance instance{program, settings, texts, writer, folder, prompts, dialog};
+  SystemClock clock;
+  const PortNames ports(folder);
+  QtSerialControl serial(ports, texts, clock);
+  Instance instance{{serial, clock, program, settings, texts, writer, folder, prompts}, dialog};
   FuncSel window(instance, nullptr, nullptr);
   window.show();
   QElapsedTimer settling;  // the window system places and activates the window

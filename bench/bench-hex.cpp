@@ -48,7 +48,7 @@ double WriteFile(const QString& path) {
 double TestPass(const QString& path, const QString& folder) {
   CamProgram program;
   Globals settings;
-  const MessageTable texts;
+  MessageTable texts;
   FileWriter writer;
   const WorkingFolder working(folder);
   const PortNames names(working);

@@ -30,7 +30,7 @@ double PeakMemory() {
 
 /// Prints how long `sizes` sizes of a program took as a PDF.
 void Measure(const CamProgram& program, int sizes, const QString& file) {
-  const MessageTable texts;
+  MessageTable texts;
   ListingOptions options;
   options.LastSize = sizes;
   const Listing listing(program, texts, QStringLiteral("bench.cam"), QDateTime(), options);

@@ -36,7 +36,7 @@ double Median(std::vector<double> values) {
 
 /// The program's state and main window, as its own `main` makes them, in a folder of the bench.
 struct Running {
-  explicit Running(const QString& path) : folder(path), window(instance, comm, ports) {
+  explicit Running(const QString& path) : folder(path), window(instance, ports) {
     serial.Holding = false;  // no programmer: the start goes on without a question
   }
 
@@ -47,10 +47,9 @@ struct Running {
   QtPrompts prompts;
   clsCommonDialog dialog;
   WorkingFolder folder;
-  Instance instance{program, settings, texts, writer, folder, prompts, dialog};
   ScriptedSerial serial;
   PortNames ports{folder};
-  Comm comm{serial, serial, program, settings, texts, writer, folder, prompts};
+  Instance instance{{serial, serial, program, settings, texts, writer, folder, prompts}, dialog};
   MainWindow window;
 };
 

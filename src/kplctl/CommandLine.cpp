@@ -146,7 +146,7 @@ MessageTable InstalledTexts() {
 
 int RunCommand(const CommandLine& line, QTextStream& out, QTextStream& err) {
   ConsolePrompts prompts(err, line.Given().Has("yes"));
-  const MessageTable texts = InstalledTexts();
+  MessageTable texts = InstalledTexts();
   FileWriter writer;
   Console console{prompts, texts, writer, out, err};
   return line.Chosen()->run(console, line.Given());

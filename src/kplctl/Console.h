@@ -16,7 +16,7 @@ struct Console {
   static constexpr int WrongUsage = 2;
 
   Prompts& Ask;
-  const MessageTable& Texts;
+  MessageTable& Texts;
   FileWriter& Writer;
   QTextStream& Out;
   QTextStream& Err;

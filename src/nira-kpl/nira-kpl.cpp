@@ -74,7 +74,10 @@ int main(int argc, char** argv) {
   FileWriter writer;
   QtPrompts prompts;
   clsCommonDialog dialog;
-  Instance instance{program, settings, texts, writer, folder, prompts, dialog};
+  SystemClock clock;
+  const PortNames ports(folder);
+  QtSerialControl serial(ports, texts, clock);
+  Instance instance{{serial, clock, program, settings, texts, writer, folder, prompts}, dialog};
 
   QLockFile lock(QDir(usersFolder).filePath(QStringLiteral("nira-kpl.lock")));
   lock.setStaleLockTime(0);  // held as long as its process lives, whatever the clock says
@@ -83,12 +86,7 @@ int main(int argc, char** argv) {
     return 1;
   }
 
-  SystemClock clock;
-  const PortNames ports(folder);
-  QtSerialControl serial(ports, texts, clock);
-  Comm comm{serial, clock, program, settings, texts, writer, folder, prompts};
-
-  MainWindow window(instance, comm, ports);
+  MainWindow window(instance, ports);
   if (!window.Form_Load(startFile)) return 1;
   window.show();
   return QApplication::exec();

@@ -102,14 +102,9 @@ void WhenOpens(const std::function<void(Widget*)>& act) {
 /// a programmer: CTS is not held.
 struct WindowFixture {
   explicit WindowFixture(SerialControl* port = nullptr, Clock* clock = nullptr)
-      : comm{port ? *port : serial,
-             clock ? *clock : serial,
-             program,
-             settings,
-             texts,
-             writer,
-             working,
-             prompts} {
+      : instance{{port ? *port : serial, clock ? *clock : serial, program, settings, texts, writer,
+                  working, prompts},
+                 dialog} {
     serial.Holding = false;
     const QDir scripts(QStringLiteral(NIRA_SOURCE_FOLDER "/lang"));
     for (const QString& name : scripts.entryList(QDir::Files)) {
@@ -144,7 +139,7 @@ struct WindowFixture {
 
   /// Loads the window without showing it.
   bool Load(const QString& startFile = {}) {
-    window.emplace(instance, comm, ports);
+    window.emplace(instance, ports);
     return window->Form_Load(startFile);
   }
 
@@ -298,10 +293,9 @@ struct WindowFixture {
   WorkingFolder working{temporary.path()};
   ScriptedPrompts prompts;
   ScriptedDialog dialog;
-  Instance instance{program, settings, texts, writer, working, prompts, dialog};
   ScriptedSerial serial;
   PortNames ports{working, QStringLiteral("/nodev")};
-  Comm comm;
+  Instance instance;
   std::optional<MainWindow> window;
   /// What the operator clicks in the choice of the model before OK.
   std::function<void(Carprg*)> chooseModel = [](Carprg*) {};

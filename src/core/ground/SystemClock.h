@@ -1,6 +1,6 @@
 #pragma once
 
-#include "line/SerialControl.h"
+#include "ground/Clock.h"
 
 namespace nira {
 

@@ -17,7 +17,7 @@ struct Comm {
   Clock& Time;
   CamProgram& Program;
   Globals& Settings;
-  const MessageTable& Texts;
+  MessageTable& Texts;
   FileWriter& Writer;
   const WorkingFolder& Folder;
   Prompts& Ask;

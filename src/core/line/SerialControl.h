@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ground/Clock.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -17,21 +19,6 @@ class SerialError : public std::runtime_error {
   int Number;
   QString Source = QStringLiteral("MsComm1");
   QString Description;  ///< what happened and what to do next
-};
-
-/// What goes on while a wait lasts.
-enum class Yield {
-  Painting,  ///< windows are painted and the desktop is answered; the operator's input waits
-  Events,    ///< everything
-};
-
-/// Milliseconds of a clock that never runs backwards, and pauses on it. Tests run on one that
-/// jumps.
-class Clock {
- public:
-  virtual ~Clock() = default;
-  virtual std::int64_t Now() const = 0;
-  virtual void Pause(int ms, Yield yield) = 0;
 };
 
 /// The serial control: one port of 8 data bits. Everything that fails raises `SerialError`; a port

@@ -1,7 +1,7 @@
 #include "listing/Listing.h"
 
-#include "ground/ProgramTitle.h"
 #include "files/CamLines.h"
+#include "ground/ProgramTitle.h"
 #include "ground/Text.h"
 
 #include <algorithm>

@@ -1,27 +1,14 @@
 #pragma once
 
 #include "dialogs/clsCommonDialog.h"
-#include "files/FileWriter.h"
-#include "files/MessageTable.h"
-#include "files/WorkingFolder.h"
-#include "ground/Prompts.h"
-#include "model/CamProgram.h"
-#include "model/Globals.h"
+#include "line/Comm.h"
 
 namespace nira {
 
-/// The one running instance: its state and what its windows work with. Made in `main`, handed down
-/// by reference; a test makes its own.
-struct Instance {
-  CamProgram& Program;
-  Globals& Settings;
-  MessageTable& Texts;
-  FileWriter& Writer;
-  const WorkingFolder& Folder;
-  Prompts& Ask;
+/// The one running instance: what every exchange works with, and what its windows need beside it.
+/// Made in `main`, handed down by reference; a test makes its own.
+struct Instance : Comm {
   clsCommonDialog& Dialog;
-
-  const QString& Text(TextNumber number) const { return Texts.Text(number); }
 };
 
 }  // namespace nira

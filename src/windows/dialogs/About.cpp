@@ -1,7 +1,7 @@
 #include "dialogs/About.h"
 
-#include "ground/ProgramTitle.h"
 #include "controls/ThemedIcon.h"
+#include "ground/ProgramTitle.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>

@@ -17,10 +17,9 @@ QString ForcedName(const QString& name) {
   return dot < 0 ? name + QStringLiteral(".CAM") : name.left(dot + 1) + QStringLiteral("CAM");
 }
 
-FileCommands::FileCommands(Instance& instance, Comm& comm, QWidget* window)
+FileCommands::FileCommands(Instance& instance, QWidget* window)
     : QObject(window),
       instance_(instance),
-      comm_(comm),
       window_(window),
       camFile_(instance.Program, instance.Settings, instance.Ask, instance.Texts, instance.Writer) {
 }
@@ -33,7 +32,7 @@ bool FileCommands::MayLoseWork() {
 
 void FileCommands::f_newp_Click() {
   if (!MayLoseWork()) return;
-  Carprg(comm_, window_).exec();
+  Carprg(instance_, window_).exec();
   f_New();
 }
 
@@ -160,7 +159,7 @@ bool FileCommands::MayReplace(const QString& chosen, const QString& forced) {
 }
 
 bool FileCommands::Save() {
-  SerialLink(comm_).ClosePort();
+  SerialLink(instance_).ClosePort();
   const QString reason = camFile_.SaveCamFile();
   const QString& current = instance_.Settings.CurrentFile;
   if (!reason.isEmpty()) {

@@ -2,7 +2,6 @@
 
 #include "controls/Instance.h"
 #include "files/CamFile.h"
-#include "line/Comm.h"
 
 #include <QObject>
 #include <QStringList>
@@ -15,7 +14,7 @@ class FileCommands : public QObject {
   Q_OBJECT
 
  public:
-  FileCommands(Instance& instance, Comm& comm, QWidget* window);
+  FileCommands(Instance& instance, QWidget* window);
 
   /// A new program begins with the choice of the model. Asks first when unsaved work would be
   /// thrown away: the choice itself has no way back.
@@ -59,7 +58,6 @@ class FileCommands : public QObject {
   bool MayReplace(const QString& chosen, const QString& forced);
 
   Instance& instance_;
-  Comm& comm_;
   QWidget* window_;
   CamFile camFile_;
   QStringList recent_;

@@ -13,24 +13,24 @@
 
 namespace nira {
 
-LineCommands::LineCommands(Instance& instance, Comm& comm, const PortNames& ports, QWidget* window)
-    : QObject(window), instance_(instance), comm_(comm), ports_(ports), window_(window) {}
+LineCommands::LineCommands(Instance& instance, const PortNames& ports, QWidget* window)
+    : QObject(window), instance_(instance), ports_(ports), window_(window) {}
 
 bool LineCommands::IdentifyAtStart() {
-  if (!SerialLink(comm_).OpenPort()) return true;
-  if (IdentityQuery(comm_) == Identity::Rejected) return false;
-  SerialLink(comm_).ClosePort();
+  if (!SerialLink(instance_).OpenPort()) return true;
+  if (IdentityQuery(instance_) == Identity::Rejected) return false;
+  SerialLink(instance_).ClosePort();
   return true;
 }
 
 void LineCommands::TryPort() {
-  if (SerialLink(comm_).OpenPort()) SerialLink(comm_).ClosePort();
+  if (SerialLink(instance_).OpenPort()) SerialLink(instance_).ClosePort();
 }
 
 /// Says `done` when all went well.
 TransferEnd LineCommands::Exchange(Moves what, TextNumber done,
                                    const std::function<TransferEnd()>& exchange) {
-  if (comm_.Busy) return TransferEnd::Busy;
+  if (instance_.Busy) return TransferEnd::Busy;
   Q_EMIT Began();
   TransferEnd end = TransferEnd::Done;
   {
@@ -44,22 +44,22 @@ TransferEnd LineCommands::Exchange(Moves what, TextNumber done,
 
 TransferEnd LineCommands::ShowMonitor(const QString& item) {
   QWidget* above = QApplication::activeModalWidget();
-  return Monit_Com(comm_, above != nullptr ? above : window_).Run(item);
+  return Monit_Com(instance_, above != nullptr ? above : window_).Run(item);
 }
 
 void LineCommands::Tr_Siz_Click() {
   Exchange(Moves::ProgramOut, TextNumber::Transmitted,
-           [this] { return SizeTransfer(comm_).Tr_Siz([this] { return ShowMonitor({}); }); });
+           [this] { return SizeTransfer(instance_).Tr_Siz([this] { return ShowMonitor({}); }); });
 }
 
 void LineCommands::Rc_Siz_Click() {
   Exchange(Moves::ProgramIn, TextNumber::Received,
-           [this] { return SizeTransfer(comm_).Rc_Siz([this] { return ShowMonitor({}); }); });
+           [this] { return SizeTransfer(instance_).Rc_Siz([this] { return ShowMonitor({}); }); });
 }
 
 void LineCommands::Msg_Trans_Click() {
   Exchange(Moves::Messages, TextNumber::Transmitted, [this] {
-    return MessageTransfer(comm_).Msg_Trans(
+    return MessageTransfer(instance_).Msg_Trans(
         [this] { return ChooseMessages(TextNumber::TransmitMessagesTitle, false); },
         [this](const QString& item) { return ShowMonitor(item); });
   });
@@ -67,7 +67,7 @@ void LineCommands::Msg_Trans_Click() {
 
 void LineCommands::Msg_Rec_Click() {
   Exchange(Moves::Messages, TextNumber::Received, [this] {
-    return MessageTransfer(comm_).Msg_Rec(
+    return MessageTransfer(instance_).Msg_Rec(
         [this] { return ChooseMessages(TextNumber::ReceiveMessagesTitle, true); },
         [this](const QString& item) { return ShowMonitor(item); });
   });
@@ -75,19 +75,19 @@ void LineCommands::Msg_Rec_Click() {
 
 void LineCommands::Upd_Flash_Click() {
   Exchange(Moves::Firmware, TextNumber::Transmitted,
-           [this] { return nira::Upd_Flash_Click(comm_, instance_.Dialog, window_); });
+           [this] { return nira::Upd_Flash_Click(instance_, instance_.Dialog, window_); });
 }
 
 bool LineCommands::TransmitMessages(const QString& file) {
   return Exchange(Moves::Messages, TextNumber::Transmitted, [this, &file] {
-           return MessageTransfer(comm_).Transmit(
+           return MessageTransfer(instance_).Transmit(
                file, [this](const QString& item) { return ShowMonitor(item); });
          }) == TransferEnd::Done;
 }
 
 bool LineCommands::ReceiveMessages(const QString& file) {
   return Exchange(Moves::Messages, TextNumber::Received, [this, &file] {
-           return MessageTransfer(comm_).Receive(
+           return MessageTransfer(instance_).Receive(
                file, [this](const QString& item) { return ShowMonitor(item); });
          }) == TransferEnd::Done;
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "controls/Instance.h"
-#include "line/Comm.h"
 #include "line/PortNames.h"
 
 #include <QObject>
@@ -18,7 +17,7 @@ class LineCommands : public QObject {
   Q_OBJECT
 
  public:
-  LineCommands(Instance& instance, Comm& comm, const PortNames& ports, QWidget* window);
+  LineCommands(Instance& instance, const PortNames& ports, QWidget* window);
 
   /// Opens the port and takes the limits of the programmer over; a port that does not open and a
   /// programmer that does not answer are passed over. False when it is none that this program
@@ -56,7 +55,6 @@ class LineCommands : public QObject {
   QString ChooseMessages(TextNumber title, bool save);
 
   Instance& instance_;
-  Comm& comm_;
   const PortNames& ports_;
   QWidget* window_;
 };

@@ -55,15 +55,14 @@ QString FirstLocalFile(const QMimeData* data) {
 
 }  // namespace
 
-MainWindow::MainWindow(Instance& instance, Comm& comm, const PortNames& ports)
+MainWindow::MainWindow(Instance& instance, const PortNames& ports)
     : instance_(instance),
-      comm_(comm),
       options_(instance.Folder, instance.Settings, instance.Ask, instance.Writer),
       menu_(new MainMenu(menuBar())),
-      files_(new FileCommands(instance, comm, this)),
+      files_(new FileCommands(instance, this)),
       sizes_(new SizeCommands(instance, this)),
-      lines_(new LineCommands(instance, comm, ports, this)),
-      status_(new StatusLine(instance, comm, ports, statusBar())) {
+      lines_(new LineCommands(instance, ports, this)),
+      status_(new StatusLine(instance, ports, statusBar())) {
   setObjectName(QStringLiteral("MainWindow"));
   setAcceptDrops(true);
   setContextMenuPolicy(Qt::NoContextMenu);
@@ -202,14 +201,14 @@ void MainWindow::BuildHandlers() {
 }
 
 void MainWindow::Command(const QString& item) {
-  if (comm_.Busy) return;
+  if (instance_.Busy) return;
   entry_->LeaveForCommand();
   if (const auto handler = handlers_.constFind(item); handler != handlers_.constEnd()) (*handler)();
 }
 
 /// A recent file, or one that was dropped.
 void MainWindow::OpenRecent(const QString& path) {
-  if (comm_.Busy) return;
+  if (instance_.Busy) return;
   entry_->LeaveForCommand();
   files_->F_Mnu_oldF_Click(path);
 }
@@ -483,7 +482,7 @@ void MainWindow::showEvent(QShowEvent* event) {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  bool cancel = comm_.Busy;
+  bool cancel = instance_.Busy;
   if (!cancel) Form_QueryUnload(cancel);
   event->setAccepted(!cancel);
   if (!cancel) Form_Unload();

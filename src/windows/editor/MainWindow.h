@@ -10,7 +10,6 @@
 #include "editor/SizeStepper.h"
 #include "editor/StatusLine.h"
 #include "files/OptionsFile.h"
-#include "line/Comm.h"
 #include "line/PortNames.h"
 
 #include <QDialog>
@@ -28,7 +27,7 @@ class MainWindow : public QMainWindow {
   Q_OBJECT
 
  public:
-  MainWindow(Instance& instance, Comm& comm, const PortNames& ports);
+  MainWindow(Instance& instance, const PortNames& ports);
 
   /// The start-up sequence: options, script, limits, port, model, and the file of the command line
   /// when there is one. False when the program cannot go on.
@@ -83,7 +82,6 @@ class MainWindow : public QMainWindow {
   QString FileTitle() const;
 
   Instance& instance_;
-  Comm& comm_;
   OptionsFile options_;
   MainMenu* menu_;
   FileCommands* files_;

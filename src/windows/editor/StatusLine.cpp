@@ -5,10 +5,9 @@
 
 namespace nira {
 
-StatusLine::StatusLine(Instance& instance, Comm& comm, const PortNames& ports, QStatusBar* bar)
+StatusLine::StatusLine(Instance& instance, const PortNames& ports, QStatusBar* bar)
     : QObject(bar),
       instance_(instance),
-      comm_(comm),
       ports_(ports),
       bar_(bar),
       port_(Add("StatusPort", false)),
@@ -85,7 +84,8 @@ void StatusLine::ShowPort() {
   const QString open = PortText(speed + QStringLiteral(",n,8,1"), openState);
   port_->setMinimumWidth(
       std::max(metrics.horizontalAdvance(closed), metrics.horizontalAdvance(open)) + 18);
-  port_->setText(comm_.Port.PortOpen() ? PortText(comm_.Port.Settings(), openState) : closed);
+  port_->setText(instance_.Port.PortOpen() ? PortText(instance_.Port.Settings(), openState)
+                                           : closed);
 }
 
 /// Also in the middle of an exchange, when a box of it has closed: the port is still followed then.

@@ -2,7 +2,6 @@
 
 #include "controls/Instance.h"
 #include "controls/SimulatedSign.h"
-#include "line/Comm.h"
 #include "line/PortNames.h"
 
 #include <QLabel>
@@ -18,7 +17,7 @@ class StatusLine : public QObject {
   Q_OBJECT
 
  public:
-  StatusLine(Instance& instance, Comm& comm, const PortNames& ports, QStatusBar* bar);
+  StatusLine(Instance& instance, const PortNames& ports, QStatusBar* bar);
 
   /// Writes everything anew.
   void Show();
@@ -46,7 +45,6 @@ class StatusLine : public QObject {
   QString ClosedState() const;
 
   Instance& instance_;
-  Comm& comm_;
   const PortNames& ports_;
   QStatusBar* bar_;
   QLabel* port_;

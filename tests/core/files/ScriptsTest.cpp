@@ -22,7 +22,7 @@ class ScriptsTest : public QObject {
 
  private Q_SLOTS:
   void initTestCase() {
-    const QString source = QString::fromUtf8(ReadBytes(SourcePath("src/files/TextNumbers.h")));
+    const QString source = QString::fromUtf8(ReadBytes(SourcePath("src/core/files/TextNumbers.h")));
     static const QRegularExpression entry(u"^\\s*(\\w+) = (\\d+),"_qs,
                                           QRegularExpression::MultilineOption);
     for (auto found = entry.globalMatch(source); found.hasNext();) {

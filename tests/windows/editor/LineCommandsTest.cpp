@@ -101,7 +101,7 @@ class LineCommandsTest : public QObject {
     QTEST(f.prompts.Shown().join(u'|'), "shown");
     QTEST(f.Limits(), "limits");
     QVERIFY(!f.serial.PortOpen());
-    QVERIFY(!f.comm.Busy);
+    QVERIFY(!f.instance.Busy);
     if (!starts) return;
     QFETCH(QString, status);
     QCOMPARE(f.Text("StatusPort"), u"COM1  9600  /nodev/ttyS0  "_qs + status);
@@ -119,7 +119,7 @@ class LineCommandsTest : public QObject {
     QVERIFY(f.serial.Written.startsWith("?M\x8C\r?FW\xDC\r"));
     QVERIFY(f.serial.Written.contains(Frames({"C 05", " 100 110", " 200 021"})));
     QVERIFY(f.serial.Written.endsWith(Frame("END")));
-    QVERIFY(!f.serial.PortOpen() && !f.comm.Busy);
+    QVERIFY(!f.serial.PortOpen() && !f.instance.Busy);
     QCOMPARE(f.window->statusBar()->currentMessage(), u"Trasmissione terminata"_qs);
     QVERIFY(f.Item("o_Undo")->isEnabled());
   }

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+
+namespace nira {
+
+/// What goes on while a wait lasts.
+enum class Yield {
+  Painting,  ///< windows are painted and the desktop is answered; the operator's input waits
+  Events,    ///< everything
+};
+
+/// Milliseconds of a clock that never runs backwards, and pauses on it. Tests run on one that
+/// jumps.
+class Clock {
+ public:
+  virtual ~Clock() = default;
+  virtual std::int64_t Now() const = 0;
+  virtual void Pause(int ms, Yield yield) = 0;
+};
+
+}  // namespace nira
