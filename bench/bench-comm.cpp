@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // How long whole transfers take on a line that is paced to the baud rate, beside the least time
 // that the wire allows, and what they cost of the processor; then frames with faults.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Measures the rotation demo with 32 cams on the platform that Qt finds:
 //   bench-demo [seconds]    per setting of the speed bar: degrees turned in a second, and the
 //   longest time between two passes of the event loop, for the sample press and for a size in which

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // An empty window of Qt and nothing else: what bench-window compares the program's start with.
 
 #include "FirstPaint.h"

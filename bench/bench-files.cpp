@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // How long the largest cam files take to read and to write, beside `wc -l` on the same file.
 
 #include "Measure.h"

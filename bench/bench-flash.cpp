@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // How long the sample firmware takes to the programmer at 19200 baud, from its first line to the
 // last acknowledgement, beside what the line needs for these bytes: on the simulator's virtual
 // time, and over a pseudo-terminal on which `kplctl simulate` is the programmer.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Measures the functions window on the platform that Qt finds: one step of the scroll bar, until
 // all 32 columns are painted anew. Figures are milliseconds.
 

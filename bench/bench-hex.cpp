@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // How long the test pass of a firmware update takes on a HEX file of 4 MB, beside `srec_info` on
 // the same file.
 

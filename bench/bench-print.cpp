@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // How fast the sizes of a program become a PDF, and how the memory grows with the pages. Without
 // arguments it measures itself in processes of their own, so that each peak stands alone.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Measures what an operator waits for at the main window, on the platform that Qt finds:
 //   bench-window start     start of the program to its first painted window, against an empty one
 //   bench-window switch    switching the size, 32 cams of 180 phases each, until it is painted

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # What every target of this project is compiled with, on one interface target.
 add_library(nira_compiler INTERFACE)
 if(MSVC)

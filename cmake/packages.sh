@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Debian packages of this project, for ./run, ./test and .ci/run.
 RUN_PACKAGES=(g++ cmake ninja-build lld qt6-base-dev qt6-serialport-dev qt6-svg-dev fonts-dejavu-core)
 TEST_PACKAGES=("${RUN_PACKAGES[@]}")

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Writes the sample firmware anew: the same bytes at every run. Made up, for no real processor.
 
 #include "HexText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Writes the sample programs and messages anew: the same bytes at every run, through the program's
 // own writer.
 

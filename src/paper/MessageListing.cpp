@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "MessageListing.h"
 
 #include "ground/Text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "ground/SystemClock.h"
 
 #include "line/Timings.h"

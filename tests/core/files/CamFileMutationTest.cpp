@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "files/CamLines.h"
 #include "support/CamFileFixture.h"
 #include "support/Rows.h"

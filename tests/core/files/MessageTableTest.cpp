@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "files/MessageTable.h"
 #include "files/ScriptFile.h"
 #include "support/CamFileFixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "line/Checksum.h"
 #include "line/Wire.h"
 #include "support/CommFixture.h"

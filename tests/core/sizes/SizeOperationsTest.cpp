@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "sizes/SizeOperations.h"
 #include "support/CamFileFixture.h"
 #include "support/Rows.h"

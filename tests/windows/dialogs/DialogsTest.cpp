@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "dialogs/About.h"
 #include "dialogs/QtPrompts.h"
 #include "support/WindowFixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "SimulatedSerial.h"
 #include "ground/Text.h"
 #include "line/Monit_Com.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "functions/BNKRTN.h"
 #include "ground/Text.h"
 #include "support/WindowFixture.h"
