@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/ProgramStyle.h"
 #include "dialogs/QtPrompts.h"
+#include "dialogs/clsCommonDialog.h"
 #include "editor/MainWindow.h"
 #include "files/OptionsFile.h"
 #include "ground/SystemClock.h"

@@ -15,6 +15,8 @@ enum class Yield {
 /// jumps.
 class Clock {
  public:
+  static constexpr int Slice = 20;  ///< longest time in a wait without painting: 50 a second
+
   virtual ~Clock() = default;
   virtual std::int64_t Now() const = 0;
   virtual void Pause(int ms, Yield yield) = 0;

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ground/SystemClock.h"
 
-#include "line/Timings.h"
-
 #include <QCoreApplication>
 #include <QEventLoop>
 
@@ -26,8 +24,7 @@ void SystemClock::Pause(int ms, Yield yield) {
   using namespace std::chrono;
   const auto end = steady_clock::now() + milliseconds(ms);
   while (steady_clock::now() < end) {
-    std::this_thread::sleep_until(
-        std::min(end, steady_clock::now() + milliseconds(Timings::Slice)));
+    std::this_thread::sleep_until(std::min(end, steady_clock::now() + milliseconds(Clock::Slice)));
     ProcessEvents(yield);
   }
 }

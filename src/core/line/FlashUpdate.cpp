@@ -58,7 +58,7 @@ TransferEnd FlashUpdate::Test() {
       ShowTested(line->Number);
       return TellFault(*line);
     }
-    if (line->Number % linesBetweenLooks == 0 && comm_.Time.Now() - shown >= Timings::Slice) {
+    if (line->Number % linesBetweenLooks == 0 && comm_.Time.Now() - shown >= Clock::Slice) {
       ShowTested(line->Number);
       comm_.Time.Pause(1, Yield::Painting);
       shown = comm_.Time.Now();

@@ -174,7 +174,7 @@ QByteArray QtSerialControl::Input() {
 
 /// Lets the event loop handle what waits when it has not for a slice of time.
 void QtSerialControl::Breathe(Yield yield) {
-  if (clock_.Now() - breathed_ < Timings::Slice) return;
+  if (clock_.Now() - breathed_ < Clock::Slice) return;
   ProcessEvents(yield);
   breathed_ = clock_.Now();
 }
@@ -189,7 +189,7 @@ std::int64_t QtSerialControl::ByteTime() const {
 /// has heard what was sent or since the last byte that came.
 void QtSerialControl::SleepBelowThreshold() const {
   constexpr std::chrono::microseconds wakingUp(200);
-  constexpr std::chrono::milliseconds longest(Timings::Slice);
+  constexpr std::chrono::milliseconds longest(Clock::Slice);
   if (threshold_ < 2) return;
   const LineClock::time_point come =
       std::max(heard_, came_) + threshold_ * std::chrono::microseconds(ByteTime());
@@ -205,7 +205,7 @@ bool QtSerialControl::WaitForInput(std::int64_t deadline, Yield yield) {
     if (left <= 0) return InBufferCount() > 0;
     SleepBelowThreshold();
     if (InBufferCount() > 0) return true;
-    if (port_.waitForReadyRead(static_cast<int>(std::min<std::int64_t>(left, Timings::Slice)))) {
+    if (port_.waitForReadyRead(static_cast<int>(std::min<std::int64_t>(left, Clock::Slice)))) {
       came_ = LineClock::now();
     }
   }
@@ -239,10 +239,10 @@ bool QtSerialControl::StillToGo(qint64 bytes, int ms) const {
 /// Goes on sending for a slice of time, at most until the line needs only so much more time.
 void QtSerialControl::PushOutput(int ms) {
   if (port_.bytesToWrite() > 0) {
-    port_.waitForBytesWritten(Timings::Slice);
+    port_.waitForBytesWritten(Clock::Slice);
   } else {
     const std::int64_t left = lineFree_ / perMs - clock_.Now() - ms;
-    clock_.Pause(static_cast<int>(std::clamp<std::int64_t>(left, 1, Timings::Slice)),
+    clock_.Pause(static_cast<int>(std::clamp<std::int64_t>(left, 1, Clock::Slice)),
                  Yield::Painting);
   }
   Breathe(Yield::Painting);

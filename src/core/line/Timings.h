@@ -18,7 +18,6 @@ struct Timings {
   static constexpr int FlashEnd = 3000;    ///< the programmer starts anew with its new firmware
 
   // The platform's side of the line.
-  static constexpr int Slice = 20;     ///< longest time in a wait without painting: 50 a second
   static constexpr int Backlog = 250;  ///< output accepted ahead of the line: progress stays true
   static constexpr int OutputStall = 5000;  ///< output that does not move: as long as any reply
   static constexpr int LineFeed = 50;   ///< after the CR of a reply: a byte at 300 baud, an adapter

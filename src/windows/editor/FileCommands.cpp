@@ -2,6 +2,7 @@
 #include "editor/FileCommands.h"
 
 #include "controls/BusyPointer.h"
+#include "dialogs/clsCommonDialog.h"
 #include "files/LineReader.h"
 #include "files/OptionsFile.h"
 #include "line/Carprg.h"

@@ -2,6 +2,7 @@
 #include "editor/LineCommands.h"
 
 #include "controls/InputHold.h"
+#include "dialogs/clsCommonDialog.h"
 #include "line/Identity.h"
 #include "line/MessageTransfer.h"
 #include "line/Monit_Com.h"

@@ -4,6 +4,7 @@
 #include "controls/PlainTip.h"
 #include "controls/ThemedIcon.h"
 #include "dialogs/About.h"
+#include "dialogs/clsCommonDialog.h"
 #include "files/ScriptFile.h"
 #include "functions/BNKRTN.h"
 #include "functions/CalcAnt.h"

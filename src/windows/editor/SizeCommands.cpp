@@ -2,6 +2,7 @@
 #include "editor/SizeCommands.h"
 
 #include "controls/BusyPointer.h"
+#include "dialogs/clsCommonDialog.h"
 #include "ground/Text.h"
 #include "sizes/SizeOperations.h"
 

@@ -4,6 +4,7 @@
 #include "controls/BusyPointer.h"
 #include "controls/ElidedLabel.h"
 #include "controls/PlainTip.h"
+#include "dialogs/clsCommonDialog.h"
 #include "line/FlashUpdate.h"
 
 #include <QEvent>

@@ -2,6 +2,7 @@
 #include "messages/AlMsg.h"
 
 #include "controls/ThemedIcon.h"
+#include "dialogs/clsCommonDialog.h"
 #include "ground/Text.h"
 #include "messages/ModMsg.h"
 #include "messages/PrnMsg.h"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "printing/PrnSize.h"
 
+#include "dialogs/clsCommonDialog.h"
+
 #include <QFileInfo>
 #include <QFormLayout>
 #include <QGroupBox>
