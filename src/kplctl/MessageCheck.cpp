@@ -6,8 +6,6 @@
 #include "messages/MessageFile.h"
 #include "messages/MessageTexts.h"
 
-#include <algorithm>
-
 namespace nira {
 
 namespace {
@@ -33,12 +31,11 @@ QString TextFault(const QString& text) {
         .arg(text.size())
         .arg(MessageDisplay::Longest);
   }
-  const auto control = std::find_if(text.begin(), text.end(),
-                                    [](QChar c) { return c.category() == QChar::Other_Control; });
-  if (control == text.end()) return {};
+  const auto untypable = FirstUntypable(text);
+  if (!untypable) return {};
   return QStringLiteral("character %1 of the text is a control character, code %2")
-      .arg(control - text.begin() + 1)
-      .arg(control->unicode());
+      .arg(untypable->At + 1)
+      .arg(text.at(untypable->At).unicode());
 }
 
 /// The fault of line k as message k; empty when it is good.

@@ -27,7 +27,8 @@ class MessagesCommandTest : public QObject {
     row("N. 001 A\r\n", ":1: fault: no double quote after the number: found  A");
     row("N. 001 \"A\r\n", ":1: fault: no closing double quote");
     row("N. 001 \"" + QByteArray(41, 'A') + "\"", ":1: fault: a text of 41 characters");
-    row("N. 001 \"A\tB\"", ":1: fault: character 2 of the text is a control character, code 9");
+    row("N. 001 \"\x81\x7F\"",
+        ":1: fault: character 2 of the text is a control character, code 127");
     row("N. 001\r\n" + QByteArray(1001, 'N'), ":2: fault: a line of more than 1000 bytes");
     QByteArray many;
     for (int n = 1; n <= 256; ++n)

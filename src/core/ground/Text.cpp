@@ -93,23 +93,24 @@ std::optional<std::string> ToBytes(QStringView text) {
   return bytes;
 }
 
-QString ForeignCharacter(QStringView text) {
+std::optional<Untypable> FirstUntypable(QStringView text) {
   for (qsizetype i = 0; i < text.size();) {
+    const char16_t code = text.at(i).unicode();
+    if (code < u' ') return Untypable{i, 1, QString(QChar(static_cast<char16_t>(0x2400 + code)))};
+    if (code == 127) return Untypable{i, 1, QString(QChar(u'\u2421'))};
     const bool pair =
         text.at(i).isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
     const qsizetype length = pair ? 2 : 1;
     const QStringView character = text.mid(i, length);
-    if (!ToBytes(character)) return character.toString();
+    if (!ToBytes(character)) return Untypable{i, length, character.toString()};
     i += length;
   }
-  return {};
+  return std::nullopt;
 }
 
 QString UntypableCharacter(QStringView text) {
-  const auto control = std::find_if(text.begin(), text.end(), [](QChar c) { return c < u' '; });
-  if (control == text.end()) return ForeignCharacter(text);
-  constexpr char16_t pictures = 0x2400;
-  return QString(QChar(static_cast<char16_t>(pictures + control->unicode())));
+  const auto found = FirstUntypable(text);
+  return found ? found->Shown : QString();
 }
 
 QString TrimLeft(const QString& text) {

@@ -41,11 +41,18 @@ QString FromBytes(std::string_view bytes);
 /// The Windows-1252 bytes of a text; none when a character of it has no code there.
 std::optional<std::string> ToBytes(QStringView text);
 
-/// The first character that Windows-1252 lacks, empty when there is none.
-QString ForeignCharacter(QStringView text);
+/// A character that cannot stand in a line of text: a control character (codes below 32, and 127)
+/// or one that Windows-1252 lacks.
+struct Untypable {
+  qsizetype At;      ///< its place in the text, from 0
+  qsizetype Length;  ///< code units of the text that it takes
+  QString Shown;     ///< itself; a control character is shown by its picture (U+2400..)
+};
 
-/// The first character that cannot stand in a line of text: a control character, shown by its
-/// picture (U+2400..), or one that Windows-1252 lacks. Empty when there is none.
+/// The first such character of a text.
+std::optional<Untypable> FirstUntypable(QStringView text);
+
+/// The same as it is shown; empty when there is none.
 QString UntypableCharacter(QStringView text);
 
 /// The text without blanks (code 32) at its start.

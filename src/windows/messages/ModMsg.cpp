@@ -10,7 +10,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QVBoxLayout>
 
 namespace nira {
@@ -63,26 +62,24 @@ QLayout* ModMsg::BuildButtons() {
 
 void ModMsg::setVisible(bool visible) {
   QDialog::setVisible(visible);
-  text1_->end(false);  // a dialog selects the text of its first box
+  if (TrimLeft(text1_->text()).isEmpty()) {
+    text1_->selectAll();  // blanks that nobody sees
+  } else {
+    text1_->end(false);  // a dialog selects the text of its first box
+  }
 }
 
-/// A line end or a tab that was pasted becomes a blank: a message is one line, and a cell of the
-/// display shows no tab.
 void ModMsg::Text1_Typed() {
-  static const QRegularExpression gaps(QStringLiteral("[\\t\\r\\n\u2028\u2029]"));
-  if (text1_->text().contains(gaps)) {
-    const int cursor = text1_->cursorPosition();
-    text1_->setText(text1_->text().replace(gaps, QStringLiteral(" ")));
-    text1_->setCursorPosition(cursor);
-  }
   display_->Show(RowsOf(text1_->text()));
 }
 
 void ModMsg::kok_Click() {
   const QString text = text1_->text();
-  if (const QString foreign = ForeignCharacter(text); !foreign.isEmpty()) {
-    instance_.Ask.MsgBox(instance_.Text(TextNumber::CharacterNotAllowed) + foreign, Buttons::Ok,
-                         Icon::Exclamation);
+  if (const auto refused = FirstUntypable(text)) {
+    instance_.Ask.MsgBox(instance_.Text(TextNumber::CharacterNotAllowed) + refused->Shown,
+                         Buttons::Ok, Icon::Exclamation);
+    text1_->setFocus();
+    text1_->setSelection(static_cast<int>(refused->At), static_cast<int>(refused->Length));
     return;
   }
   if (text != instance_.Program.MessageText(number_)) {

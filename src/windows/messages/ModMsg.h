@@ -17,7 +17,8 @@ class ModMsg : public QDialog {
   /// `number` of the message, from 1.
   ModMsg(Instance& instance, int number, QWidget* parent);
 
-  /// Opens for correcting: nothing is selected that the first key would replace.
+  /// Opens for correcting: of a text that can be seen nothing is selected, which the first key
+  /// would replace.
   void setVisible(bool visible) override;
 
  private:
