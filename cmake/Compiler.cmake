@@ -31,3 +31,9 @@ function(nira_precompile target)
     target_precompile_headers(${target} PRIVATE ${ARGN})
   endif()
 endfunction()
+
+# What needs the operating system's own calls stands in a file for each: name_posix.cpp, name_win.cpp.
+set(NIRA_SYSTEM posix)
+if(WIN32)
+  set(NIRA_SYSTEM win)
+endif()

@@ -3,14 +3,6 @@
 
 #include "Printable.h"
 
-#include <QFile>
-
-#ifdef Q_OS_WIN
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
-
 namespace nira {
 
 namespace {
@@ -55,16 +47,6 @@ void LineProgress::Draw() {
 void LineProgress::Break() {
   if (drawn_) lines_ << Qt::endl;
   drawn_ = false;
-}
-
-bool IsTerminal(const QTextStream& stream) {
-  const auto* file = qobject_cast<const QFileDevice*>(stream.device());
-  if (file == nullptr) return false;
-#ifdef Q_OS_WIN
-  return ::_isatty(file->handle()) != 0;
-#else
-  return ::isatty(file->handle()) == 1;
-#endif
 }
 
 }  // namespace nira

@@ -29,16 +29,6 @@ QString PointedTo(const QFileInfo& info) {
   return target.exists() ? target.canonicalFilePath() : target.absoluteFilePath();
 }
 
-/// Devices of one kind in the order of their numbers: ttyUSB2 before ttyUSB10.
-QStringList Numbered(const QDir& folder, const QString& kind) {
-  QStringList names = folder.entryList({kind + u'*'}, QDir::Files | QDir::System);
-  const auto number = [&kind](const QString& name) { return name.mid(kind.size()).toInt(); };
-  std::sort(names.begin(), names.end(), [&number](const QString& a, const QString& b) {
-    return number(a) != number(b) ? number(a) < number(b) : a < b;
-  });
-  return names;
-}
-
 bool IsPort(const QSerialPortInfo& port, const QString& device) {
   return port.systemLocation() == device || port.portName() == device;
 }
@@ -48,8 +38,15 @@ bool Knows(const QList<QSerialPortInfo>& known, const QString& device) {
                      [&device](const QSerialPortInfo& port) { return IsPort(port, device); });
 }
 
+PortInfo WithHolder(PortInfo port) {
+  if (port.Present) port.HeldBy = PortHolder(port.Device);
+  return port;
+}
+
+}  // namespace
+
 /// What the machine says of a device beyond its name.
-PortInfo InfoOf(int number, const QString& device, const QList<QSerialPortInfo>& known) {
+PortInfo PortNames::InfoOf(int number, const QString& device, const QList<QSerialPortInfo>& known) {
   PortInfo info;
   info.Number = number;
   info.Device = device;
@@ -59,31 +56,9 @@ PortInfo InfoOf(int number, const QString& device, const QList<QSerialPortInfo>&
     info.SerialNumber = port.serialNumber();
     info.Present = true;
   }
-  const QFileInfo file(device);
-  info.Present = info.Present || file.exists();
-#ifdef Q_OS_WIN
-  info.Permitted = info.Present;
-#else
-  info.Permitted = file.isReadable() && file.isWritable();
-#endif
+  info.Present = info.Present || QFileInfo::exists(device);
+  info.Permitted = IsPermitted(info);
   return info;
-}
-
-PortInfo WithHolder(PortInfo port) {
-  if (port.Present) port.HeldBy = PortHolder(port.Device);
-  return port;
-}
-
-}  // namespace
-
-void PortNames::NameDevice(const QString& name) {
-#ifdef Q_OS_WIN
-  named_ = name;
-#else
-  const QFileInfo here(name);
-  const bool path = name.contains(u'/') || here.exists() || here.isSymLink();
-  named_ = path ? here.absoluteFilePath() : QString(devices_ + u'/' + name);
-#endif
 }
 
 QString PortNames::Link(int number) const {
@@ -93,27 +68,6 @@ QString PortNames::Link(int number) const {
 
 QString PortNames::Linked(int number) const {
   return PointedTo(QFileInfo(Link(number)));
-}
-
-QStringList PortNames::Adapters() const {
-  const QDir folder(devices_);
-  return Numbered(folder, QStringLiteral("ttyUSB")) + Numbered(folder, QStringLiteral("ttyACM"));
-}
-
-QString PortNames::Device(int number) const {
-  if (number < 0 || (number == 0 && named_.isEmpty())) return {};
-#ifdef Q_OS_WIN
-  if (number == 0) return named_;
-  return QStringLiteral("COM%1").arg(number);
-#else
-  if (const QString linked = Linked(number); !linked.isEmpty()) return linked;
-  if (number == 0) return named_;
-  if (number <= FixedPorts) return devices_ + QStringLiteral("/ttyS%1").arg(number - 1);
-  if (number > Ports) return {};
-  const QStringList adapters = Adapters();
-  const qsizetype index = number - FixedPorts - 1;
-  return index < adapters.size() ? QString(devices_ + u'/' + adapters.at(index)) : QString();
-#endif
 }
 
 PortInfo PortNames::Describe(int number) const {
@@ -154,11 +108,7 @@ std::vector<PortInfo> PortNames::All() const {
     if (port.Present && IsReal(port, known)) ports.push_back(WithHolder(port));
   }
   for (const QSerialPortInfo& port : known) {
-#ifdef Q_OS_WIN
-    const QString device = port.portName();
-#else
-    const QString device = port.systemLocation();
-#endif
+    const QString device = DeviceOf(port);
     if (!listed(device)) ports.push_back(WithHolder(InfoOf(0, device, known)));
   }
   return ports;

@@ -58,6 +58,9 @@ class PortNames {
 
  private:
   PortInfo Describe(int number, const QList<QSerialPortInfo>& known) const;
+  static PortInfo InfoOf(int number, const QString& device, const QList<QSerialPortInfo>& known);
+  static QString DeviceOf(const QSerialPortInfo& port);
+  static bool IsPermitted(const PortInfo& port);
   bool IsReal(const PortInfo& port, const QList<QSerialPortInfo>& known) const;
   QString Linked(int number) const;
   QStringList Adapters() const;

@@ -9,10 +9,6 @@
 #include <chrono>
 #include <thread>
 
-#ifdef Q_OS_LINUX
-#include <sys/ioctl.h>
-#endif
-
 namespace nira {
 
 namespace {
@@ -120,16 +116,6 @@ bool QtSerialControl::CTSHolding() {
   return noModemLines || lines.testFlag(QSerialPort::ClearToSendSignal);
 }
 
-/// False only when the system says that nothing waits: quicker to ask than to wait for no time.
-bool QtSerialControl::SystemHasInput() const {
-#ifdef Q_OS_LINUX
-  int waiting = 0;
-  return ::ioctl(port_.handle(), FIONREAD, &waiting) != 0 || waiting > 0;
-#else
-  return true;
-#endif
-}
-
 /// Takes over what the port has, without waiting.
 void QtSerialControl::Fetch() {
   if (!input_.isEmpty() || !port_.isOpen()) return;
@@ -219,16 +205,6 @@ void QtSerialControl::Output(const QByteArray& bytes) {
   heard_ =
       std::max(heard_, LineClock::now()) + bytes.size() * std::chrono::microseconds(ByteTime());
   WaitForRoom();
-}
-
-/// Bytes of output that have not left the machine, as far as the system tells.
-qint64 QtSerialControl::Queued() const {
-  qint64 queued = port_.bytesToWrite();
-#ifdef Q_OS_LINUX
-  int inSystem = 0;
-  if (::ioctl(port_.handle(), TIOCOUTQ, &inSystem) == 0) queued += inSystem;
-#endif
-  return queued;
 }
 
 /// True while more than these bytes are queued, or the line needs more than this time for them.

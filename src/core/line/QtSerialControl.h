@@ -47,6 +47,7 @@ class QtSerialControl : public SerialControl {
   void Open();
   void Close();
   void OnError(QSerialPort::SerialPortError error);
+  /// False only when the system says that nothing waits: quicker to ask than to wait for no time.
   bool SystemHasInput() const;
   void Fetch();
   void CheckPort();
@@ -54,6 +55,7 @@ class QtSerialControl : public SerialControl {
   void Breathe(Yield yield);
   std::int64_t ByteTime() const;
   void SleepBelowThreshold() const;
+  /// Bytes of output that have not left the machine, as far as the system tells.
   qint64 Queued() const;
   bool StillToGo(qint64 bytes, int ms) const;
   void PushOutput(int ms);

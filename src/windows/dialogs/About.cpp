@@ -59,20 +59,6 @@ About::About(const MessageTable& texts, Prompts& prompts, QWidget* parent)
   layout->addWidget(buttons);
 }
 
-QStringList About::SystemTools() {
-#ifdef Q_OS_WIN
-  return {QStringLiteral("msinfo32")};
-#else
-  return {QStringLiteral("kinfocenter"),
-          QStringLiteral("hardinfo2"),
-          QStringLiteral("hardinfo"),
-          QStringLiteral("gnome-system-monitor"),
-          QStringLiteral("mate-system-monitor"),
-          QStringLiteral("plasma-systemmonitor"),
-          QStringLiteral("xfce4-taskmanager")};
-#endif
-}
-
 void About::ShowSystemInformation(const QStringList& tools) {
   for (const QString& tool : tools) {
     const QString program = QStandardPaths::findExecutable(tool);

@@ -34,7 +34,6 @@ class UpdFlsh : public QDialog, private FlashReport {
   QLayout* BuildReady();
   void BuildLayout();
   void Start();
-  void Run();
 
   void Show(FlashLine line, const QString& text) override;
   void Ready(bool ready) override;

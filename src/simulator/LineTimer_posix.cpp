@@ -1,23 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "LineTimer.h"
 
-#include <QtGlobal>
-
 #include <algorithm>
 #include <cstdint>
-
-#ifdef Q_OS_LINUX
 #include <sys/timerfd.h>
 #include <unistd.h>
-#endif
 
 namespace nira {
 
 Instant LineTimer::Now() {
   return std::chrono::steady_clock::now().time_since_epoch();
 }
-
-#ifdef Q_OS_LINUX
 
 LineTimer::LineTimer()
     : descriptor_(::timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | TFD_CLOEXEC)) {}
@@ -45,15 +38,5 @@ void LineTimer::Acknowledge() {
   std::uint64_t expired = 0;
   [[maybe_unused]] const ssize_t got = ::read(descriptor_, &expired, sizeof expired);
 }
-
-#else
-
-LineTimer::LineTimer() = default;
-LineTimer::~LineTimer() = default;
-void LineTimer::Arm(Instant /*at*/) {}
-void LineTimer::Disarm() {}
-void LineTimer::Acknowledge() {}
-
-#endif
 
 }  // namespace nira

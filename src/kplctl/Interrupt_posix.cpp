@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Interrupt.h"
 
-#ifdef Q_OS_UNIX
-
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -67,17 +65,3 @@ Interrupt::~Interrupt() {
 }
 
 }  // namespace nira
-
-#else
-
-namespace nira {
-
-Interrupt::Interrupt() = default;
-Interrupt::~Interrupt() = default;
-bool Interrupt::HasCome() const {
-  return false;
-}
-
-}  // namespace nira
-
-#endif

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Pseudoterminal.h"
 
-#ifdef Q_OS_LINUX
-
 #include <QFile>
 
 #include <algorithm>
@@ -128,30 +126,3 @@ std::optional<int> Pseudoterminal::Baud() const {
 }
 
 }  // namespace nira
-
-#else
-
-namespace nira {
-
-QString Pseudoterminal::Open() {
-  return QStringLiteral("a simulated programmer on a port is available on Linux alone");
-}
-void Pseudoterminal::Close() {}
-std::optional<std::string> Pseudoterminal::Read() {
-  return std::nullopt;
-}
-void Pseudoterminal::Write(std::string_view /*bytes*/) {}
-bool Pseudoterminal::HoldOpen() {
-  return false;
-}
-void Pseudoterminal::LetGo() {}
-Instant Pseudoterminal::Passage() const {
-  return {};
-}
-std::optional<int> Pseudoterminal::Baud() const {
-  return std::nullopt;
-}
-
-}  // namespace nira
-
-#endif

@@ -7,8 +7,6 @@
 
 namespace nira {
 
-#ifdef Q_OS_LINUX
-
 namespace {
 
 QString FirstLine(const QString& path) {
@@ -54,13 +52,5 @@ QString PortHolder(const QString& device) {
   }
   return {};
 }
-
-#else
-
-QString PortHolder(const QString& /*device*/) {
-  return {};
-}
-
-#endif
 
 }  // namespace nira

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "line/PortErrors.h"
+
+namespace nira {
+
+SerialError PortErrors::Opening(const QString& device, QSerialPort::SerialPortError error,
+                                const QString& reason) const {
+  if (device.isEmpty()) return Missing(device);
+  const bool denied = error == QSerialPort::PermissionError;
+  if (denied) return Busy(device);
+  return error == QSerialPort::DeviceNotFoundError ? Missing(device) : Failed(device, reason);
+}
+
+}  // namespace nira
