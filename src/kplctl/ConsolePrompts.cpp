@@ -42,6 +42,7 @@ Answer ConsolePrompts::Choose(Buttons buttons) const {
     case Buttons::OkCancel:
       return yes_ ? Answer::Ok : Answer::Cancel;
     case Buttons::YesNo:
+    case Buttons::NoYes:
     case Buttons::YesNoCancel:
       return yes_ ? Answer::Yes : Answer::No;
     case Buttons::RetryCancel:

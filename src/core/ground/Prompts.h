@@ -8,7 +8,8 @@
 namespace nira {
 
 enum class Icon { None, Information, Question, Exclamation, Critical };
-enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel, RetryCancel };
+/// `NoYes` is `YesNo` with No as the answer of the return key: for what is seldom meant.
+enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel, RetryCancel, NoYes };
 enum class Answer { Ok, Cancel, Yes, No, Retry };
 
 /// Everything that is asked of the operator or told to him goes through here. Texts are plain: what

@@ -31,6 +31,7 @@ QMessageBox::StandardButtons StandardButtons(Buttons buttons) {
     case Buttons::OkCancel:
       return QMessageBox::Ok | QMessageBox::Cancel;
     case Buttons::YesNo:
+    case Buttons::NoYes:
       return QMessageBox::Yes | QMessageBox::No;
     case Buttons::YesNoCancel:
       return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
@@ -84,6 +85,7 @@ Answer QtPrompts::MsgBox(const QString& text, Buttons buttons, Icon icon, const 
   QMessageBox box(BoxIcon(icon), TitleOr(title), Printable(text), StandardButtons(buttons),
                   QApplication::activeWindow());
   box.setTextFormat(Qt::PlainText);
+  if (buttons == Buttons::NoYes) box.setDefaultButton(QMessageBox::No);
   return AnswerOf(box.exec());
 }
 

@@ -133,11 +133,13 @@ class DialogsTest : public QObject {
           Row{Buttons::OkCancel, QMessageBox::NoButton, Answer::Cancel},
           Row{Buttons::YesNo, QMessageBox::Yes, Answer::Yes},
           Row{Buttons::YesNoCancel, QMessageBox::No, Answer::No},
-          Row{Buttons::RetryCancel, QMessageBox::Retry, Answer::Retry}}) {
+          Row{Buttons::RetryCancel, QMessageBox::Retry, Answer::Retry},
+          Row{Buttons::NoYes, QMessageBox::NoButton, Answer::No}}) {
+      const auto key = buttons == Buttons::NoYes ? Qt::Key_Return : Qt::Key_Escape;
       QString shown;
-      WhenOpens<QMessageBox>([&shown, press = press](QMessageBox* box) {
+      WhenOpens<QMessageBox>([&shown, key, press = press](QMessageBox* box) {
         if (box->textFormat() == Qt::PlainText) shown = box->windowTitle() + u'|' + box->text();
-        press ? box->button(press)->click() : QTest::keyClick(box, Qt::Key_Escape);
+        press ? box->button(press)->click() : QTest::keyClick(box, key);
       });
       QCOMPARE(QtPrompts().MsgBox(u"<b>A</b>\r B\x01"_qs, buttons, Icon::Exclamation, {}), answer);
       QCOMPARE(shown, u"NIRA-KPL|<b>A</b>\n B\uFFFD"_qs);
