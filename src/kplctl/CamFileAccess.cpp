@@ -51,19 +51,19 @@ bool IsWithin(std::int64_t number, int most) {
 
 /// Gives the program the named dimensions, otherwise those of the file's header; what neither
 /// names stays as it is.
-std::optional<Fault> SetDimensions(std::string_view header, const Dimensions& named,
-                                   CamProgram& program) {
+std::optional<FileFault> SetDimensions(std::string_view header, const Dimensions& named,
+                                       CamProgram& program) {
   CamFileCounts counts{program.NumCams(), program.NumSizes()};
   counts = NamedCounts(header).value_or(counts);
   const std::int64_t cams = named.cams.value_or(counts.cams);
   const std::int64_t sizes = named.sizes.value_or(counts.sizes);
   if (!IsWithin(cams, CamProgram::MaxCams) || !IsWithin(sizes, CamProgram::MaxSizes)) {
-    return Fault{1, QStringLiteral("%1 cams and %2 sizes found; 1 to %3 cams and 1 to %4 sizes "
-                                   "are allowed")
-                        .arg(counts.cams)
-                        .arg(counts.sizes)
-                        .arg(CamProgram::MaxCams)
-                        .arg(CamProgram::MaxSizes)};
+    return FileFault{1, QStringLiteral("%1 cams and %2 sizes found; 1 to %3 cams and 1 to %4 sizes "
+                                       "are allowed")
+                            .arg(counts.cams)
+                            .arg(counts.sizes)
+                            .arg(CamProgram::MaxCams)
+                            .arg(CamProgram::MaxSizes)};
   }
   program.SetLimits(static_cast<int>(sizes), static_cast<int>(cams), CamProgram::MaxMessages);
   return std::nullopt;
@@ -77,23 +77,23 @@ QString BadLine(const LoadResult& result, const MessageTable& texts) {
 }
 
 /// What a reading ended with, in words; none when the file was read.
-std::optional<Fault> FaultOf(const LoadResult& result, const QString& message,
-                             const MessageTable& texts) {
+std::optional<FileFault> FaultOf(const LoadResult& result, const QString& message,
+                                 const MessageTable& texts) {
   switch (result.outcome) {
     case LoadResult::Outcome::Loaded:
       return std::nullopt;
     case LoadResult::Outcome::Missing:
-      return Fault{0, QStringLiteral("cannot be read any more")};
+      return FileFault{0, QStringLiteral("cannot be read any more")};
     case LoadResult::Outcome::WrongCams:
-      return Fault{result.line, message};
+      return FileFault{result.line, message};
     case LoadResult::Outcome::Declined:
-      return Fault{
+      return FileFault{
           result.line,
           QStringLiteral("not read: the question was answered with Cancel (--yes answers OK)")};
     case LoadResult::Outcome::Bad:
       break;
   }
-  return Fault{result.line, BadLine(result, texts)};
+  return FileFault{result.line, BadLine(result, texts)};
 }
 
 qsizetype CountPhases(const CamProgram& program) {
@@ -108,11 +108,11 @@ qsizetype CountPhases(const CamProgram& program) {
 
 }  // namespace
 
-std::optional<Fault> ReadCamFile(const Console& console, const QString& file,
-                                 const Dimensions& named, CamProgram& program, bool& cutOff) {
+std::optional<FileFault> ReadCamFile(const Console& console, const QString& file,
+                                     const Dimensions& named, CamProgram& program, bool& cutOff) {
   {
     LineReader lines(file);
-    if (!lines.IsOpen()) return Fault{0, lines.Error()};
+    if (!lines.IsOpen()) return FileFault{0, lines.Error()};
     const auto header = lines.Next();
     if (auto fault = SetDimensions(header.value_or(std::string_view()), named, program)) {
       return fault;
@@ -175,7 +175,7 @@ CamProgram ReadBack(CamProgram& program) {
   return back;
 }
 
-void PrintFault(QTextStream& lines, const QString& file, const Fault& fault) {
+void PrintFault(QTextStream& lines, const QString& file, const FileFault& fault) {
   lines << Printable(file);
   if (fault.line > 0) lines << ':' << fault.line;
   lines << ": fault: " << Printable(fault.text) << '\n';

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Console.h"
-#include "Fault.h"
+#include "FileFault.h"
 #include "model/CamProgram.h"
 
 #include <QString>
@@ -22,8 +22,8 @@ struct Dimensions {
 
 /// Reads a cam file into a program of those dimensions; the fault says why it was not read.
 /// `cutOff` tells that it was read but lacks its line END.
-std::optional<Fault> ReadCamFile(const Console& console, const QString& file,
-                                 const Dimensions& named, CamProgram& program, bool& cutOff);
+std::optional<FileFault> ReadCamFile(const Console& console, const QString& file,
+                                     const Dimensions& named, CamProgram& program, bool& cutOff);
 
 /// The same for a command that goes on with the program: prints the fault, or a remark about a
 /// missing END. False when the file was not read.
@@ -42,7 +42,7 @@ bool MayReplace(const Console& console, const QString& from, const QString& to);
 CamProgram ReadBack(CamProgram& program);
 
 /// Prints "FILE:LINE: fault: TEXT".
-void PrintFault(QTextStream& lines, const QString& file, const Fault& fault);
+void PrintFault(QTextStream& lines, const QString& file, const FileFault& fault);
 
 /// What the remark about a missing line END says.
 extern const char* const WithoutEnd;

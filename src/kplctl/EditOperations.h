@@ -16,7 +16,7 @@ class ProgramEdit;
 struct EditOperation;
 
 /// Why an operation is refused; none when it was done.
-using Refusal = std::optional<QString>;
+using EditRefusal = std::optional<QString>;
 
 /// An argument of an operation. Numbers are whole; sizes and cams count from 1.
 struct EditParameter {
@@ -34,7 +34,7 @@ struct EditOperationKind {
   const char* name;
   std::vector<EditParameter> parameters;
   const char* help;
-  Refusal (ProgramEdit::*run)(const EditOperation& operation);
+  EditRefusal (ProgramEdit::*run)(const EditOperation& operation);
 };
 
 /// One operation as it stands on the command line.

@@ -53,16 +53,16 @@ QString RecordFault(const HexLine& line, bool taken) {
 }
 
 /// Reads the file to its end or to its first fault.
-std::optional<Fault> Read(HexFile& file, HexRanges& ranges) {
-  if (!file.IsOpen()) return Fault{0, file.Error()};
+std::optional<FileFault> Read(HexFile& file, HexRanges& ranges) {
+  if (!file.IsOpen()) return FileFault{0, file.Error()};
   while (const HexLine* line = file.Next()) {
     const QString fault = line->Found == HexLine::Fault::None
                               ? RecordFault(*line, ranges.Take(*line))
                               : HexFault(*line);
-    if (!fault.isEmpty()) return Fault{line->Number, fault};
+    if (!fault.isEmpty()) return FileFault{line->Number, fault};
   }
-  if (!file.Error().isEmpty()) return Fault{0, file.Error()};
-  if (file.Totals().Lines == 0) return Fault{0, QStringLiteral("it is empty")};
+  if (!file.Error().isEmpty()) return FileFault{0, file.Error()};
+  if (file.Totals().Lines == 0) return FileFault{0, QStringLiteral("it is empty")};
   return std::nullopt;
 }
 

@@ -58,7 +58,7 @@ QString FunctionEdits::Range(const QString& range) const {
   return texts_.Text(TextNumber::OutOfRange) + range;
 }
 
-Refusal FunctionEdits::Set(const EditOperation& operation) {
+EditRefusal FunctionEdits::Set(const EditOperation& operation) {
   const FunctionField* field = FindFunctionField(operation.arguments.first());
   const std::int64_t value = operation.Wide(operation.arguments.size() - 1);
   const int largest = field->Largest(program_);
@@ -100,7 +100,7 @@ const FunctionEdits::Setting* FunctionEdits::LastOf(
   return found == settings_.rend() ? nullptr : &*found;
 }
 
-Refusal FunctionEdits::Settle() {
+EditRefusal FunctionEdits::Settle() {
   if (settings_.empty()) return std::nullopt;
   FunctionsBlock block = program_.Functions();
   if (block.AdvanceOn == 0 && Find("AdvanceOn") != nullptr && Find("AdvanceLast") == nullptr) {
@@ -113,7 +113,7 @@ Refusal FunctionEdits::Settle() {
 
 /// What the set fields contradict, in each other or in what the file had. What the file alone
 /// contradicts itself in stays as it is.
-Refusal FunctionEdits::Contradiction() const {
+EditRefusal FunctionEdits::Contradiction() const {
   const FunctionsBlock& block = program_.Functions();
   const Setting* group = LastOf({"DelayOn", "Ratio17On"});
   if (group != nullptr && block.DelayOn == 1 && block.Ratio17On == 1) {
@@ -129,7 +129,7 @@ Refusal FunctionEdits::Contradiction() const {
 }
 
 /// Writes the program as a cam file, reads it back and compares what was set.
-Refusal FunctionEdits::Lost() const {
+EditRefusal FunctionEdits::Lost() const {
   const FunctionsBlock& block = program_.Functions();
   const FunctionsBlock back = ReadBack(program_).Functions();
   for (const Setting& setting : settings_) {

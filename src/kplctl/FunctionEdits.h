@@ -19,10 +19,10 @@ class FunctionEdits {
   FunctionEdits(CamProgram& program, const MessageTable& texts)
       : program_(program), texts_(texts) {}
 
-  Refusal Set(const EditOperation& operation);
+  EditRefusal Set(const EditOperation& operation);
 
   /// Which of the operations is refused after all, and why.
-  Refusal Settle();
+  EditRefusal Settle();
 
  private:
   struct Setting {
@@ -35,8 +35,8 @@ class FunctionEdits {
   void Keep(const Setting& setting);
   const Setting* Find(const char* name) const;
   const Setting* LastOf(std::initializer_list<const char*> names) const;
-  Refusal Contradiction() const;
-  Refusal Lost() const;
+  EditRefusal Contradiction() const;
+  EditRefusal Lost() const;
   QString Range(const QString& range) const;
 
   CamProgram& program_;

@@ -79,20 +79,20 @@ MessagesReport CheckMessageFile(const QString& path) {
       text = QStringLiteral("more than %1 messages").arg(CamProgram::MaxMessages);
     }
     if (!text.isEmpty()) {
-      report.fault = Fault{report.lines, text};
+      report.fault = FileFault{report.lines, text};
       return report;
     }
     if (!IsBlank(QuotedText(*line).value_or(QString()))) ++report.texts;
   }
-  if (!lines.Error().isEmpty()) report.fault = Fault{0, lines.Error()};
-  if (tooLong) report.fault = Fault{lines.LineNumber(), TooLong()};
+  if (!lines.Error().isEmpty()) report.fault = FileFault{0, lines.Error()};
+  if (tooLong) report.fault = FileFault{lines.LineNumber(), TooLong()};
   if (!report.fault && report.lines == 0) {
-    report.fault = Fault{0, QStringLiteral("it holds no message")};
+    report.fault = FileFault{0, QStringLiteral("it holds no message")};
   }
   return report;
 }
 
-std::optional<Fault> ListMessages(const QString& path, QTextStream& out) {
+std::optional<FileFault> ListMessages(const QString& path, QTextStream& out) {
   LineReader lines(path);
   bool tooLong = false;
   int number = 0;
@@ -103,8 +103,8 @@ std::optional<Fault> ListMessages(const QString& path, QTextStream& out) {
     const QString text = QuotedText(*line).value_or(QString());
     if (IsMessageLine(*line) && !IsBlank(text)) out << Printable(ListEntry(number, text)) << '\n';
   }
-  if (tooLong) return Fault{lines.LineNumber(), TooLong()};
-  if (!lines.Error().isEmpty()) return Fault{0, lines.Error()};
+  if (tooLong) return FileFault{lines.LineNumber(), TooLong()};
+  if (!lines.Error().isEmpty()) return FileFault{0, lines.Error()};
   return std::nullopt;
 }
 

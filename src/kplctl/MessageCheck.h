@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Console.h"
-#include "Fault.h"
+#include "FileFault.h"
 
 #include <QString>
 #include <QTextStream>
@@ -15,7 +15,7 @@ namespace nira {
 struct MessagesReport {
   int lines = 0;
   int texts = 0;  ///< messages that are not blank
-  std::optional<Fault> fault;
+  std::optional<FileFault> fault;
 };
 
 /// Looks for the first thing in a message file that would not reach the programmer as it stands:
@@ -29,6 +29,6 @@ bool CheckMessages(const Console& console, const QString& file);
 
 /// Prints each message that is not blank with its number, as the windows would read it; the fault
 /// says why the file could not be read to its end.
-std::optional<Fault> ListMessages(const QString& path, QTextStream& out);
+std::optional<FileFault> ListMessages(const QString& path, QTextStream& out);
 
 }  // namespace nira

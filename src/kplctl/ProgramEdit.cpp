@@ -6,9 +6,9 @@
 
 namespace nira {
 
-Refusal ProgramEdit::Run(const std::vector<EditOperation>& operations) {
+EditRefusal ProgramEdit::Run(const std::vector<EditOperation>& operations) {
   for (const EditOperation& operation : operations) {
-    Refusal reason = RangeFault(operation);
+    EditRefusal reason = RangeFault(operation);
     if (!reason) reason = (this->*operation.kind->run)(operation);
     if (reason && reason->isEmpty()) reason = QStringLiteral("refused");  // no script, no text
     if (reason) return operation.Named() + QStringLiteral(": ") + *reason;
@@ -17,7 +17,7 @@ Refusal ProgramEdit::Run(const std::vector<EditOperation>& operations) {
 }
 
 /// Holds the sizes, cams and degrees of an operation against the program.
-Refusal ProgramEdit::RangeFault(const EditOperation& operation) const {
+EditRefusal ProgramEdit::RangeFault(const EditOperation& operation) const {
   const auto& parameters = operation.kind->parameters;
   for (std::size_t i = 0; i < parameters.size(); ++i) {
     if (!parameters[i].IsNumber()) continue;
@@ -27,7 +27,7 @@ Refusal ProgramEdit::RangeFault(const EditOperation& operation) const {
   return std::nullopt;
 }
 
-Refusal ProgramEdit::OutOfRange(const EditParameter& parameter, std::int64_t number) const {
+EditRefusal ProgramEdit::OutOfRange(const EditParameter& parameter, std::int64_t number) const {
   const auto within = [number](int least, int most) { return number >= least && number <= most; };
   const QString& text = texts_.Text(parameter.refusal);
   switch (parameter.kind) {
@@ -46,23 +46,23 @@ Refusal ProgramEdit::OutOfRange(const EditParameter& parameter, std::int64_t num
   return std::nullopt;
 }
 
-Refusal ProgramEdit::SetPhase(const EditOperation& operation) {
+EditRefusal ProgramEdit::SetPhase(const EditOperation& operation) {
   program_.SetPhase(operation.Number(0), operation.Number(1) - 1, operation.Number(2),
                     operation.Number(3));
   return std::nullopt;
 }
 
-Refusal ProgramEdit::CopySize(const EditOperation& operation) {
+EditRefusal ProgramEdit::CopySize(const EditOperation& operation) {
   nira::CopySize(program_, operation.Number(0), operation.Number(1));
   return std::nullopt;
 }
 
-Refusal ProgramEdit::EraseSize(const EditOperation& operation) {
+EditRefusal ProgramEdit::EraseSize(const EditOperation& operation) {
   program_.ClearSize(operation.Number(0));
   return std::nullopt;
 }
 
-Refusal ProgramEdit::ImportSize(const EditOperation& operation) {
+EditRefusal ProgramEdit::ImportSize(const EditOperation& operation) {
   const QString& path = operation.arguments.first();
   const ImportResult result =
       nira::ImportSize(program_, path, operation.Number(1), operation.Number(2));
@@ -81,23 +81,23 @@ Refusal ProgramEdit::ImportSize(const EditOperation& operation) {
   return std::nullopt;
 }
 
-Refusal ProgramEdit::CopyCam(const EditOperation& operation) {
+EditRefusal ProgramEdit::CopyCam(const EditOperation& operation) {
   nira::CopyCam(program_, operation.Number(0), operation.Number(1) - 1, operation.Number(2) - 1);
   return std::nullopt;
 }
 
-Refusal ProgramEdit::ShiftCam(const EditOperation& operation) {
+EditRefusal ProgramEdit::ShiftCam(const EditOperation& operation) {
   nira::ShiftCam(program_, operation.Number(0), operation.Number(1) - 1,
                  ShiftOf(operation.arguments.at(2).toStdString()));
   return std::nullopt;
 }
 
-Refusal ProgramEdit::EraseCam(const EditOperation& operation) {
+EditRefusal ProgramEdit::EraseCam(const EditOperation& operation) {
   nira::EraseCam(program_, operation.Number(0), operation.Number(1) - 1);
   return std::nullopt;
 }
 
-Refusal ProgramEdit::Describe(const EditOperation& operation) {
+EditRefusal ProgramEdit::Describe(const EditOperation& operation) {
   const QString& text = operation.arguments.at(1);
   if (text.size() > LongestDescription) return texts_.Text(TextNumber::DescriptionTooLong);
   if (const QString character = UntypableCharacter(text); !character.isEmpty()) {
@@ -107,7 +107,7 @@ Refusal ProgramEdit::Describe(const EditOperation& operation) {
   return std::nullopt;
 }
 
-Refusal ProgramEdit::SetFunction(const EditOperation& operation) {
+EditRefusal ProgramEdit::SetFunction(const EditOperation& operation) {
   return functions_.Set(operation);
 }
 

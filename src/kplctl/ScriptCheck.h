@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "Fault.h"
+#include "FileFault.h"
 
 #include <QString>
 
@@ -14,7 +14,7 @@ namespace nira {
 struct ScriptReport {
   int lines = 0;
   int texts = 0;  ///< lines that are not empty
-  std::optional<Fault> fault;
+  std::optional<FileFault> fault;
 };
 
 /// Looks for what would make a script lose characters or texts when it is read: line ends other

@@ -6,7 +6,7 @@
 namespace nira {
 
 /// What is wrong with a file, and where.
-struct Fault {
+struct FileFault {
   int line = 0;  ///< from 1; 0 when it concerns the file as a whole
   QString text;
 };
