@@ -16,9 +16,9 @@ namespace nira {
 
 namespace {
 
-MessageTransfer::Monitor MonitorOf(LineSession& session) {
-  return [&session](const QString& /*item*/) {
-    return TransferJobs(session.Line(), session.Report()).Run();
+JobMonitor MonitorOf(LineSession& session) {
+  return [&session](const Job& job) {
+    return TransferJobs(session.Line(), session.Report()).Run(job);
   };
 }
 

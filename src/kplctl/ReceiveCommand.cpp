@@ -26,8 +26,8 @@ int ReceiveProgram(LineSession& session, const Arguments& arguments) {
   const bool replaces = QFileInfo::exists(file);
   if (!MayReplace(console, {}, file)) return Console::Failed;  // before minutes on the line
   const auto reason = session.Run([&session] {
-    return SizeTransfer(session.Line()).Rc_Siz([&session] {
-      return TransferJobs(session.Line(), session.Report()).Run();
+    return SizeTransfer(session.Line()).Rc_Siz([&session](const Job& job) {
+      return TransferJobs(session.Line(), session.Report()).Run(job);
     });
   });
   if (reason) {

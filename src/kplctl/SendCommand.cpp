@@ -30,8 +30,8 @@ int VerifySent(LineSession& session, const QString& file) {
   const auto sent = std::make_unique<CamProgram>(session.Program);
   session.Program.IsSaved = true;  // nobody has to be asked: the file holds it
   const auto reason = session.Run([&session] {
-    return SizeTransfer(session.Line()).Rc_Siz([&session] {
-      return TransferJobs(session.Line(), session.Report()).Run();
+    return SizeTransfer(session.Line()).Rc_Siz([&session](const Job& job) {
+      return TransferJobs(session.Line(), session.Report()).Run(job);
     });
   });
   if (reason) {
@@ -61,9 +61,9 @@ int SendProgram(LineSession& session, const Arguments& arguments) {
   if (!OpenCamFile(console, file, {}, session.Program)) return Console::Failed;
   bool begun = false;
   const auto reason = session.Run([&session, &begun] {
-    return SizeTransfer(session.Line()).Tr_Siz([&session, &begun] {
+    return SizeTransfer(session.Line()).Tr_Siz([&session, &begun](const Job& job) {
       begun = true;
-      return TransferJobs(session.Line(), session.Report()).Run();
+      return TransferJobs(session.Line(), session.Report()).Run(job);
     });
   });
   if (reason) {

@@ -3,6 +3,7 @@
 
 #include "line/SerialLink.h"
 #include "line/TransferJobs.h"
+#include "line/WorkFile.h"
 #include "support/CamFileFixture.h"
 #include "support/Rows.h"
 #include "support/ScriptedSerial.h"
@@ -68,11 +69,10 @@ struct CommFixture {
     };
   }
 
-  /// Runs a job as the monitor does.
-  TransferEnd Run(const char* code, const QString& file = {}) {
-    settings.JobCode = QString::fromLatin1(code);
-    settings.JobFile = file;
-    return TransferJobs(comm, report).Run();
+  /// Runs a job as the monitor does, with a file of the folder.
+  TransferEnd Run(const char* code, const QString& file = QStringLiteral("_._")) {
+    WorkFile into(Path(file));
+    return TransferJobs(comm, report).Run({code, Path(file), &into});
   }
 
   QTemporaryDir folder;

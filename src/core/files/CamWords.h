@@ -11,4 +11,7 @@ inline constexpr std::string_view FunctionsWord = "FUNZIONI";
 /// What a size line holds before the two digits of its size.
 inline constexpr std::string_view SizeWords = "FORMATO N. ";
 
+/// The line, and the record, after the last size or message.
+inline constexpr std::string_view EndWord = "END";
+
 }  // namespace nira

@@ -154,6 +154,7 @@ enum class TextNumber : int {
   FlashNoEnd = 316,
   FlashKeepOn = 317,
   FlashRefused = 318,
+  WorkFileInUse = 355,
 };
 
 }  // namespace nira

@@ -20,6 +20,8 @@ struct Fault {
     CutOff,       ///< the file ends before it is complete; `Text` is its last line
     WrongCams,    ///< a program of `Found` cams where `Expected` are
     OtherSizes,   ///< a program of `Found` sizes where `Expected` are
+    InUse,        ///< another exchange works with the file
+    TooLarge,     ///< more than the file may hold
     NoSize,       ///< the file has no size of this number
     Refused,      ///< `Text` says why in words
   };

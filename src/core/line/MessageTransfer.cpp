@@ -3,34 +3,37 @@
 
 #include "line/Identity.h"
 #include "line/SerialLink.h"
-#include "line/TransferJobs.h"
+#include "line/TransferFault.h"
+#include "line/WorkFile.h"
 #include "messages/MessageFile.h"
 
 #include <QFileInfo>
 
+#include <string_view>
+
 namespace nira {
 
-TransferEnd MessageTransfer::Msg_Trans(const Choice& choose, const Monitor& showMonitor) {
+TransferEnd MessageTransfer::Msg_Trans(const Choice& choose, const JobMonitor& showMonitor) {
   const auto file = [&] { return Existing(choose()); };
-  return RunJob(TransferJobs::SendMessages, file, showMonitor);
+  return RunJob(Job::SendMessages, file, showMonitor);
 }
 
-TransferEnd MessageTransfer::Msg_Rec(const Choice& choose, const Monitor& showMonitor) {
+TransferEnd MessageTransfer::Msg_Rec(const Choice& choose, const JobMonitor& showMonitor) {
   QString path;
   const auto file = [&] { return path = Replaceable(choose()); };
-  const TransferEnd end = RunJob(TransferJobs::ReceiveMessages, file, showMonitor);
+  const TransferEnd end = RunJob(Job::ReceiveMessages, file, showMonitor);
   if (end != TransferEnd::Done) return end;
   return ReadBack(path) ? end : TransferEnd::BadFile;
 }
 
-TransferEnd MessageTransfer::Transmit(const QString& file, const Monitor& showMonitor) {
+TransferEnd MessageTransfer::Transmit(const QString& file, const JobMonitor& showMonitor) {
   return RunJob(
-      TransferJobs::SendMessages, [&file] { return file; }, showMonitor);
+      Job::SendMessages, [&file] { return file; }, showMonitor);
 }
 
-TransferEnd MessageTransfer::Receive(const QString& file, const Monitor& showMonitor) {
+TransferEnd MessageTransfer::Receive(const QString& file, const JobMonitor& showMonitor) {
   return RunJob(
-      TransferJobs::ReceiveMessages, [&file] { return file; }, showMonitor);
+      Job::ReceiveMessages, [&file] { return file; }, showMonitor);
 }
 
 /// The path when a file can be sent from it, otherwise none.
@@ -53,7 +56,7 @@ QString MessageTransfer::Replaceable(const QString& chosen) {
 
 /// The exchange around a job; the port is closed afterwards.
 TransferEnd MessageTransfer::RunJob(const char* code, const Choice& choose,
-                                    const Monitor& showMonitor) {
+                                    const JobMonitor& showMonitor) {
   const CommLock lock(comm_);
   if (!lock.Taken()) return TransferEnd::Busy;
   const auto identity = AskBeforeMessages(comm_);
@@ -63,13 +66,21 @@ TransferEnd MessageTransfer::RunJob(const char* code, const Choice& choose,
   if (file.isEmpty()) {
     comm_.Ask.MsgBox(comm_.Text(TextNumber::MessageFileNotFound), Buttons::Ok, Icon::Critical);
   } else {
-    const QString work = QString::fromLatin1(MessageFile::WorkName);
-    comm_.Settings.JobCode = QString::fromLatin1(code);
-    comm_.Settings.JobFile = file == comm_.Folder.Find(work) ? work : file;
-    end = showMonitor(*identity);
+    const bool receives = std::string_view(code) == Job::ReceiveMessages;
+    WorkFile into(file);
+    const Refusal refusal = receives ? KeepOld(file) : Refusal();
+    end = refusal ? TellFault(comm_, *refusal) : showMonitor({code, file, &into, *identity});
   }
   const bool closed = SerialLink(comm_).ClosePort();
   return closed || end != TransferEnd::Done ? end : TransferEnd::PortError;
+}
+
+/// A file of the operator's that a reception replaces stays beside it.
+Refusal MessageTransfer::KeepOld(const QString& path) const {
+  if (path == comm_.Folder.Find(QString::fromLatin1(MessageFile::WorkName))) return std::nullopt;
+  const QString reason = comm_.Writer.KeepOld(path);
+  if (reason.isEmpty()) return std::nullopt;
+  return Fault{.What = Fault::Kind::CannotWrite, .Path = path, .Text = reason};
 }
 
 /// What was received differs from what the message editor opened or saved last.

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "line/Comm.h"
+#include "ground/Result.h"
+#include "line/Job.h"
 
 #include <QString>
 
@@ -18,26 +19,24 @@ class MessageTransfer {
   /// Path of the message file, asked of the operator once the programmer has answered; empty when
   /// there is none.
   using Choice = std::function<QString()>;
-  /// Runs the job of `JobCode`: shows the communication monitor, with the programmer's identity in
-  /// its item line, until the job has ended. Returns the job's end.
-  using Monitor = std::function<TransferEnd(const QString& item)>;
 
   explicit MessageTransfer(Comm& comm) : comm_(comm) {}
 
   /// Alarm message transmit.
-  TransferEnd Msg_Trans(const Choice& choose, const Monitor& showMonitor);
+  TransferEnd Msg_Trans(const Choice& choose, const JobMonitor& showMonitor);
 
   /// Alarm message receive: the messages that came replace those of the same number, the others
   /// stay.
-  TransferEnd Msg_Rec(const Choice& choose, const Monitor& showMonitor);
+  TransferEnd Msg_Rec(const Choice& choose, const JobMonitor& showMonitor);
 
   /// The exchange alone, with a file that is known, as the message editor does it with its work
   /// file.
-  TransferEnd Transmit(const QString& file, const Monitor& showMonitor);
-  TransferEnd Receive(const QString& file, const Monitor& showMonitor);
+  TransferEnd Transmit(const QString& file, const JobMonitor& showMonitor);
+  TransferEnd Receive(const QString& file, const JobMonitor& showMonitor);
 
  private:
-  TransferEnd RunJob(const char* code, const Choice& choose, const Monitor& showMonitor);
+  TransferEnd RunJob(const char* code, const Choice& choose, const JobMonitor& showMonitor);
+  Refusal KeepOld(const QString& path) const;
   QString Existing(const QString& path) const;
   QString Replaceable(const QString& chosen);
   bool ReadBack(const QString& path);

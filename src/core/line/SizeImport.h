@@ -2,29 +2,28 @@
 #pragma once
 
 #include "files/LineReader.h"
-#include "line/Comm.h"
+#include "ground/Result.h"
+#include "model/CamProgram.h"
 
 #include <string_view>
 
 namespace nira {
 
-/// Takes a received program from the work file over into the cam program: functions, descriptions
-/// and sizes, all of it or nothing.
+/// Takes a received program over into the cam program: functions, descriptions and sizes, all of it
+/// or nothing.
 class SizeImport {
  public:
-  explicit SizeImport(Comm& comm) : comm_(comm) {}
+  explicit SizeImport(CamProgram& program) : program_(program) {}
 
-  /// `Done`: the program is the received one, size 1 and cam 1 selected, unsaved. Otherwise it is
-  /// as it was, after a message; a missing or empty file alone is passed over without one.
-  TransferEnd Import();
+  /// `received` is what came, line by line. Without a fault the program is the received one, size 1
+  /// and cam 1 selected, unsaved. Otherwise it is as it was: the fault is `WrongCams`, with the
+  /// characters that should be the number in `Text`, or `BadLine`.
+  Refusal Import(std::string_view received);
 
  private:
-  TransferEnd CheckHeader(LineReader& lines);
-  TransferEnd ReadInto(CamProgram& program, LineReader& lines);
-  TransferEnd ReadSizes(CamProgram& program, LineReader& lines, std::string line);
-  TransferEnd BadLine(std::string_view line);
+  Refusal CheckHeader(LineReader& lines) const;
 
-  Comm& comm_;
+  CamProgram& program_;
 };
 
 }  // namespace nira

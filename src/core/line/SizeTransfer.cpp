@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "line/SizeTransfer.h"
 
+#include "line/Identity.h"
 #include "line/SerialLink.h"
 #include "line/SizeImport.h"
-#include "line/TransferJobs.h"
+#include "line/TransferFault.h"
+#include "line/WorkFile.h"
+
+#include <QDir>
 
 #include <memory>
 
@@ -36,28 +40,30 @@ bool UsesMore(const CamProgram& program, int sizes, int cams) {
   return UsesFunctionsAbove(program, cams);
 }
 
-TransferEnd SizeTransfer::Tr_Siz(const Monitor& showMonitor) {
-  return RunJob(TransferJobs::SendSizes, showMonitor);
+TransferEnd SizeTransfer::Tr_Siz(const JobMonitor& showMonitor) {
+  return RunJob({Job::SendSizes}, showMonitor);
 }
 
-TransferEnd SizeTransfer::Rc_Siz(const Monitor& showMonitor) {
+TransferEnd SizeTransfer::Rc_Siz(const JobMonitor& showMonitor) {
   if (!comm_.Busy && !comm_.Program.IsSaved &&
       comm_.Ask.MsgBox(comm_.Text(TextNumber::NotSaved), Buttons::OkCancel, Icon::Exclamation) !=
           Answer::Ok) {
     return TransferEnd::Cancelled;
   }
-  const TransferEnd end = RunJob(TransferJobs::ReceiveSizes, showMonitor);
-  return end == TransferEnd::Done ? SizeImport(comm_).Import() : end;
+  WorkFile file(QDir(comm_.Folder.Path()).filePath(QString::fromLatin1(WorkFile::Sizes)));
+  const TransferEnd end = RunJob({.JobCode = Job::ReceiveSizes, .Into = &file}, showMonitor);
+  if (end != TransferEnd::Done) return end;
+  const Refusal refusal = SizeImport(comm_.Program).Import(file.Content().toStdString());
+  return refusal ? TellFault(comm_, *refusal) : end;
 }
 
 /// The exchange around a job; the port is closed afterwards.
-TransferEnd SizeTransfer::RunJob(const char* code, const Monitor& showMonitor) {
+TransferEnd SizeTransfer::RunJob(const Job& job, const JobMonitor& showMonitor) {
   const CommLock lock(comm_);
   if (!lock.Taken()) return TransferEnd::Busy;
   TransferEnd end = Prepare();
   if (end == TransferEnd::Done) {
-    comm_.Settings.JobCode = QString::fromLatin1(code);
-    end = showMonitor();
+    end = showMonitor(job);
   }
   const bool closed = SerialLink(comm_).ClosePort();
   return closed || end != TransferEnd::Done ? end : TransferEnd::PortError;

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "line/Comm.h"
-#include "line/Identity.h"
+#include "line/Job.h"
 
-#include <functional>
+#include <string>
 
 namespace nira {
 
@@ -14,21 +13,17 @@ namespace nira {
 /// whatever their end, and `Undo` disabled after a `Done` reception.
 class SizeTransfer {
  public:
-  /// Runs the job of `JobCode`: shows the communication monitor until the job has ended, or runs
-  /// `TransferJobs` at once. Returns the job's end.
-  using Monitor = std::function<TransferEnd()>;
-
   explicit SizeTransfer(Comm& comm) : comm_(comm) {}
 
   /// Size transmit.
-  TransferEnd Tr_Siz(const Monitor& showMonitor);
+  TransferEnd Tr_Siz(const JobMonitor& showMonitor);
 
   /// Size receive: asks first when unsaved work would be replaced. Only a program that came whole
   /// replaces the present one.
-  TransferEnd Rc_Siz(const Monitor& showMonitor);
+  TransferEnd Rc_Siz(const JobMonitor& showMonitor);
 
  private:
-  TransferEnd RunJob(const char* code, const Monitor& showMonitor);
+  TransferEnd RunJob(const Job& job, const JobMonitor& showMonitor);
   TransferEnd Prepare();
   TransferEnd TakeLimits(const std::string& reply);
   bool MayCut(const CamProgram& before);

@@ -7,10 +7,9 @@
 #include "ground/Text.h"
 #include "line/SerialLink.h"
 #include "line/Timings.h"
+#include "line/TransferFault.h"
 #include "line/WireFunctions.h"
-#include "messages/MessageFile.h"
-
-#include <QDir>
+#include "line/WorkFile.h"
 
 #include <algorithm>
 
@@ -18,7 +17,6 @@ namespace nira {
 
 namespace {
 
-constexpr std::string_view endRecord = "END";
 constexpr std::size_t numberAt = 2;  // where the number of a message stands in its line, from 0
 
 std::string_view From(std::string_view text, std::size_t position) {
@@ -41,7 +39,7 @@ QByteArray Raw(std::string_view text) {
 
 }  // namespace
 
-TransferEnd TransferJobs::Run() {
+TransferEnd TransferJobs::Run(const Job& job) {
   SerialLink link(comm_);
   if (!link.OpenPort()) return TransferEnd::PortError;
   try {
@@ -50,19 +48,19 @@ TransferEnd TransferJobs::Run() {
                   QStringLiteral("   360"));
     percent_ = 0;
     report_.Progress(percent_);
-    return Dispatch();
+    return Dispatch(job);
   } catch (const SerialError& error) {
     link.Report(error);
     return TransferEnd::PortError;
   }
 }
 
-TransferEnd TransferJobs::Dispatch() {
-  const QString& code = comm_.Settings.JobCode;
-  if (code == QLatin1String(SendSizes)) return RunSendSizes();
-  if (code == QLatin1String(ReceiveSizes)) return RunReceiveSizes();
-  if (code == QLatin1String(SendMessages)) return RunSendMessages();
-  if (code == QLatin1String(ReceiveMessages)) return RunReceiveMessages();
+TransferEnd TransferJobs::Dispatch(const Job& job) {
+  const std::string_view code = job.JobCode;
+  if (code == Job::SendSizes) return RunSendSizes();
+  if (code == Job::ReceiveSizes) return RunReceiveSizes(*job.Into);
+  if (code == Job::SendMessages) return RunSendMessages(job.File);
+  if (code == Job::ReceiveMessages) return RunReceiveMessages(*job.Into);
   return TransferEnd::Done;
 }
 
@@ -81,7 +79,7 @@ TransferEnd TransferJobs::RunSendSizes() {
   report_.Label1(QStringLiteral("TRASMISSIONE IN CORSO"));
   comm_.Port.Handshaking(SerialControl::HandshakeNone);
   comm_.Port.InputLen(SerialControl::AllInput);
-  wire_.SendCommand(SendSizes);
+  wire_.SendCommand(Job::SendSizes);
   comm_.Time.Pause(Timings::AfterCommand, Yield::Painting);
   for (const std::string& record : FunctionsRecords(comm_.Program)) SendRecord(record);
   const int sizes = comm_.Program.NumSizes();
@@ -90,7 +88,7 @@ TransferEnd TransferJobs::RunSendSizes() {
     Progress(size, sizes);
     SendSize(size);
   }
-  SendRecord(endRecord);
+  SendRecord(EndWord);
   return end_;
 }
 
@@ -111,14 +109,13 @@ void TransferJobs::SendSize(int size) {
   }
 }
 
-TransferEnd TransferJobs::RunReceiveSizes() {
+TransferEnd TransferJobs::RunReceiveSizes(WorkFile& file) {
   report_.Label1(QStringLiteral("RICEZIONE IN CORSO"));
-  const QString path = QDir(comm_.Folder.Path()).filePath(QString::fromLatin1(WorkFile::Sizes));
-  if (!CreateWorkFile(path)) return TransferEnd::NoFile;
+  if (!Write(file.Create())) return end_;
   comm_.Port.DiscardInput();
   comm_.Port.Handshaking(SerialControl::HandshakeNone);
   comm_.Port.InputLen(SerialControl::OneCharacter);
-  wire_.SendCommand(ReceiveSizes);
+  wire_.SendCommand(Job::ReceiveSizes);
   comm_.Time.Pause(Timings::AfterCommand, Yield::Painting);
   while (true) {
     const std::string record = wire_.ReceiveFrame();
@@ -127,8 +124,8 @@ TransferEnd TransferJobs::RunReceiveSizes() {
       Item(TextNumber::Receiving, FromBytes(record));
       Progress(NumericValue(Tail(record, 2)), comm_.Program.NumSizes());
     }
-    if (!Write(record)) return end_;
-    if (record == endRecord) return TransferEnd::Done;
+    if (!Write(file.Add(record))) return end_;
+    if (record == EndWord) return TransferEnd::Done;
   }
 }
 
@@ -139,20 +136,19 @@ TransferEnd TransferJobs::Broken() {
   return TransferEnd::TimedOut;
 }
 
-TransferEnd TransferJobs::RunSendMessages() {
+TransferEnd TransferJobs::RunSendMessages(const QString& path) {
   report_.Label1(comm_.Text(TextNumber::SendingMessages));
   report_.Label2({});
-  LineReader lines(JobPath());
+  LineReader lines(path);
   if (!lines.IsOpen()) {
-    TellFile(TextNumber::CannotRead, JobPath(), lines.Error());
-    return TransferEnd::NoFile;
+    return TellFault(comm_, {.What = Fault::Kind::CannotRead, .Path = path, .Text = lines.Error()});
   }
   auto line = lines.Next();
   if (!line || !line->starts_with('N') || lines.Overlong()) {
     TellBadFile();
     return TransferEnd::BadFile;
   }
-  wire_.SendCommand(SendMessages);
+  wire_.SendCommand(Job::SendMessages);
   comm_.Time.Pause(Timings::AfterCommand, Yield::Painting);
   while (line && !lines.Overlong() && SendMessageLine(*line)) line = lines.Next();
   if (lines.Overlong() || !lines.Error().isEmpty()) {
@@ -160,26 +156,26 @@ TransferEnd TransferJobs::RunSendMessages() {
     end_ = TransferEnd::BadFile;
   }
   comm_.Time.Pause(Timings::BeforeEnd, Yield::Painting);
-  comm_.Port.Output(Raw(endRecord) + '\r');
+  comm_.Port.Output(Raw(EndWord) + '\r');
   return end_;
 }
 
 /// Sends the message of a line; false at the line that ends the file.
 bool TransferJobs::SendMessageLine(std::string_view line) {
-  if (line.starts_with(endRecord)) return false;
+  if (line.starts_with(EndWord)) return false;
   constexpr int wholeFile = 255;
   comm_.Port.Output(Raw(MessageRecord(line)));
   Progress(NumericValue(From(line, numberAt)), wholeFile);
   return true;
 }
 
-TransferEnd TransferJobs::RunReceiveMessages() {
+TransferEnd TransferJobs::RunReceiveMessages(WorkFile& file) {
   report_.Label1(comm_.Text(TextNumber::ReceivingMessages));
-  if (!KeepOld(JobPath()) || !CreateWorkFile(JobPath())) return TransferEnd::NoFile;
+  if (!Write(file.Create())) return end_;
   comm_.Port.DiscardInput();
   comm_.Port.Handshaking(SerialControl::HandshakeNone);
   comm_.Port.InputLen(SerialControl::OneCharacter);
-  wire_.SendCommand(ReceiveMessages);
+  wire_.SendCommand(Job::ReceiveMessages);
   comm_.Time.Pause(Timings::AfterReceiveMessages, Yield::Painting);
   while (true) {
     const std::string record = wire_.ReceiveFrame();
@@ -188,47 +184,21 @@ TransferEnd TransferJobs::RunReceiveMessages() {
       Item(TextNumber::Receiving, FromBytes(number));
       Progress(NumericValue(number), comm_.Program.NumMessages());
     }
-    if (!Write(record)) return end_;
-    if (record == endRecord) return TransferEnd::Done;
+    if (!Write(file.Add(record))) return end_;
+    if (record == EndWord) return TransferEnd::Done;
   }
 }
 
-/// A file of the operator's that a reception replaces stays beside it.
-bool TransferJobs::KeepOld(const QString& path) {
-  if (comm_.Settings.JobFile == QLatin1String(MessageFile::WorkName)) return true;
-  const QString reason = comm_.Writer.KeepOld(path);
-  if (!reason.isEmpty()) TellFile(TextNumber::CannotWrite, path, reason);
-  return reason.isEmpty();
-}
-
-bool TransferJobs::CreateWorkFile(const QString& path) {
-  const bool created = file_.Create(path);
-  if (!created) TellFile(TextNumber::CannotWrite, path, file_.Error());
-  return created;
-}
-
-/// Adds a record to the file; when that fails it is told and `end_` says why.
-bool TransferJobs::Write(std::string_view record) {
-  if (file_.Add(record)) return true;
-  if (file_.Error().isEmpty()) {
-    end_ = Broken();
-  } else {
-    TellFile(TextNumber::CannotWrite, file_.Path(), file_.Error());
-    end_ = TransferEnd::NoFile;
-  }
+/// True when the work file took what it was to take; otherwise that is told and `end_` says why.
+bool TransferJobs::Write(const Refusal& refusal) {
+  if (!refusal) return true;
+  const bool full = refusal->What == Fault::Kind::TooLarge;
+  end_ = full ? Broken() : TellFault(comm_, *refusal);
   return false;
-}
-
-void TransferJobs::TellFile(TextNumber what, const QString& path, const QString& reason) {
-  comm_.Ask.MsgBox(comm_.Text(what) + u'\n' + path + u'\n' + reason, Buttons::Ok, Icon::Critical);
 }
 
 void TransferJobs::TellBadFile() {
   comm_.Ask.MsgBox(comm_.Text(TextNumber::BadFile), Buttons::Ok, Icon::Critical);
-}
-
-QString TransferJobs::JobPath() const {
-  return QDir(comm_.Folder.Path()).filePath(comm_.Settings.JobFile);
 }
 
 }  // namespace nira

@@ -30,10 +30,6 @@ struct Globals {
   bool MsgSaved = true;
   /// Font of the printed alarm messages, in the form of QFont's `toString`.
   QString MsgFont = QStringLiteral("Arial");
-  /// What the communication monitor has to do: "?FW", "?FR", "?AW" or "?AR".
-  QString JobCode = {};
-  /// The message file that "?AW" sends or "?AR" fills; a bare name is one of the working folder.
-  QString JobFile = {};
 };
 
 }  // namespace nira

@@ -44,26 +44,28 @@ TransferEnd LineCommands::Exchange(Moves what, TextNumber done,
   return end;
 }
 
-TransferEnd LineCommands::ShowMonitor(const QString& item) {
+TransferEnd LineCommands::ShowMonitor(const Job& job) {
   QWidget* above = QApplication::activeModalWidget();
-  return Monit_Com(instance_, above != nullptr ? above : window_).Run(item);
+  return Monit_Com(instance_, above != nullptr ? above : window_).Run(job);
 }
 
 void LineCommands::Tr_Siz_Click() {
-  Exchange(Moves::ProgramOut, TextNumber::Transmitted,
-           [this] { return SizeTransfer(instance_).Tr_Siz([this] { return ShowMonitor({}); }); });
+  Exchange(Moves::ProgramOut, TextNumber::Transmitted, [this] {
+    return SizeTransfer(instance_).Tr_Siz([this](const Job& job) { return ShowMonitor(job); });
+  });
 }
 
 void LineCommands::Rc_Siz_Click() {
-  Exchange(Moves::ProgramIn, TextNumber::Received,
-           [this] { return SizeTransfer(instance_).Rc_Siz([this] { return ShowMonitor({}); }); });
+  Exchange(Moves::ProgramIn, TextNumber::Received, [this] {
+    return SizeTransfer(instance_).Rc_Siz([this](const Job& job) { return ShowMonitor(job); });
+  });
 }
 
 void LineCommands::Msg_Trans_Click() {
   Exchange(Moves::Messages, TextNumber::Transmitted, [this] {
     return MessageTransfer(instance_).Msg_Trans(
         [this] { return ChooseMessages(TextNumber::TransmitMessagesTitle, false); },
-        [this](const QString& item) { return ShowMonitor(item); });
+        [this](const Job& job) { return ShowMonitor(job); });
   });
 }
 
@@ -71,7 +73,7 @@ void LineCommands::Msg_Rec_Click() {
   Exchange(Moves::Messages, TextNumber::Received, [this] {
     return MessageTransfer(instance_).Msg_Rec(
         [this] { return ChooseMessages(TextNumber::ReceiveMessagesTitle, true); },
-        [this](const QString& item) { return ShowMonitor(item); });
+        [this](const Job& job) { return ShowMonitor(job); });
   });
 }
 
@@ -83,14 +85,14 @@ void LineCommands::Upd_Flash_Click() {
 bool LineCommands::TransmitMessages(const QString& file) {
   return Exchange(Moves::Messages, TextNumber::Transmitted, [this, &file] {
            return MessageTransfer(instance_).Transmit(
-               file, [this](const QString& item) { return ShowMonitor(item); });
+               file, [this](const Job& job) { return ShowMonitor(job); });
          }) == TransferEnd::Done;
 }
 
 bool LineCommands::ReceiveMessages(const QString& file) {
   return Exchange(Moves::Messages, TextNumber::Received, [this, &file] {
            return MessageTransfer(instance_).Receive(
-               file, [this](const QString& item) { return ShowMonitor(item); });
+               file, [this](const Job& job) { return ShowMonitor(job); });
          }) == TransferEnd::Done;
 }
 

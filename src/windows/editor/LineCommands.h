@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/Instance.h"
+#include "line/Job.h"
 #include "line/PortNames.h"
 
 #include <QObject>
@@ -52,7 +53,7 @@ class LineCommands : public QObject {
  private:
   enum class Moves { Messages, Firmware, ProgramOut, ProgramIn };
   TransferEnd Exchange(Moves what, TextNumber done, const std::function<TransferEnd()>& exchange);
-  TransferEnd ShowMonitor(const QString& item);
+  TransferEnd ShowMonitor(const Job& job);
   QString ChooseMessages(TextNumber title, bool save);
 
   Instance& instance_;

@@ -66,12 +66,13 @@ Monit_Com::Monit_Com(Comm& comm, QWidget* parent)
   layout->addStretch();
 }
 
-TransferEnd Monit_Com::Run(const QString& item) {
+TransferEnd Monit_Com::Run(const Job& job) {
   const PlainPointer pointer;  // a transfer may take minutes
+  job_ = job;
   begun_ = false;
   end_ = TransferEnd::Done;
   Label1({});
-  Label2(item);
+  Label2(job.Item);
   Progress(0);
   simulated_->Show(comm_.Port.IsSimulated());
   exec();
@@ -120,7 +121,7 @@ void Monit_Com::Form_Activate() {
 }
 
 void Monit_Com::RunJob() {
-  end_ = TransferJobs(comm_, *this).Run();
+  end_ = TransferJobs(comm_, *this).Run(job_);
   // A box may just have closed: some desktops lose the focus when the window that is to get it
   // closes at once.
   QTimer::singleShot(end_ == TransferEnd::Done ? 0 : focusReturns, this, &QDialog::accept);

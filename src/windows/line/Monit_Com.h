@@ -2,7 +2,7 @@
 #pragma once
 
 #include "controls/SimulatedSign.h"
-#include "line/Comm.h"
+#include "line/Job.h"
 #include "line/ProgressPicture.h"
 #include "line/TransferReport.h"
 
@@ -19,9 +19,9 @@ class Monit_Com : public QDialog, public TransferReport {
  public:
   Monit_Com(Comm& comm, QWidget* parent);
 
-  /// Shows the window with `item` in `Label2` and runs the job of `JobCode` once, as soon as the
-  /// window is active. Returns how the job ended.
-  TransferEnd Run(const QString& item = {});
+  /// Shows the window with the job's item in `Label2` and runs the job once, as soon as the window
+  /// is active. Returns how it ended.
+  TransferEnd Run(const Job& job);
 
   void Title(const QString& text) override;
   void Label1(const QString& text) override;
@@ -45,6 +45,7 @@ class Monit_Com : public QDialog, public TransferReport {
   QLabel* label2_;
   SimulatedSign* simulated_;
   ProgressPicture* picture1_;
+  Job job_;
   bool begun_ = false;
   TransferEnd end_ = TransferEnd::Done;
 };

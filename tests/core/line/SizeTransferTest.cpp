@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "line/Identity.h"
 #include "line/SizeTransfer.h"
 #include "support/CommFixture.h"
 
@@ -41,8 +42,8 @@ struct TransferFixture : CommFixture {
         .arg(program.NumSizes())
         .arg(program.NumMessages());
   }
-  SizeTransfer::Monitor Monitor() {
-    return [this] { return TransferJobs(comm, report).Run(); };
+  JobMonitor Monitor() {
+    return [this](const Job& job) { return TransferJobs(comm, report).Run(job); };
   }
   void Receive(const QByteArray& records, const QByteArray& identity = qx32) {
     QByteArrayList frames = records.split('|');
@@ -214,7 +215,6 @@ class SizeTransferTest : public QObject {
     QVERIFY(out.startsWith(begin));
     QVERIFY(out.endsWith(Frames({"F22", "END"})));
     QVERIFY(!f.serial.PortOpen() && !f.comm.Busy);
-    QCOMPARE(f.settings.JobCode, u"?FW"_qs);
     QCOMPARE(f.settings.CurrentFile, u"press.CAM"_qs);
   }
 
@@ -236,7 +236,7 @@ class SizeTransferTest : public QObject {
     f.prompts.AnswerEverything(false);
     f.Identify({identity});
     SizeTransfer transfer(f.comm);
-    const auto monitor = [] {
+    const auto monitor = [](const Job&) {
       QTest::qFail("the monitor ran", __FILE__, __LINE__);
       return TransferEnd::Done;
     };

@@ -28,13 +28,13 @@ struct MonitorFixture : CommFixture {
   MonitorFixture() { monitor.findChild<QWidget*>(u"Picture1"_qs)->installEventFilter(&screen); }
 
   TransferEnd Run(const char* code, const QString& item = {}) {
-    settings.JobCode = QString::fromLatin1(code);
     serial.Device = [this, device = serial.Device](const QByteArray& out) {
       Look();
       if (OnOutput) OnOutput();
       device(out);
     };
-    return monitor.Run(item);
+    WorkFile into(Path(u"_._"_qs));
+    return monitor.Run({code, {}, &into, item});
   }
 
   void Look() {
@@ -107,11 +107,10 @@ class MonitComTest : public QObject {
     QCOMPARE(f.serial.Written.count("?FW"), 1);
     f.serial.GoneAfter(60);
     f.prompts.Expect();
-    QCOMPARE(f.monitor.Run(), TransferEnd::PortError);
+    QCOMPARE(f.monitor.Run({Job::SendSizes}), TransferEnd::PortError);
     QCOMPARE(f.serial.Written.count("?FW"), 2);
     f.serial.Written.clear();
-    f.settings.JobCode = u"?XX"_qs;
-    QCOMPARE(f.monitor.Run(), TransferEnd::Done);
+    QCOMPARE(f.monitor.Run({"?XX"}), TransferEnd::Done);
     QVERIFY(f.serial.Written.isEmpty());
   }
 };
