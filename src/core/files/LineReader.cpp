@@ -47,16 +47,6 @@ bool LineReader::Refill() {
   return true;
 }
 
-void LineReader::Rewind() {
-  begin_ = 0;
-  lineNumber_ = 0;
-  overlong_ = false;
-  if (!file_.isOpen()) return;  // all that there is stands in memory
-  end_ = 0;
-  fileDone_ = !file_.seek(0);
-  if (fileDone_) error_ = file_.errorString();
-}
-
 void LineReader::Close() {
   file_.close();
   begin_ = end_;

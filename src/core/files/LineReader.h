@@ -37,9 +37,6 @@ class LineReader {
     ++lineNumber_;
   }
 
-  /// Begins again with the first line of the same file, whatever stands under its name by now.
-  void Rewind();
-
   /// Gives the file back to the system; no line comes after it.
   void Close();
 

@@ -155,6 +155,7 @@ enum class TextNumber : int {
   FlashKeepOn = 317,
   FlashRefused = 318,
   WorkFileInUse = 355,
+  FlashTooLarge = 375,
 };
 
 }  // namespace nira

@@ -58,6 +58,8 @@ TransferEnd FlashUpdate::Test() {
       ShowTested(line->Number);
       return TellFault(*line);
     }
+    if (lines_.size() + line->Text.size() >= MostText) return TellTooLarge();
+    lines_.append(line->Text) += '\r';
     if (line->Number % linesBetweenLooks == 0 && comm_.Time.Now() - shown >= Clock::Slice) {
       ShowTested(line->Number);
       comm_.Time.Pause(1, Yield::Painting);
@@ -66,8 +68,8 @@ TransferEnd FlashUpdate::Test() {
   }
   ShowTested(file_.Totals().Lines);
   if (!file_.Error().isEmpty()) return TellUnreadable();
-  tested_ = file_.Totals();
-  if (tested_.Lines == 0) return TellUnusable();
+  if (lines_.empty()) return TellUnusable();
+  file_.Close();
   ShowFile();
   return TransferEnd::Done;
 }
@@ -82,12 +84,12 @@ void FlashUpdate::ShowTested(int line) {
 /// What the tested file holds.
 void FlashUpdate::ShowFile() {
   report_.Show(FlashLine::File, QStringLiteral("WORKING FILE =") + QFileInfo(path_).fileName() +
-                                    QStringLiteral(" (") + QString::number(tested_.Bytes) +
+                                    QStringLiteral(" (") + QString::number(file_.Totals().Bytes) +
                                     QStringLiteral(" bytes)"));
   const ProgramIdentity program = file_.Program();
   report_.Show(FlashLine::Program, QStringLiteral(" CRC Prog:  ") + program.Checksum +
                                        QStringLiteral("  Date Prog: ") + program.Date);
-  if (tested_.EndRecords == 0) {
+  if (file_.Totals().EndRecords == 0) {
     report_.Show(FlashLine::Message, comm_.Text(TextNumber::FlashNoEnd));
   }
 }
@@ -137,29 +139,24 @@ TransferEnd FlashUpdate::Start() {
   return WaitFor({&Codes::Ack, 1}) == Codes::Ack ? TransferEnd::Done : TellTimeout();
 }
 
-/// Sends the file, from its start: first the lines that carry data, then the others, so that the
-/// end record goes last. It goes only when the file is still the one that was tested.
+/// Sends first the lines that carry data, then the others, so that the end record goes last.
 TransferEnd FlashUpdate::Transfer() {
-  file_.Rewind();
-  TransferEnd end = SendLines(false);
-  if (end == TransferEnd::Done && file_.Totals() != tested_) end = TellUnusable();
-  if (end == TransferEnd::Done && tested_.WithoutData > 0) {
-    file_.Rewind();
-    end = SendLines(true);
-  }
-  if (end != TransferEnd::Done) return end;
+  if (!SendLines(true) || !SendLines(false)) return TellTimeout();
   Progress();
   report_.Show(FlashLine::Message, QStringLiteral("DEVICE UPDATED WITH  ") + path_);
   comm_.Time.Pause(Timings::FlashEnd, Yield::Events);
-  return end;
+  return TransferEnd::Done;
 }
 
-TransferEnd FlashUpdate::SendLines(bool withoutData) {
-  while (const HexLine* line = file_.Next()) {
-    if (line->Found != HexLine::Fault::None) return TellFault(*line);
-    if ((line->Bytes() == 0) == withoutData && !SendLine(*line)) return TellTimeout();
+/// Sends the lines with data, or those without; false when one is not answered.
+bool FlashUpdate::SendLines(bool withData) {
+  HexLine line;
+  for (std::string_view rest = lines_; !rest.empty(); rest.remove_prefix(line.Text.size() + 1)) {
+    line.Text = rest.substr(0, rest.find('\r'));
+    ++line.Number;
+    if ((line.Bytes() > 0) == withData && !SendLine(line)) return false;
   }
-  return file_.Error().isEmpty() ? TransferEnd::Done : TellUnreadable();
+  return true;
 }
 
 /// Sends a line until the programmer takes it; false when it does not answer.
@@ -204,7 +201,7 @@ void FlashUpdate::ShowSent(const HexLine& line, int refused) {
 
 void FlashUpdate::Progress() {
   const int percent = static_cast<int>(
-      std::min<std::int64_t>(static_cast<std::int64_t>(sent_) * 100 / tested_.Lines, 100));
+      std::min<std::int64_t>(static_cast<std::int64_t>(sent_) * 100 / file_.Totals().Lines, 100));
   if (percent != percent_) report_.Progress(percent);
   percent_ = percent;
 }
@@ -214,6 +211,11 @@ TransferEnd FlashUpdate::TellFault(const HexLine& line) {
     report_.Show(FlashLine::Message,
                  QStringLiteral("PARITY ERROR IN LINE ") + QString::number(line.Number));
   }
+  return TellUnusable();
+}
+
+TransferEnd FlashUpdate::TellTooLarge() {
+  report_.Show(FlashLine::Message, comm_.Text(TextNumber::FlashTooLarge));
   return TellUnusable();
 }
 
@@ -231,7 +233,6 @@ TransferEnd FlashUpdate::TellUnreadable() {
 
 /// What the programmer did not take never will go out: closing the port need not wait for it.
 TransferEnd FlashUpdate::TellTimeout() {
-  file_.Close();
   comm_.Port.DiscardOutput();
   comm_.Ask.MsgBox(QStringLiteral("TIMEOUT SERIAL PORT "), Buttons::Ok, Icon::None);
   return TransferEnd::TimedOut;

@@ -7,11 +7,13 @@
 #include "line/Wire.h"
 
 #include <cstdint>
+#include <string>
 
 namespace nira {
 
 /// Replaces the programmer's firmware by the content of a firmware file: tests all of the file,
-/// asks, and sends it line by line.
+/// asks, and sends what it has tested line by line. What happens to the file by then is nothing to
+/// the programmer, whose old firmware is gone with the first line.
 class FlashUpdate {
  public:
   static constexpr const char* Command = ":FU";
@@ -19,7 +21,10 @@ class FlashUpdate {
   /// The programmer takes firmware at this speed, whatever the settings say.
   static constexpr const char* LineSettings = "19200,n,8,1";
 
-  /// Opens the file at `path`; it stays open as long as this stands.
+  /// Bytes of a file that can be kept from its test to its end: more than two hours of the
+  /// line, and many times the memory of a programmer.
+  static constexpr std::size_t MostText = 16U << 20U;
+
   FlashUpdate(Comm& comm, FlashReport& report, const QString& path);
 
   /// Runs the update to its end. Everything that went wrong has been told; the port is closed,
@@ -35,7 +40,7 @@ class FlashUpdate {
   bool WaitUntilReady();
   TransferEnd Start();
   TransferEnd Transfer();
-  TransferEnd SendLines(bool withoutData);
+  bool SendLines(bool withData);
   bool SendLine(const HexLine& line);
   char WaitFor(std::string_view replies);
   void ShowTested(int line);
@@ -43,6 +48,7 @@ class FlashUpdate {
   void ShowFile();
   void Progress();
   TransferEnd TellFault(const HexLine& line);
+  TransferEnd TellTooLarge();
   TransferEnd TellUnusable();
   TransferEnd TellUnreadable();
   TransferEnd TellTimeout();
@@ -51,7 +57,7 @@ class FlashUpdate {
   FlashReport& report_;
   QString path_;
   HexFile file_;
-  HexTotals tested_;
+  std::string lines_;           // as they were tested, each with the CR that ends it on the line
   int sent_ = 0;                // lines that were acknowledged
   std::int64_t sentBytes_ = 0;  // their data bytes, and those of the line on its way
   int refused_ = -1;            // as told last

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <functional>
 
 namespace nira {
 
@@ -120,16 +119,8 @@ void HexFile::AddUp() {
   const int bytes = line_.Bytes();
   ++totals_.Lines;
   totals_.Bytes += bytes;
-  if (bytes == 0) ++totals_.WithoutData;
   if (line_.Type() == HexLine::End) ++totals_.EndRecords;
-  totals_.Mark = totals_.Mark * 31 + std::hash<std::string_view>()(line_.Text);
   if (std::string text = NamingText(line_); NamesProgram(text)) identity_ = std::move(text);
-}
-
-void HexFile::Rewind() {
-  lines_.Rewind();
-  totals_ = {};
-  identity_.clear();
 }
 
 ProgramIdentity HexFile::Program() const {

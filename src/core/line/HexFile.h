@@ -54,11 +54,7 @@ struct HexLine {
 struct HexTotals {
   int Lines = 0;
   std::int64_t Bytes = 0;  ///< data bytes of all lines, whatever their types
-  int WithoutData = 0;     ///< lines whose byte count is 0
   int EndRecords = 0;
-  std::uint64_t Mark = 0;  ///< differs, as good as always, when the lines do
-
-  bool operator==(const HexTotals&) const = default;
 };
 
 /// The program that a firmware file holds, as one of its records names it.
@@ -67,8 +63,7 @@ struct ProgramIdentity {
   QString Date = QStringLiteral("------");      ///< "NOV 21 97"
 };
 
-/// Reads a firmware file line by line in bounded memory and looks at each line. The file stays open
-/// and can be read again from its start.
+/// Reads a firmware file line by line in bounded memory and looks at each line.
 class HexFile {
  public:
   /// More lines than any memory has bytes to take them.
@@ -83,9 +78,6 @@ class HexFile {
 
   /// The next line; null at the end of the file. An empty last line is none.
   const HexLine* Next();
-
-  /// Begins again with the first line.
-  void Rewind();
 
   /// Gives the file back to the system; no line comes after it.
   void Close() { lines_.Close(); }

@@ -182,39 +182,24 @@ class FlashUpdateTest : public QObject {
     QVERIFY(f.serial.Written.isEmpty() && !f.serial.PortOpen());
   }
 
-  /// The file stays open: what stands under its name by then does not matter, what stands in it
-  /// does.
-  void FileChanges_data() {
-    QTest::addColumn<QByteArray>("bytes");  // written into the file while the question stands
-    QTest::addColumn<QString>("message");
-    QTest::addColumn<int>("sent");
-    const QByteArray other = HexOf("\x13\x34", 0xABCD);
-    QTest::newRow("replaced") << QByteArray() << QString() << 4;
-    QTest::newRow("bad line") << QByteArray(first + "\r\n" + second.chopped(1) + "?\r\n" + last)
-                              << QString(parity + u'2') << 2;
-    QTest::newRow("other byte") << QByteArray(other + firmware.mid(first.size())) << u""_qs << 3;
-    QTest::newRow("cut off") << QByteArray(first + "\r\n") << u""_qs << 2;
-    QTest::newRow("longer") << QByteArray(firmware + first) << u""_qs << 4;
-  }
-
+  /// What was tested is sent, to the last line, whatever stands in the file by then.
   void FileChanges() {
-    QFETCH(QByteArray, bytes);
     UpdateFixture f;
     f.TakeAll();
     f.asked.Expect(Answer::Yes);
-    if (!bytes.isEmpty()) f.asked.Expect();
-    f.asked.WhileShown = [&](const QString& text) {
-      if (!text.startsWith(u"UPDATE")) return;
-      if (bytes.isEmpty()) QVERIFY(QFile::rename(f.Path(u"new.abs"_qs), f.Path(u"gone"_qs)));
-      f.File(bytes.isEmpty() ? "something else" : bytes);
-    };
-    QCOMPARE(f.Run(firmware), bytes.isEmpty() ? done : TransferEnd::BadFile);
-    QTEST(int(f.Sent.size()), "sent");
-    QCOMPARE(f.Sent.contains(last), bytes.isEmpty());
-    if (bytes.isEmpty()) return;
-    QTEST(f.shown.Message, "message");
-    QCOMPARE(f.asked.Shown().constLast(), unusable);
-    QVERIFY(!f.serial.PortOpen());
+    f.asked.WhileShown = [&f](const QString&) { f.File(HexOf("other") + "\nEND\n"); };
+    QCOMPARE(f.Run(firmware), done);
+    QCOMPARE(f.Sent, QByteArrayList({command, first, second, last}));
+  }
+
+  /// More than is kept from the test to the end is refused before the port is touched.
+  void TooLarge() {
+    UpdateFixture f;
+    f.asked.Expect();
+    const QByteArray line = HexOf(QByteArray(255, 'x')) + '\n';
+    QCOMPARE(f.Run(line.repeated(FlashUpdate::MostText / line.size() + 1)), TransferEnd::BadFile);
+    QCOMPARE(f.shown.Message, u"THE FILE IS TOO LARGE: MORE THAN 16 MB"_qs);
+    QVERIFY(f.serial.Log.filter(u"open"_qs).isEmpty());
   }
 
   /// Whichever operation meets it first: told once, closed, nothing else asked.
