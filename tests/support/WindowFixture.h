@@ -151,10 +151,12 @@ struct WindowFixture {
     return QTest::qWaitForWindowActive(&*window);
   }
 
-  /// Starts with runs "10-20 350-360" in a cam (index from 0) of size 1, this cam selected.
+  /// Starts with runs "10-20 350-360" in a cam (index from 0) of size 1, this cam selected and
+  /// nothing of it work that could be lost.
   bool StartWith(const QString& runs, int cam = 0) {
     if (!Start()) return false;
     program.SetRow(1, cam, RowOf(runs));
+    program.TakeAsSaved();
     window->LabCam_Click(cam);
     return true;
   }

@@ -154,6 +154,9 @@ enum class TextNumber : int {
   FlashNoEnd = 316,
   FlashKeepOn = 317,
   FlashRefused = 318,
+  StatusNoFile = 335,
+  QuitAnswers = 336,
+  FileHoldsProgram = 337,
   WorkFileInUse = 355,
   FlashTooLarge = 375,
 };

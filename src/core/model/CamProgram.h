@@ -88,8 +88,16 @@ class CamProgram {
   /// Counts every change of what a cam file keeps: equal numbers, equal content.
   std::uint64_t Revision() const { return revision_; }
 
-  /// False while the operator has to be asked before the program is thrown away.
+  /// The program as it is now was loaded, saved, or is a new one.
+  void TakeAsSaved() { savedRevision_ = revision_; }
+  /// It is no longer what was last loaded, saved or begun.
+  bool Differs() const { return revision_ != savedRevision_; }
+
+  /// False while the operator has to be asked before he leaves.
   bool IsSaved = true;
+
+  /// The operator has to be asked before another program replaces this one.
+  bool HasUnsavedWork() const { return !IsSaved || Differs(); }
 
   /// Work lines of one cam of one size (bytes as on file and wire), ended by an empty one.
   std::array<std::string, Lines> LineBuffer;
@@ -112,6 +120,7 @@ class CamProgram {
   std::array<QString, MaxMessages> messageText_;
   FunctionsBlock functions_;
   std::uint64_t revision_ = 0;
+  std::uint64_t savedRevision_ = 0;
 };
 
 }  // namespace nira

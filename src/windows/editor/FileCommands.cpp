@@ -27,9 +27,13 @@ FileCommands::FileCommands(Instance& instance, QWidget* window)
 }
 
 bool FileCommands::MayLoseWork() {
-  return instance_.Program.IsSaved ||
+  return !instance_.Program.HasUnsavedWork() ||
          instance_.Ask.MsgBox(instance_.Text(TextNumber::NotSaved), Buttons::OkCancel,
                               Icon::Exclamation) == Answer::Ok;
+}
+
+bool FileCommands::IsOnFile() const {
+  return !instance_.Program.Differs() && QFileInfo::exists(instance_.Settings.CurrentFile);
 }
 
 void FileCommands::f_newp_Click() {
@@ -39,6 +43,7 @@ void FileCommands::f_newp_Click() {
 }
 
 void FileCommands::f_New() {
+  instance_.Settings.CurrentFile.clear();
   instance_.Program.DimensionModel();
   instance_.Program.ResetProgram();
   instance_.Program.IsSaved = true;
@@ -99,16 +104,15 @@ void FileCommands::SetRecent(const QStringList& paths) {
 }
 
 void FileCommands::F_Mnu_oldF_Click(const QString& path) {
-  if (!MayLoseWork()) return;
+  const bool there = QFileInfo::exists(path);
+  if ((there && !CanBeRead(path)) || !MayLoseWork()) return;
   f_New();
-  instance_.Settings.CurrentFile = path;
-  if (!QFileInfo::exists(path)) {
+  if (!there) {
     Q_EMIT Note(instance_.Text(TextNumber::FileNotFound) + path);
-  } else if (CanBeRead(path)) {
-    Load();
-  } else {
-    instance_.Settings.CurrentFile.clear();  // Save must not write over it
+    return;
   }
+  instance_.Settings.CurrentFile = path;
+  Load();
 }
 
 void FileCommands::OpenAtStart(const QString& path) {
@@ -127,9 +131,7 @@ void FileCommands::OpenAtStart(const QString& path) {
 }
 
 bool FileCommands::f_S() {
-  const QString& current = instance_.Settings.CurrentFile;
-  if (current.isEmpty() || !QFileInfo::exists(current)) return f_Save();
-  return Save();
+  return QFileInfo::exists(instance_.Settings.CurrentFile) ? Save() : f_Save();
 }
 
 bool FileCommands::f_Save() {
@@ -169,6 +171,7 @@ bool FileCommands::Save() {
                          Buttons::Ok, Icon::Critical);
     return false;
   }
+  instance_.Program.TakeAsSaved();
   Q_EMIT Saved();
   Q_EMIT Note(instance_.Text(TextNumber::FileSaved) + current);
   return true;

@@ -36,11 +36,11 @@ class FileCommands : public QObject {
   /// Opens the file of the command line.
   void OpenAtStart(const QString& path);
 
+  /// `CurrentFile` holds the program as it is now.
+  bool IsOnFile() const;
+
   /// Recently used files, the last one first, at most five.
   void SetRecent(const QStringList& paths);
-
-  /// True when nothing is unsaved or the operator agrees to lose it.
-  bool MayLoseWork();
 
  Q_SIGNALS:
   /// Another program is in memory: everything has to be drawn anew.
@@ -54,6 +54,8 @@ class FileCommands : public QObject {
  private:
   void f_New();
   void Load();
+  /// True when nothing is unsaved or the operator agrees to lose it.
+  bool MayLoseWork();
   bool CanBeRead(const QString& path);
   bool Save();
   bool MayReplace(const QString& chosen, const QString& forced);

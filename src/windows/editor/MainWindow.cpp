@@ -149,7 +149,7 @@ void MainWindow::ConnectAll() {
   });
   connect(entry_, &PhaseEntry::SelectionMoved, this, &MainWindow::ShowSizeCam);
   connect(files_, &FileCommands::ProgramReplaced, this, &MainWindow::ProgramReplaced);
-  connect(files_, &FileCommands::Saved, status_, &StatusLine::TakeAsSaved);
+  connect(files_, &FileCommands::Saved, status_, &StatusLine::ShowFile);
   connect(files_, &FileCommands::TitleChanged, this, &MainWindow::ShowTitle);
   connect(files_, &FileCommands::RecentChanged, menu_, &MainMenu::ShowRecent);
   connect(lines_, &LineCommands::Began, status_, &StatusLine::WatchPort);
@@ -251,10 +251,11 @@ bool MainWindow::LoadTexts() {
 }
 
 void MainWindow::ProgramReplaced() {
+  instance_.Program.TakeAsSaved();
   menu_->Item(QStringLiteral("o_Undo"))->setEnabled(false);
   ShowSizeCam();
   entry_->StartAnew();
-  status_->TakeAsSaved();
+  status_->ShowFile();
 }
 
 /// A received program is drawn anew as a loaded one is, but is not in any file.
@@ -495,8 +496,11 @@ void MainWindow::Form_QueryUnload(bool& cancel) {
   const QString reason = options_.WriteOptions();
   if (!reason.isEmpty()) ReportWrite(QString::fromLatin1(WorkingFolder::OptionsName), reason);
   if (instance_.Program.IsSaved) return;
-  switch (instance_.Ask.MsgBox(instance_.Text(TextNumber::NotSaved), Buttons::YesNoCancel,
-                               Icon::Exclamation)) {
+  // Saving leaves `IsSaved` as it is: then the box says that nothing would be lost.
+  QString question =
+      instance_.Text(TextNumber::NotSaved) + u'\n' + instance_.Text(TextNumber::QuitAnswers);
+  if (files_->IsOnFile()) question += u'\n' + instance_.Text(TextNumber::FileHoldsProgram);
+  switch (instance_.Ask.MsgBox(question, Buttons::YesNoCancel, Icon::Exclamation)) {
     case Answer::Yes:
       cancel = !files_->f_S();
       break;

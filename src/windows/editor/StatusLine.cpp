@@ -4,6 +4,10 @@
 #include "ground/Text.h"
 #include "line/SimulatedMark.h"
 
+#include <QFileInfo>
+
+#include <algorithm>
+
 namespace nira {
 
 StatusLine::StatusLine(Instance& instance, const PortNames& ports, QStatusBar* bar)
@@ -48,13 +52,15 @@ void StatusLine::Show() {
       QStringLiteral("  ") + QString::number(program.NumSizes()) + u' ' +
       instance_.Text(TextNumber::StatusSizes) + QStringLiteral("  ") +
       QString::number(program.NumMessages()) + u' ' + instance_.Text(TextNumber::StatusMessages));
-  const bool changed = program.Revision() != savedRevision_;
-  const QString& yes = instance_.Text(TextNumber::StatusChanged);
-  const QString& no = instance_.Text(TextNumber::StatusSaved);
+  const QString& changed = instance_.Text(TextNumber::StatusChanged);
+  const QString& saved = instance_.Text(TextNumber::StatusSaved);
+  const QString& noFile = instance_.Text(TextNumber::StatusNoFile);
   const QFontMetrics metrics(changed_->font());
-  changed_->setText(changed ? yes : no);
+  changed_->setText(program.Differs() ? changed : onFile_ ? saved : noFile);
   changed_->setMinimumWidth(
-      std::max(metrics.horizontalAdvance(yes), metrics.horizontalAdvance(no)) + 16);
+      std::max({metrics.horizontalAdvance(changed), metrics.horizontalAdvance(saved),
+                metrics.horizontalAdvance(noFile)}) +
+      16);
   degree_->setMinimumWidth(
       metrics.horizontalAdvance(instance_.Text(TextNumber::StatusDegree) + QStringLiteral(" 000")) +
       16);
@@ -108,8 +114,8 @@ void StatusLine::PortAtRest() {
   LookAtPort();
 }
 
-void StatusLine::TakeAsSaved() {
-  savedRevision_ = instance_.Program.Revision();
+void StatusLine::ShowFile() {
+  onFile_ = QFileInfo::exists(instance_.Settings.CurrentFile);
   Show();
 }
 

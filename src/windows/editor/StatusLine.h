@@ -32,8 +32,8 @@ class StatusLine : public QObject {
   /// The exchange is over.
   void PortAtRest();
 
-  /// The program in memory is the one on file, or a new one.
-  void TakeAsSaved();
+  /// The program was taken as saved: shows whether a file holds it or none.
+  void ShowFile();
 
   /// Degree 0..359, -1 for none.
   void ShowDegree(int degree);
@@ -55,7 +55,7 @@ class StatusLine : public QObject {
   QLabel* changed_;
   QTimer watch_;
   QString device_;
-  std::uint64_t savedRevision_ = 0;
+  bool onFile_ = false;  // where the program does not differ
 };
 
 }  // namespace nira

@@ -163,7 +163,7 @@ class DiagramTest : public QObject {
   void StatusBar() {
     WindowFixture f;
     QVERIFY(f.StartWith(u"10-20"_qs));
-    QCOMPARE(f.Text("StatusChanged"), u"modificato"_qs);
+    QCOMPARE(f.Text("StatusChanged"), u"senza file"_qs);
     QWidget* bar = f.Find(u"Barra_5"_qs);
     for (const int degree : {0, 200, 358}) {
       const QPoint place(qRound((degree + 0.5) * bar->width() / 359.0), 3);

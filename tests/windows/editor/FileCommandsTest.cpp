@@ -16,6 +16,7 @@ bool Begin(WindowFixture& f) {
   f.settings.CurrentFile = f.Path(u"old.CAM"_qs);
   if (!WriteBytes(f.settings.CurrentFile, "old") || !f.StartWith(u"100-110"_qs, 4)) return false;
   f.program.SetCamText(4, u"TEXT"_qs);
+  f.program.TakeAsSaved();
   f.Step(true);
   return true;
 }
@@ -98,6 +99,7 @@ class FileCommandsTest : public QObject {
   /// The ways in which another program comes into memory.
   void Question_data() { NameRows("way", {"New_Fil", "f_New", "OP_FIL", "F_Mnu_oldF_1", "drop"}); }
 
+  /// Any work counts, also what leaves `IsSaved` alone; and Save after New has no file to go to.
   void Question() {
     QFETCH(QString, way);
     WindowFixture f;
@@ -105,8 +107,9 @@ class FileCommandsTest : public QObject {
     f.Recent({press});
     QVERIFY(Begin(f));
     f.Step(false);
-    f.Enter(u"200\r210\r"_qs);
-    const QString mine = u"1.5: 100-110 200-210; 5 = TEXT"_qs;
+    f.prompts.ExpectInput(u"20"_qs);
+    f.Choose("o_Shc");
+    QVERIFY(f.program.IsSaved);
     f.prompts.Expect(Answer::Cancel);
     Go(f, way);
     QCOMPARE(f.prompts.Shown().join(u'|'), u"Exclamation OkCancel: "_qs + notSaved);
@@ -117,8 +120,7 @@ class FileCommandsTest : public QObject {
       f.dialog.ExpectCancel();
       Go(f, way);
     }
-    QCOMPARE(ContentOf(f.program), mine);
-    QVERIFY(!f.program.IsSaved && f.Item("o_Undo")->isEnabled());
+    QCOMPARE(ContentOf(f.program), u"1.5: 120-130; 5 = TEXT"_qs);
     QCOMPARE(f.settings.CurrentFile, f.Path(u"old.CAM"_qs));
 
     const bool opens = !way.contains(u"new"_qs, Qt::CaseInsensitive);
@@ -128,11 +130,15 @@ class FileCommandsTest : public QObject {
       Go(f, way);
       QCOMPARE(ContentOf(f.program).contains(u"FEED GRIPPER"_qs), opens);
       QVERIFY(!ContentOf(f.program).contains(u"TEXT"_qs));
-      QCOMPARE(f.settings.CurrentFile, opens ? press : f.Path(u"old.CAM"_qs));
+      QCOMPARE(f.settings.CurrentFile, opens ? press : QString());
+      QCOMPARE(f.Text("StatusChanged"), opens ? u"salvato"_qs : u"senza file"_qs);
       QVERIFY(f.program.IsSaved && !f.Item("o_Undo")->isEnabled());
       QCOMPARE(f.Text("SizeCam"), u"F01 C01"_qs);
       QCOMPARE(f.Lines(), opens ? u"F001 268 092"_qs : QString());
     }
+    if (!opens) f.dialog.ExpectCancel();
+    f.Click(u"Sv_Fil"_qs);
+    QCOMPARE(ReadBytes(f.Path(u"old.CAM"_qs)), QByteArray("old"));
   }
 
   void Save() {
@@ -235,33 +241,41 @@ class FileCommandsTest : public QObject {
   void Quit_data() {
     QTest::addColumn<bool>("saved");
     QTest::addColumn<int>("answer");
-    QTest::addColumn<bool>("named");
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("more");  // what the box says beside
     QTest::addColumn<bool>("ends");
-    QTest::newRow("nothing unsaved") << true << -1 << true << true;
-    QTest::newRow("Yes") << false << int(Answer::Yes) << true << true;
-    QTest::newRow("Yes, no name given") << false << int(Answer::Yes) << false << false;
-    QTest::newRow("No") << false << int(Answer::No) << true << true;
-    QTest::newRow("Cancel") << false << int(Answer::Cancel) << true << false;
+    const QString held = u"\nIL FILE CONTIENE GIA' QUESTO PROGRAMMA"_qs;
+    QTest::newRow("nothing unsaved") << true << -1 << u"old.CAM"_qs << QString() << true;
+    QTest::newRow("Yes") << false << int(Answer::Yes) << u"old.CAM"_qs << held << true;
+    QTest::newRow("Yes, no name given")
+        << false << int(Answer::Yes) << QString() << QString() << false;
+    QTest::newRow("No") << false << int(Answer::No) << u"old.CAM"_qs << held << true;
+    QTest::newRow("Cancel, changed")
+        << false << int(Answer::Cancel) << u"old.CAM"_qs << QString() << false;
   }
 
   void Quit() {
     QFETCH(bool, saved);
     QFETCH(int, answer);
-    QFETCH(bool, named);
+    QFETCH(QString, file);
+    QFETCH(QString, more);
     QFETCH(bool, ends);
     WindowFixture f;
     f.Recent({u"/a.CAM"_qs});
     QVERIFY(Begin(f));
-    if (!named) f.settings.CurrentFile.clear();
+    if (file.isEmpty()) f.settings.CurrentFile.clear();
     f.program.IsSaved = saved;
     if (answer >= 0) f.prompts.Expect(static_cast<Answer>(answer));
-    if (!named) f.dialog.ExpectCancel();
+    if (file.isEmpty()) f.dialog.ExpectCancel();
+    if (answer == int(Answer::Cancel)) f.program.SetCamText(0, u"MORE"_qs);
     f.Choose("F_quit");
     QCOMPARE(f.window->isVisible(), !ends);
     QCOMPARE(f.prompts.Shown().join(u'|'),
-             answer < 0 ? QString() : u"Exclamation YesNoCancel: "_qs + notSaved);
+             answer < 0 ? QString()
+                        : u"Exclamation YesNoCancel: "_qs + notSaved +
+                              u"\nSI: SALVA E CHIUDE - NO: CHIUDE SENZA SALVARE"_qs + more);
     QCOMPARE(ReadBytes(f.OptionsPath()), QByteArray("\"p32qx_IT.SCR\",1,9600\r\n"));
-    QCOMPARE(ReadBytes(f.Path(u"old.CAM"_qs)) != "old", named && answer == int(Answer::Yes));
+    QCOMPARE(ReadBytes(f.Path(u"old.CAM"_qs)) != "old", ends && answer == int(Answer::Yes));
   }
 
   void Recent() {
@@ -283,8 +297,8 @@ class FileCommandsTest : public QObject {
     QVERIFY(Begin(f));
     f.Choose("F_Mnu_oldF_2");
     QCOMPARE(f.settings.CurrentFile, paths.at(1));
-    f.Choose("F_Mnu_oldF_3");  // gone: the program is emptied, the name kept for Save
-    QCOMPARE(f.settings.CurrentFile, paths.at(2));
+    f.Choose("F_Mnu_oldF_3");  // gone: the program is emptied, and no file holds it
+    QCOMPARE(f.settings.CurrentFile, QString());
     QCOMPARE(ContentOf(f.program), QString());
     QVERIFY(f.window->statusBar()->currentMessage().contains(paths.at(2)));
     f.prompts.Expect();
@@ -300,25 +314,28 @@ class FileCommandsTest : public QObject {
     QCOMPARE(f.settings.CurrentFile, paths.at(4));
   }
 
-  /// What cannot be read is told, and Save asks for a name instead of writing there.
-  void UnreadableFile_data() { NameRows("way", {"drop", "recent", "start"}); }
-
+  /// What cannot be read is told, and nothing is lost over it.
   void UnreadableFile() {
-    QFETCH(QString, way);
     WindowFixture f;
     const QString folder = f.Path(u"press.CAM"_qs);
     QVERIFY(QDir().mkpath(folder));
     f.Recent({folder});
     f.prompts.Expect();
-    QVERIFY(f.Start(way == u"start"_qs ? folder : QString()));
-    if (way == u"drop"_qs) Go(f, way);
-    if (way == u"recent"_qs) f.Choose("F_Mnu_oldF_1");
-    QVERIFY(f.prompts.Shown().join(u'|').startsWith(
-        u"Critical Ok: IMPOSSIBILE LEGGERE IL FILE\n"_qs + folder));
+    QVERIFY(f.Load(folder));
     QCOMPARE(f.settings.CurrentFile, QString());
-    f.dialog.Expect(f.Path(u"new"_qs));
-    f.Click(u"Sv_Fil"_qs);
-    QCOMPARE(f.settings.CurrentFile, f.Path(u"new.CAM"_qs));
+    WindowFixture g;
+    g.Recent({folder});
+    QVERIFY(Begin(g));
+    g.program.IsSaved = false;
+    for (const char* way : {"drop", "F_Mnu_oldF_1"}) {
+      g.prompts.Expect();
+      way == QByteArray("drop") ? g.Drop({QUrl::fromLocalFile(folder)}) : g.Choose(way);
+      QCOMPARE(ContentOf(g.program), content);
+      QCOMPARE(g.settings.CurrentFile, g.Path(u"old.CAM"_qs));
+    }
+    for (const QString& told : f.prompts.Shown() + g.prompts.Shown()) {
+      QVERIFY(told.startsWith(u"Critical Ok: IMPOSSIBILE LEGGERE IL FILE\n"_qs + folder));
+    }
   }
 
   /// An operator's first real job, with keys and mouse.

@@ -177,7 +177,6 @@ class SizeCommandsTest : public QObject {
     QFETCH(int, cams);
     QFETCH(int, sizes);
     f.program.SetLimits(sizes, cams, 255);
-    f.settings.CurrentFile = u"/kept.CAM"_qs;
     f.Enter(u"30\r40\r"_qs);
     QString opened;
     f.chooseModel = [&](Carprg* window) {
@@ -197,7 +196,6 @@ class SizeCommandsTest : public QObject {
     QCOMPARE(ContentOf(f.program), QString());
     QVERIFY(f.program.IsSaved);
     QVERIFY(!f.Item("o_Undo")->isEnabled());
-    QCOMPARE(f.settings.CurrentFile, u"/kept.CAM"_qs);
     QCOMPARE(f.Find(u"LabCam_16"_qs)->isVisible(), f.program.NumCams() == 32);
   }
 };
