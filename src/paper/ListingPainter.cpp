@@ -15,9 +15,9 @@ namespace {
 constexpr double widestMargin = 400;   // 14 mm: more than any printer leaves free
 constexpr double pageHead = 330;       // program, file, model and date, with the rule below
 constexpr double pageFoot = 150;       // the number of the page
-constexpr double rowHeight = 96;       // of a line of text
+constexpr double leastRow = 96;        // of a line of text
 constexpr double headingHeight = 230;  // of a size, of the functions
-constexpr double columnsHeight = 130;  // the names of the columns, with the rule below
+constexpr double columnsRule = 34;     // below the names of the columns
 constexpr double blockGap = 160;       // before a size that follows on the same page
 constexpr double numberColumn = 400;
 constexpr double columnGap = 90;
@@ -53,10 +53,15 @@ ListingPainter::ListingPainter(const Listing& listing) : listing_(listing) {
   plain_ = Sized(general, 78, false);
   heading_ = Sized(general, 130, true);
   character_ = QFontMetricsF(data_).horizontalAdvance(u'0');
+  row_ = std::max({leastRow, QFontMetricsF(data_).height(), QFontMetricsF(plain_).height()});
 }
 
 QString ListingPainter::Title() const {
   return listing_.ProgramLine() + QStringLiteral(" - ") + listing_.FileLine();
+}
+
+double ListingPainter::ColumnsHeight() const {
+  return row_ + columnsRule;
 }
 
 double ListingPainter::Bottom() const {
@@ -103,11 +108,8 @@ void ListingPainter::LayOutFunctions() {
   for (int first = 0; first < lines;) {
     if (first > 0) NewPage();
     const int wanted = (lines - first + functionColumns_ - 1) / functionColumns_;
-    const int rows = std::clamp(static_cast<int>(Room() / rowHeight), 1, wanted);
-    Put({.kind = Block::Kind::Functions,
-         .first = first,
-         .count = rows,
-         .height = rows * rowHeight});
+    const int rows = std::clamp(static_cast<int>(Room() / row_), 1, wanted);
+    Put({.kind = Block::Kind::Functions, .first = first, .count = rows, .height = rows * row_});
     first += rows * functionColumns_;
   }
 }
@@ -119,7 +121,7 @@ void ListingPainter::LayOutSize(int size) {
     const double whole =
         blockGap + headingHeight + TableHeight(size) + (diagram ? DiagramHeight(leastBarRow) : 0);
     const double page = Bottom() - margin_ - pageHead + blockGap;
-    const double least = blockGap + headingHeight + columnsHeight + fewestRows * rowHeight;
+    const double least = blockGap + headingHeight + ColumnsHeight() + fewestRows * row_;
     const bool torn = whole > Room() && (whole <= page || Room() < least);
     // The first size may share the page of the functions.
     const bool own = listing_.Options().PagePerSize && size > listing_.Options().FirstSize;
@@ -131,7 +133,7 @@ void ListingPainter::LayOutSize(int size) {
   }
   if (!phases) {
     Put({.kind = Block::Kind::Size, .size = size, .height = headingHeight});
-    Put({.kind = Block::Kind::NoPhases, .size = size, .height = rowHeight});
+    Put({.kind = Block::Kind::NoPhases, .size = size, .height = row_});
     return;
   }
   LayOutCams(size);
@@ -140,7 +142,7 @@ void ListingPainter::LayOutSize(int size) {
 
 void ListingPainter::PutTableHead(int size, bool continued) {
   Put({.kind = Block::Kind::Size, .size = size, .continued = continued, .height = headingHeight});
-  Put({.kind = Block::Kind::Columns, .size = size, .height = columnsHeight});
+  Put({.kind = Block::Kind::Columns, .size = size, .height = ColumnsHeight()});
 }
 
 void ListingPainter::LayOutCams(int size) {
@@ -148,18 +150,18 @@ void ListingPainter::LayOutCams(int size) {
   for (int cam = 0; cam < listing_.CamCount(); ++cam) {
     const int lines = PhaseLines(size, cam);
     for (int first = 0; first < lines;) {
-      if (Room() < rowHeight && pages_.back().size() > 2) {
+      if (Room() < row_ && pages_.back().size() > 2) {
         NewPage();
         PutTableHead(size, true);
       }
-      const int fitting = std::max(1, static_cast<int>(Room() / rowHeight));
+      const int fitting = std::max(1, static_cast<int>(Room() / row_));
       const int count = std::min(lines - first, fitting);
       Put({.kind = Block::Kind::Cam,
            .size = size,
            .cam = cam,
            .first = first,
            .count = count,
-           .height = count * rowHeight});
+           .height = count * row_});
       first += count;
     }
   }
@@ -182,14 +184,14 @@ int ListingPainter::PhaseLines(int size, int cam) const {
 }
 
 double ListingPainter::TableHeight(int size) const {
-  if (!listing_.HasPhases(size)) return rowHeight;
-  double height = columnsHeight;
-  for (int cam = 0; cam < listing_.CamCount(); ++cam) height += PhaseLines(size, cam) * rowHeight;
+  if (!listing_.HasPhases(size)) return row_;
+  double height = ColumnsHeight();
+  for (int cam = 0; cam < listing_.CamCount(); ++cam) height += PhaseLines(size, cam) * row_;
   return height;
 }
 
 double ListingPainter::DiagramHeight(double row) const {
-  return 2 * scaleHeight + rowHeight + row * listing_.CamCount();
+  return 2 * scaleHeight + row_ + row * listing_.CamCount();
 }
 
 void ListingPainter::Paint(QPainter& painter, int page) const {
@@ -269,7 +271,7 @@ void ListingPainter::PaintFunctions(QPainter& painter, const Block& block) const
   for (int line = block.first; line < std::min<qsizetype>(last, functionLines_.size()); ++line) {
     const int column = (line - block.first) / block.count;
     const int row = (line - block.first) % block.count;
-    const QRectF place(Left() + column * width, block.top + row * rowHeight, width, rowHeight);
+    const QRectF place(Left() + column * width, block.top + row * row_, width, row_);
     Word(painter, place, Qt::AlignLeft | Qt::AlignVCenter, functionLines_.at(line), data_);
   }
 }
@@ -279,13 +281,13 @@ void ListingPainter::PaintColumns(QPainter& painter, const Block& block) const {
   const double description = Left() + numberColumn;
   const double phases = description + character_ * Listing::DescriptionWidth + columnGap;
   const auto column = [&](double x, const QString& name) {
-    Word(painter, QRectF(x, block.top, Right() - x, rowHeight), Qt::AlignLeft | Qt::AlignVCenter,
-         name, plain_);
+    Word(painter, QRectF(x, block.top, Right() - x, row_), Qt::AlignLeft | Qt::AlignVCenter, name,
+         plain_);
   };
   column(Left(), names.at(0));
   column(description, names.at(1));
   column(phases, names.at(2));
-  Line(painter, Left(), block.top + rowHeight + 8, Right(), block.top + rowHeight + 8, rule / 2);
+  Line(painter, Left(), block.top + row_ + 8, Right(), block.top + row_ + 8, rule / 2);
 }
 
 void ListingPainter::PaintCam(QPainter& painter, const Block& block) const {
@@ -294,19 +296,19 @@ void ListingPainter::PaintCam(QPainter& painter, const Block& block) const {
   const double width = character_ * Listing::DescriptionWidth;
   const int flags = Qt::AlignLeft | Qt::AlignVCenter;
   // Again where the cam goes on from the page before: each page is read by itself.
-  Word(painter, QRectF(Left(), block.top, numberColumn, rowHeight), flags, cam.number, data_);
-  const QRectF column(description, block.top, width, rowHeight);
+  Word(painter, QRectF(Left(), block.top, numberColumn, row_), flags, cam.number, data_);
+  const QRectF column(description, block.top, width, row_);
   painter.save();
   painter.setClipRect(column);
   Word(painter, column, flags, cam.description, data_);
   painter.restore();
   for (int line = 0; line < block.count; ++line) {
-    const double y = block.top + line * rowHeight;
+    const double y = block.top + line * row_;
     for (int i = 0; i < phasesPerLine_; ++i) {
       const int phase = (block.first + line) * phasesPerLine_ + i;
       if (phase >= cam.phases.size()) break;
       const double x = description + width + columnGap + i * phaseWidth * character_;
-      Word(painter, QRectF(x, y, phaseWidth * character_, rowHeight), flags, cam.phases.at(phase),
+      Word(painter, QRectF(x, y, phaseWidth * character_, row_), flags, cam.phases.at(phase),
            data_);
     }
   }
@@ -321,7 +323,7 @@ double ListingPainter::DegreeX(int degree) const {
 }
 
 void ListingPainter::PaintDiagram(QPainter& painter, const Block& block) const {
-  const double top = block.top + rowHeight + scaleHeight;  // a free row below the table
+  const double top = block.top + row_ + scaleHeight;  // a free row below the table
   const double row = (block.height - DiagramHeight(0)) / listing_.CamCount();
   const double bottom = top + row * listing_.CamCount();
   for (int degree = 90; degree < CamProgram::Degrees; degree += 90) {
@@ -351,7 +353,8 @@ void ListingPainter::PaintScale(QPainter& painter, double y, bool above) const {
 void ListingPainter::PaintBars(QPainter& painter, const Block& block, double top,
                                double row) const {
   QFont numbers = small_;
-  numbers.setPixelSize(std::min(small_.pixelSize(), static_cast<int>(row * 0.9)));
+  const double fitting = row * small_.pixelSize() / QFontMetricsF(small_).height();
+  numbers.setPixelSize(std::clamp(static_cast<int>(fitting), 1, small_.pixelSize()));
   QList<QRectF> bars;
   for (int cam = 0; cam < listing_.CamCount(); ++cam) {
     const double y = top + cam * row;

@@ -42,6 +42,7 @@ class ListingPainter : public PagedDocument {
   double Left() const { return margin_; }
   double Right() const { return paper_.width() - margin_; }
   double Bottom() const;
+  double ColumnsHeight() const;  // the names of the columns, with the rule below
   double Room() const { return Bottom() - y_; }
   bool PageIsEmpty() const { return pages_.back().empty(); }
 
@@ -71,11 +72,12 @@ class ListingPainter : public PagedDocument {
 
   const Listing& listing_;
   QStringList functionLines_;
-  QFont data_;     // fixed width: numbers that stand below each other
-  QFont small_;    // of the scale
-  QFont plain_;    // headings of columns and of the page
-  QFont heading_;  // of a size
-  double character_ = 0;
+  QFont data_;            // fixed width: numbers that stand below each other
+  QFont small_;           // of the scale
+  QFont plain_;           // headings of columns and of the page
+  QFont heading_;         // of a size
+  double character_ = 0;  // width of one in `data_`
+  double row_ = 0;        // of a line of text, with room for letters and numbers
   QSizeF paper_;
   double margin_ = 0;
   int phasesPerLine_ = 1;
