@@ -121,7 +121,7 @@ EditRefusal FunctionEdits::Contradiction() const {
   }
   const Setting* last = Find("AdvanceLast");
   if (last == nullptr) last = LastOf({"AdvanceOn", "DelayOn", "Ratio17On", "Ratio25On"});
-  const int most = LastAdvanceAllowed(EnabledIn(block), program_.NumCams());
+  const int most = LastAdvanceAllowed(EnabledIn(block, program_.NumCams()), program_.NumCams());
   if (last == nullptr || block.AdvanceLast <= most) return std::nullopt;
   return last->Refused(Range(QStringLiteral("AdvanceLast 0-%1, and it is %2 (%3)")
                                  .arg(most)

@@ -170,19 +170,35 @@ class ListingTest : public QObject {
     QVERIFY(recorder.Words().contains(u"File: (nessun file)"_qs));
   }
 
-  void FunctionsAsTheFileNamesThem() {
+  /// In the words of the file, but cam 1 has its advance, cams 17-24 their ratio, and a cam in a
+  /// group no advance. A programmer of 24 cams has no groups.
+  void FunctionsAsTheWindowCountsThem() {
     FunctionsBlock functions;
-    functions.AdvanceOn = 1;
-    functions.AdvanceLast = 2;
-    functions.CamFunc[2] = 17;
+    functions.AdvanceOn = functions.Ratio17On = 1;
+    functions.AdvanceLast = 16;
+    functions.CamFunc[0] = 12;
+    functions.CamFunc[1] = functions.CamFunc[16] = 210;
+    functions.Ratio17to24 = 4;
     functions.SpeedLimit = 640;
     program_.SetFunctions(functions);
     const Listing listing(program_, texts_, {}, QDateTime(), {});
-    QCOMPARE(listing.FunctionLines(),
-             QStringList({u"ANTICIPI ON    2 "_qs, u"ANTICIPO CAMS  01 ms   0 "_qs,
-                          u"ANTICIPO CAMS  02 ms   17 "_qs, u"RITARDI OFF"_qs, u"RAPPORTI OFF"_qs,
-                          u"FORMATO IN USCITA    0 "_qs, u"SFASAMENTO ENCODER   0 "_qs,
-                          u"SENSO DI ROTAZIONE   0 "_qs, u"LIMITE DI VELOCITA'   640 "_qs}));
+    QStringList lines = listing.FunctionLines();
+    QCOMPARE(lines.mid(0, 3).join(u'|'),
+             u"ANTICIPI ON     17|ANTICIPO CAMS  01 ms    12|ANTICIPO CAMS  02 ms   210"_qs);
+    QCOMPARE(lines.mid(16).join(u'|'),
+             u"ANTICIPO CAMS  16 ms     0|RITARDI OFF|RAPPORTI  ON|RAPPORTO CAMS 17-24 =    4|"
+             "FORMATO IN USCITA      0|SFASAMENTO ENCODER     0|SENSO DI ROTAZIONE     0|"
+             "LIMITE DI VELOCITA'   640"_qs);
+    program_.SetLimits(22, 24, 255);
+    lines = listing.FunctionLines();
+    QCOMPARE(lines.mid(17, 3).join(u'|'),
+             u"ANTICIPO CAMS  17 ms   210|RITARDI OFF|RAPPORTI OFF"_qs);
+  }
+
+  void TheLastCamAloneHasPhases() {
+    program_.SetPhase(2, 31, 10, 20);
+    const Listing listing(program_, texts_, {}, QDateTime(), {});
+    QVERIFY(listing.HasPhases(2) && !listing.HasPhases(1));
   }
 
   /// Paper too small for anything still ends.

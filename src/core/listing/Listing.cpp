@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "listing/Listing.h"
 
-#include "files/CamLines.h"
 #include "ground/ProgramTitle.h"
 #include "ground/Text.h"
+#include "model/FunctionRules.h"
 
 #include <algorithm>
+#include <string>
 
 namespace nira {
 
@@ -14,6 +15,10 @@ namespace {
 QString PhaseText(const Phase& phase) {
   return ZeroFilled(phase.on, PhaseList::EntryWidth) + u'-' +
          ZeroFilled(phase.off, PhaseList::EntryWidth);
+}
+
+QString NumberLine(const std::string& words, int number) {
+  return QString::fromStdString(words) + QString::number(number).rightJustified(4);
 }
 
 }  // namespace
@@ -75,10 +80,42 @@ QString Listing::NoPhases() const {
 }
 
 QStringList Listing::FunctionLines() const {
-  std::string block;
-  WriteFunctionsBlock(program_, block);
-  QStringList lines = FromBytes(block).split(QStringLiteral("\r\n"), Qt::SkipEmptyParts);
-  lines.removeFirst();  // the header: every page names the model
+  const FunctionsBlock& block = program_.Functions();
+  return AdvanceLines() + GroupLines() +
+         QStringList{NumberLine("FORMATO IN USCITA   ", block.OutputSize),
+                     NumberLine("SFASAMENTO ENCODER  ", block.EncoderShift),
+                     NumberLine("SENSO DI ROTAZIONE  ", block.RotationSense),
+                     NumberLine("LIMITE DI VELOCITA'  ", block.SpeedLimit)};
+}
+
+/// How many cams have an advance, and which advance each of them has that is in no group.
+QStringList Listing::AdvanceLines() const {
+  const FunctionsBlock& block = program_.Functions();
+  if (block.AdvanceOn != 1) return {QStringLiteral("ANTICIPI OFF")};
+  const int count = std::min(block.AdvanceLast + 1, program_.NumCams());
+  QStringList lines{NumberLine("ANTICIPI ON   ", count)};
+  const EnabledFunctions enabled = EnabledIn(block, program_.NumCams());
+  for (int cam = 0; cam < count; ++cam) {
+    if (ShownValue(cam, enabled) != FunctionValue::Advance) continue;
+    lines.append(NumberLine("ANTICIPO CAMS  " + ZeroFill(cam + 1, 2) + " ms  ",
+                            FieldOf(block, FunctionValue::Advance, cam)));
+  }
+  return lines;
+}
+
+QStringList Listing::GroupLines() const {
+  const FunctionsBlock& block = program_.Functions();
+  const EnabledFunctions enabled = EnabledIn(block, program_.NumCams());
+  QStringList lines;
+  lines.append(enabled.delay ? QStringLiteral("RITARDI ON") : QStringLiteral("RITARDI OFF"));
+  if (enabled.delay) {
+    lines.append(NumberLine("RITARDO CAMS 17-20   ms.", block.Delay17to20));
+    lines.append(NumberLine("RITARDO CAMS 21-24   ms.", block.Delay21to24));
+  }
+  const bool ratios = enabled.ratio17 || enabled.ratio25;
+  lines.append(ratios ? QStringLiteral("RAPPORTI  ON") : QStringLiteral("RAPPORTI OFF"));
+  if (enabled.ratio17) lines.append(NumberLine("RAPPORTO CAMS 17-24 = ", block.Ratio17to24));
+  if (enabled.ratio25) lines.append(NumberLine("RAPPORTO CAMS 25-32 = ", block.Ratio25to32));
   return lines;
 }
 

@@ -51,7 +51,8 @@ class Listing {
   QStringList ColumnHeadings() const;  ///< of number, description, phases
   QString NoPhases() const;
 
-  /// The functions block line by line, as the cam file names it.
+  /// The functions block line by line in the cam file's words, but as the functions window counts:
+  /// cams from 1, with the advance of cam 1 and the ratio of cams 17-24, which no file keeps.
   QStringList FunctionLines() const;
 
   int CamCount() const { return program_.NumCams(); }
@@ -62,6 +63,8 @@ class Listing {
   std::vector<Run> RunsOf(int size, int cam) const;
 
  private:
+  QStringList AdvanceLines() const;
+  QStringList GroupLines() const;
   const QString& Text(TextNumber number) const { return texts_.Text(number); }
 
   const CamProgram& program_;

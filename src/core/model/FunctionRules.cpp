@@ -28,8 +28,11 @@ FunctionValue ValueOfCam(int cam, const EnabledFunctions& functions, int delaySp
 
 }  // namespace
 
-EnabledFunctions EnabledIn(const FunctionsBlock& block) {
-  return {block.AdvanceOn == 1, block.DelayOn == 1, block.Ratio17On == 1, block.Ratio25On == 1};
+EnabledFunctions EnabledIn(const FunctionsBlock& block, int numCams) {
+  const bool groups = HasGroups(numCams);
+  const bool delay = groups && block.DelayOn == 1;
+  return {block.AdvanceOn == 1, delay, groups && block.Ratio17On == 1 && !delay,
+          groups && block.Ratio25On == 1};
 }
 
 bool HasGroups(int numCams) {

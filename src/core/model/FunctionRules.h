@@ -17,8 +17,8 @@ struct EnabledFunctions {
   bool ratio25 = false;  ///< cams 25-32
 };
 
-/// The functions that work by the flags of a block.
-EnabledFunctions EnabledIn(const FunctionsBlock& block);
+/// The functions that work by the flags of a block on a programmer of so many cams.
+EnabledFunctions EnabledIn(const FunctionsBlock& block, int numCams);
 
 /// The value of the functions block that concerns a cam.
 enum class FunctionValue { Advance, Delay17to20, Delay21to24, Ratio17to24, Ratio25to32 };
