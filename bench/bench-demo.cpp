@@ -1,63 +1,60 @@
 // SPDX-License-Identifier: Apache-2.0
 // Measures the rotation demo with 32 cams on the platform that Qt finds:
-//   bench-demo [seconds]    per setting of the speed bar: degrees turned in a second, and the
-//   longest time between two passes of the event loop, for the sample press and for a size in which
-//   all 32 lamps change at every degree, in the window's own size and filling the screen
+//   bench-demo [seconds]    per setting of the speed bar: the speed that the window shows, frames
+//   in a second and the longest time between two of them, for the sample press and for a size in
+//   which all 32 lamps change at every degree, in the window's own size and filling the screen
 
 #include "controls/ProgramStyle.h"
 #include "files/MessageTable.h"
 #include "functions/BNKRTN.h"
+#include "ground/SystemClock.h"
+#include "model/CamProgram.h"
 #include "sizes/SizeOperations.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QLabel>
+#include <QPushButton>
 #include <QScreen>
+#include <QScrollBar>
 #include <QTextStream>
+#include <QTimer>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
 using namespace nira;
-using Seconds = std::chrono::duration<double>;
-
-/// The machine's time; notes when each pass begins and presses "S&TOP" when the run is over.
-class MeasuringClock : public SystemDemoClock {
+/// The machine's time; the demo reads it once a frame.
+class MeasuringClock : public SystemClock {
  public:
-  void Begin(QPushButton* stop, double seconds) {
-    stop_ = stop;
-    seconds_ = seconds;
-    passes_ = 0;
-    longest_ = {};
+  void Begin() {
+    frames_ = 0;
+    longest_ = 0;
+    last_ = SystemClock::Now();
+  }
+  std::int64_t Now() const override {
+    const std::int64_t now = SystemClock::Now();
+    ++frames_;
+    longest_ = std::max(longest_, now - std::exchange(last_, now));
+    return now;
   }
 
-  void Yield() override {
-    const auto now = Now();
-    if (passes_++ == 0) begin_ = last_ = now;
-    longest_ = std::max(longest_, now - last_);
-    last_ = now;
-    SystemDemoClock::Yield();
-    if (Seconds(now - begin_).count() > seconds_) stop_->click();
-  }
-
-  double Passes() const { return passes_; }
-  double Duration() const { return Seconds(last_ - begin_).count(); }
-  double Longest() const { return Seconds(longest_).count() * 1000; }  // ms
+  int Frames() const { return frames_; }
+  std::int64_t Longest() const { return longest_; }  // ms between two frames
 
  private:
-  QPushButton* stop_ = nullptr;
-  double seconds_ = 0;
-  int passes_ = 0;
-  std::chrono::nanoseconds begin_{};
-  std::chrono::nanoseconds last_{};
-  std::chrono::nanoseconds longest_{};
+  mutable int frames_ = 0;
+  mutable std::int64_t longest_ = 0;
+  mutable std::int64_t last_ = 0;
 };
 
-void Measure(CamProgram& program, const QString& title, QSize size, double seconds) {
+void Measure(CamProgram& program, const QString& title, QSize size, int seconds) {
   QTextStream out(stdout);
-  MessageTable texts;
+  const MessageTable texts;
   MeasuringClock clock;
-  BNKRTN demo(program, texts, nullptr, &clock);
+  BNKRTN demo(program, texts, clock, nullptr);
   if (!size.isEmpty()) demo.resize(size);
   demo.show();
   QApplication::processEvents();
@@ -65,12 +62,15 @@ void Measure(CamProgram& program, const QString& title, QSize size, double secon
   auto* speed = demo.findChild<QScrollBar*>(QStringLiteral("ScrolVel"));
   for (const int setting : {2000, 1999, 1990, 1900, 1000, 1}) {
     speed->setValue(setting);
-    clock.Begin(demo.findChild<QPushButton*>(QStringLiteral("Stp")), seconds);
+    clock.Begin();
     demo.findChild<QPushButton*>(QStringLiteral("Strt"))->click();
-    const double degrees = clock.Passes() / (2001 - setting);
-    out << qSetFieldWidth(6) << setting << qSetFieldWidth(0) << ": "
-        << QString::number(degrees / clock.Duration(), 'f', 1) << " degrees/s, longest gap "
-        << QString::number(clock.Longest(), 'f', 2) << " ms" << Qt::endl;
+    QTimer::singleShot(seconds * 1000 + 100, &demo, [] { QApplication::exit(); });
+    QApplication::exec();
+    demo.findChild<QPushButton*>(QStringLiteral("Stp"))->click();
+    const auto* shown = demo.findChild<QLabel*>(QStringLiteral("lVeloc"));
+    out << qSetFieldWidth(6) << setting << qSetFieldWidth(0) << ": " << shown->text()
+        << " rev/min, " << clock.Frames() / seconds << " frames/s, longest gap " << clock.Longest()
+        << " ms" << Qt::endl;
   }
 }
 
@@ -86,7 +86,7 @@ void FillAll(CamProgram& program) {
 int main(int argc, char** argv) {
   QApplication::setStyle(new nira::ProgramStyle);
   QApplication app(argc, argv);
-  const double seconds = std::max(1.0, QApplication::arguments().value(1).toDouble());
+  const int seconds = std::max(1, QApplication::arguments().value(1).toInt());
   const QString sample = QStringLiteral(NIRA_SOURCE_FOLDER "/samples/press.CAM");
   const QSize screen = QGuiApplication::primaryScreen()->availableSize();
   for (const QSize size : {QSize(), screen}) {

@@ -191,7 +191,7 @@ void MainWindow::BuildHandlers() {
       {QStringLiteral("setcom"), [this] { lines_->setcom_Click(); }},
       {QStringLiteral("o_Setlng"), [this] { SelectLanguage(); }},
       {QStringLiteral("O_Rot"),
-       [this] { Select(BNKRTN(instance_.Program, instance_.Texts, this)); }},
+       [this] { Select(BNKRTN(instance_.Program, instance_.Texts, instance_.Time, this)); }},
       {QStringLiteral("o_Ant"),
        [this] {
          // Also opened by a button of the functions window.

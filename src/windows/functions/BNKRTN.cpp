@@ -2,18 +2,22 @@
 #include "functions/BNKRTN.h"
 
 #include "controls/Digits.h"
+#include "controls/FocusScrollBar.h"
+#include "files/MessageTable.h"
+#include "functions/CamLamp.h"
+#include "functions/DegreeCircle.h"
+#include "ground/Clock.h"
 #include "ground/Text.h"
 #include "model/PhaseList.h"
 
-#include <QApplication>
-#include <QEventLoop>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHideEvent>
-#include <QPointer>
+#include <QLabel>
+#include <QPushButton>
 #include <QScreen>
+#include <QTimer>
 
-#include <utility>
+#include <algorithm>
 
 namespace nira {
 
@@ -21,7 +25,8 @@ namespace {
 
 constexpr int DemoStart = 0;  // degree at which a run starts and every turn begins
 constexpr int fastest = 2000;
-constexpr std::chrono::nanoseconds shortestPass = std::chrono::microseconds(100);
+constexpr int passesPerMs = 10;    // a degree takes 1 at the fastest setting, 2000 at the slowest
+constexpr int mostCaughtUp = 250;  // ms: what a desktop that stood still for longer is turned after
 constexpr int speedInterval = 1000;  // ms
 constexpr int degreeInterval = 50;   // ms
 constexpr int lampColumns = 8;
@@ -42,21 +47,10 @@ QPushButton* DemoButton(const char* name, const char* caption) {
   return button;
 }
 
-/// `QCoreApplication::exit` ends a loop only when control comes back to it, which it does not while
-/// the demo turns; but a loop begun after it ends at once, and says so.
-bool ProgramEnds() {
-  QEventLoop probe;
-  QMetaObject::invokeMethod(&probe, &QEventLoop::quit, Qt::QueuedConnection);
-  return probe.exec(QEventLoop::ExcludeUserInputEvents) < 0;
-}
-
 }  // namespace
 
-BNKRTN::BNKRTN(CamProgram& program, const MessageTable& texts, QWidget* parent, DemoClock* clock)
-    : QDialog(parent),
-      program_(program),
-      texts_(texts),
-      clock_(clock != nullptr ? *clock : systemClock_) {
+BNKRTN::BNKRTN(CamProgram& program, const MessageTable& texts, const Clock& clock, QWidget* parent)
+    : QDialog(parent), program_(program), texts_(texts), clock_(clock) {
   setObjectName(QStringLiteral("BNKRTN"));
   setWindowTitle(QStringLiteral("PROVA FORMATO"));
   setWindowFlag(Qt::WindowMaximizeButtonHint);
@@ -66,6 +60,7 @@ BNKRTN::BNKRTN(CamProgram& program, const MessageTable& texts, QWidget* parent, 
   connect(strt_, &QPushButton::clicked, this, &BNKRTN::Strt_Click);
   connect(stp_, &QPushButton::clicked, this, &BNKRTN::Stp_Click);
   connect(command1_, &QPushButton::clicked, this, &QDialog::close);
+  connect(turn_, &QTimer::timeout, this, &BNKRTN::Turn);
   connect(timer1_, &QTimer::timeout, this, &BNKRTN::Timer1_Timer);
   connect(timer2_, &QTimer::timeout, this, &BNKRTN::Timer2_Timer);
   Form_Load();
@@ -84,6 +79,10 @@ void BNKRTN::BuildControls() {
   strt_->setDefault(true);
   stp_ = DemoButton("Stp", "S&TOP");
   command1_ = DemoButton("Command1", "&Close");
+  turn_ = new QTimer(this);
+  turn_->setObjectName(QStringLiteral("Turn"));
+  turn_->setTimerType(Qt::PreciseTimer);
+  turn_->setInterval(1);
   timer1_ = new QTimer(this);
   timer1_->setObjectName(QStringLiteral("Timer1"));
   timer1_->setInterval(speedInterval);
@@ -199,38 +198,25 @@ void BNKRTN::Form_Load() {
   strt_->setFocus();
 }
 
+/// While the pointer turns the next degree shows the size.
 void BNKRTN::VScrForm_Change() {
   program_.SelectSize(vScrForm_->value());
   lnFor_->setText(ZeroFilled(vScrForm_->value(), 2));
+  if (!IsTurning()) ShowDegree();
 }
 
 void BNKRTN::Strt_Click() {
-  if (turning_) return;
-  const QPointer<BNKRTN> self(this);
-  ShowTurning(true);
+  DemoSteps = 0;
+  DemoAngle = DemoStart;
+  ShowDegree();
+  turnedTo_ = clock_.Now();
+  passes_ = 0;
+  turn_->start();
   timer1_->start();
-  qApp->installEventFilter(this);
-  Turn();
-  if (!self) return;
-  qApp->removeEventFilter(this);
-  timer1_->stop();
-  ShowTurning(false);
-  if (std::exchange(closing_, false)) close();
-  if (std::exchange(quitting_, false)) {
-    QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
-  }
-}
-
-/// The end of the whole program waits as well: it comes again when this window is gone.
-bool BNKRTN::eventFilter(QObject* watched, QEvent* event) {
-  if (watched != qApp || event->type() != QEvent::Quit) return false;
-  reject();
-  quitting_ = true;
-  return true;
+  ShowTurning(true);
 }
 
 void BNKRTN::ShowTurning(bool turning) {
-  turning_ = turning;
   // The focus follows the hand: from one button to the one that is needed next.
   const bool onButton = strt_->hasFocus() || stp_->hasFocus();
   (turning ? stp_ : strt_)->setEnabled(true);
@@ -238,40 +224,28 @@ void BNKRTN::ShowTurning(bool turning) {
   (turning ? strt_ : stp_)->setEnabled(false);
 }
 
+bool BNKRTN::IsTurning() const {
+  return turn_->isActive();
+}
+
+/// Turns over the degrees whose time has passed. A degree that has stood for longer than a new
+/// setting asks ends at once, and no more of them with it.
 void BNKRTN::Turn() {
-  const QPointer<BNKRTN> self(this);
-  DemoStop = false;
-  DemoSteps = 0;
-  DemoAngle = DemoStart;
-  for (;;) {
-    if (DemoAngle >= CamProgram::Degrees) DemoAngle = DemoStart;
-    circle_->Point(DemoAngle);
-    ShowLamps();
-    if (!Wait()) return;
+  const std::int64_t perDegree = scrolVel_->maximum() - scrolVel_->value() + 1;
+  const std::int64_t now = clock_.Now();
+  passes_ = std::min(passes_, perDegree) +
+            std::min<std::int64_t>(now - turnedTo_, mostCaughtUp) * passesPerMs;
+  turnedTo_ = now;
+  for (; passes_ >= perDegree; passes_ -= perDegree) {
     ++DemoSteps;
-    if (DemoStop || ProgramEnds() || !self) return;
-    ++DemoAngle;
+    DemoAngle = DemoAngle + 1 < CamProgram::Degrees ? DemoAngle + 1 : DemoStart;
   }
+  ShowDegree();
 }
 
-/// One pass at the fastest setting, 2000 at the slowest. False when the window is gone.
-bool BNKRTN::Wait() {
-  for (int pass = 0; pass < scrolVel_->maximum() - scrolVel_->value() + 1; ++pass) {
-    if (!Pass()) return false;
-  }
-  return true;
-}
-
-bool BNKRTN::Pass() {
-  const QPointer<BNKRTN> self(this);
-  const auto start = clock_.Now();
-  clock_.Yield();
-  if (!self) return false;
-  clock_.PauseUntil(start + shortestPass);
-  return true;
-}
-
-void BNKRTN::ShowLamps() {
+/// The pointer, and what the selected size does where it stands.
+void BNKRTN::ShowDegree() {
+  circle_->Point(DemoAngle);
   const auto degree = static_cast<std::size_t>(DemoAngle);
   for (int cam = 0; cam < static_cast<int>(label1_.size()); ++cam) {
     label1_[static_cast<std::size_t>(cam)]->Light(
@@ -280,7 +254,13 @@ void BNKRTN::ShowLamps() {
 }
 
 void BNKRTN::Stp_Click() {
-  DemoStop = true;
+  DemoStop();
+}
+
+void BNKRTN::DemoStop() {
+  turn_->stop();
+  timer1_->stop();
+  ShowTurning(false);
 }
 
 /// Degrees in a second, divided by 6, are revolutions in a minute.
@@ -298,18 +278,9 @@ void BNKRTN::Label1_DblClick(int cam) {
   close();
 }
 
-void BNKRTN::done(int result) {
-  if (turning_) {
-    DemoStop = true;
-    closing_ = true;
-    return;
-  }
-  QDialog::done(result);
-}
-
 void BNKRTN::hideEvent(QHideEvent* event) {
   QDialog::hideEvent(event);
-  if (!event->spontaneous()) DemoStop = true;  // however the window goes, the loop goes with it
+  if (!event->spontaneous()) DemoStop();  // however the window goes
 }
 
 }  // namespace nira

@@ -1,41 +1,38 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "controls/FocusScrollBar.h"
-#include "files/MessageTable.h"
-#include "functions/CamLamp.h"
-#include "functions/DegreeCircle.h"
-#include "functions/DemoClock.h"
-#include "model/CamProgram.h"
-
 #include <QDialog>
-#include <QGridLayout>
-#include <QLabel>
-#include <QPushButton>
-#include <QTimer>
-#include <QVBoxLayout>
 
+#include <cstdint>
 #include <vector>
 
+class QGridLayout;
+class QLabel;
+class QPushButton;
+class QTimer;
+class QVBoxLayout;
+
 namespace nira {
+
+class CamLamp;
+class CamProgram;
+class Clock;
+class DegreeCircle;
+class FocusScrollBar;
+class MessageTable;
 
 /// The rotation demo: a pointer turns round the cycle, and each cam's lamp shows what the selected
 /// size does at the pointer's degree. It changes the selection and nothing else.
 ///
-/// The turning loop runs inside the click on "&START" and lets the user interface work at every
-/// degree. Whatever closes the window meanwhile only stops the loop; the window closes at its end.
+/// A timer turns it by the time that has passed: a desktop that is slow to paint shows fewer of the
+/// degrees, and the speed stays.
 class BNKRTN : public QDialog {
   Q_OBJECT
 
  public:
-  /// Without a clock of its own the demo turns by the machine's.
-  BNKRTN(CamProgram& program, const MessageTable& texts, QWidget* parent,
-         DemoClock* clock = nullptr);
-
-  void done(int result) override;
+  BNKRTN(CamProgram& program, const MessageTable& texts, const Clock& clock, QWidget* parent);
 
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
   void hideEvent(QHideEvent* event) override;
 
  private:
@@ -54,23 +51,20 @@ class BNKRTN : public QDialog {
   void Timer2_Timer();
   void Label1_DblClick(int cam);
 
+  bool IsTurning() const;
+  void DemoStop();
   void Turn();
-  bool Wait();
-  bool Pass();
-  void ShowLamps();
+  void ShowDegree();
   void ShowTurning(bool turning);
 
   CamProgram& program_;
   const MessageTable& texts_;
-  SystemDemoClock systemClock_;
-  DemoClock& clock_;
+  const Clock& clock_;
 
-  int DemoAngle = 0;  // degree of the pointer, 0..359
-  int DemoSteps = 0;  // degrees turned since the speed was last shown
-  bool DemoStop = false;
-  bool turning_ = false;
-  bool closing_ = false;   // the window closes when the loop has ended
-  bool quitting_ = false;  // and the program with it
+  int DemoAngle = 0;           // degree of the pointer, 0..359
+  int DemoSteps = 0;           // degrees turned since the speed was last shown
+  std::int64_t turnedTo_ = 0;  // the clock's time up to which the pointer has turned
+  std::int64_t passes_ = 0;    // that the pointer has stood at its degree
 
   DegreeCircle* circle_;
   std::vector<CamLamp*> label1_;  // by cam, from 0
@@ -82,6 +76,7 @@ class BNKRTN : public QDialog {
   QPushButton* strt_;
   QPushButton* stp_;
   QPushButton* command1_;
+  QTimer* turn_;  // runs while the pointer turns
   QTimer* timer1_;
   QTimer* timer2_;
 };

@@ -249,20 +249,17 @@ void FuncSel::ConnectAll() {
 }
 
 void FuncSel::Form_Activate() {
-  const FunctionsBlock opened = Block();
-  if (HasGroups(instance_.Program.NumCams())) {
-    {
-      const QSignalBlocker quiet(chkAnt_);
-      chkAnt_->setChecked(opened.AdvanceOn == 1);
-    }
-    ChkANT_Click();
-    chkRit_->setChecked(opened.DelayOn == 1);
-    chkRap17_->setChecked(opened.Ratio17On == 1 && !chkRit_->isChecked());
-    chkRap25_->setChecked(opened.Ratio25On == 1);
-  } else {
-    chkAnt_->setChecked(opened.AdvanceLast > 0);
-    for (QCheckBox* box : {chkRit_, chkRap17_, chkRap25_}) box->setEnabled(false);
+  const int cams = instance_.Program.NumCams();
+  const EnabledFunctions opened = EnabledIn(Block(), cams);
+  {
+    const QSignalBlocker quiet(chkAnt_);
+    chkAnt_->setChecked(HasGroups(cams) ? opened.advance : Block().AdvanceLast > 0);
   }
+  ChkANT_Click();
+  for (QCheckBox* box : {chkRit_, chkRap17_, chkRap25_}) box->setEnabled(HasGroups(cams));
+  chkRit_->setChecked(opened.delay);
+  chkRap17_->setChecked(opened.ratio17);
+  chkRap25_->setChecked(opened.ratio25);
   FillConfiguration();
   DrawValueBars();
   ShowSelectionInUse();
@@ -297,7 +294,7 @@ void FuncSel::Change(const std::function<void(FunctionsBlock&)>& change) {
 }
 
 void FuncSel::ShowAdvanceCams() {
-  txAnt_->setText(ZeroFilled(Block().AdvanceLast + 1, 2));
+  txAnt_->setText(ZeroFilled(AdvanceCount(), 2));
   DrawValueBars();
 }
 
@@ -332,7 +329,10 @@ void FuncSel::ChkANT_Click() {
   const bool on = chkAnt_->isChecked();
   if (!on) Change([](FunctionsBlock& block) { block.AdvanceLast = 0; });
   ShowAdvanceCams();
-  if (!on) txAnt_->setText(QStringLiteral("00"));
+  if (!on) {
+    txAnt_->setText(QStringLiteral("00"));
+    EnableGroups();
+  }
   txAnt_->setEnabled(on);
   if (on) {
     txAnt_->setFocus(Qt::OtherFocusReason);
@@ -460,7 +460,10 @@ void FuncSel::TakeValue(int value) {
 
 bool FuncSel::TxANT_KeyPress(char16_t code) {
   if (code != DegreeBox::Enter) return NumberBox::IsDigit(code);
-  if (!TakeAdvanceCount()) ReportRange(AdvanceRange());
+  if (!TakeAdvanceCount()) {
+    ReportRange(AdvanceRange());
+    ShowAdvanceCams();
+  }
   txAnt_->SelectAllText();
   return false;
 }
@@ -470,6 +473,7 @@ bool FuncSel::TxANT_KeyPress(char16_t code) {
 void FuncSel::TxANT_LostFocus(Qt::FocusReason reason) {
   if (closed_ || !NumberBox::IsLeft(reason) || !chkAnt_->isChecked()) return;
   if (TakeAdvanceCount()) return;
+  ShowAdvanceCams();
   QMetaObject::invokeMethod(
       this,
       [this, range = AdvanceRange()] {
@@ -478,13 +482,17 @@ void FuncSel::TxANT_LostFocus(Qt::FocusReason reason) {
       Qt::QueuedConnection);
 }
 
-/// Makes the number in `TxANT` the advance count; false when it is out of range.
+/// Makes the number in `TxANT` the advance count; false when it is out of range, and then the box
+/// has to show the one in force again.
 bool FuncSel::TakeAdvanceCount() {
   const std::int64_t count = NumericValue(txAnt_->text());
   if (count < 1 || count > MaxAdvanceIndex + 1) return false;
   ScrollGuard = false;
-  Change(
-      [count](FunctionsBlock& block) { block.AdvanceLast = static_cast<std::int16_t>(count - 1); });
+  if (count != AdvanceCount()) {
+    Change([count](FunctionsBlock& block) {
+      block.AdvanceLast = static_cast<std::int16_t>(count - 1);
+    });
+  }
   EnableGroups();
   ShowAdvanceCams();
   ShowSelectionInUse();
@@ -540,6 +548,11 @@ void FuncSel::Configuration_GotFocus(const Row& row, Qt::FocusReason reason) {
 void FuncSel::tDEMO_Click() {
   QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);  // a message that waits comes first
   openCalculator_();
+}
+
+/// How many of the programmer's cams have an advance; the block may hold more.
+int FuncSel::AdvanceCount() const {
+  return std::min(Block().AdvanceLast + 1, instance_.Program.NumCams());
 }
 
 QString FuncSel::AdvanceRange() const {

@@ -96,6 +96,7 @@ class FuncSel : public QDialog {
   void EnableGroups();
   void ReportRange(const QString& range);
   QString AdvanceRange() const;
+  int AdvanceCount() const;
   const FunctionsBlock& Block() const { return instance_.Program.Functions(); }
 
   Instance& instance_;
