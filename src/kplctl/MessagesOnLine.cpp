@@ -22,23 +22,30 @@ JobMonitor MonitorOf(LineSession& session) {
   };
 }
 
+QString WorkPath(LineSession& session) {
+  return session.Line().Folder.Find(QString::fromLatin1(MessageFile::WorkName));
+}
+
 /// Writes what stands in the work file; false, with the reason told, when that is not good.
-bool WriteReceived(LineSession& session, MessageFile& received, const QString& file) {
+bool WriteReceived(LineSession& session, const QString& file) {
   Console& console = session.Terminal();
-  const MessagesReport report = CheckMessageFile(received.WorkPath());
+  const QString work = WorkPath(session);
+  const MessagesReport report = CheckMessageFile(work);
   if (report.fault) {
-    PrintFault(console.Err, received.WorkPath(), *report.fault);
+    PrintFault(console.Err, work, *report.fault);
     console.Err << Printable(file) << ": NOT received: what came is damaged" << Qt::endl;
     return false;
   }
   CamProgram& program = session.Program;
   const int count = std::clamp(report.lines, 1, CamProgram::MaxMessages);
   program.SetLimits(program.NumSizes(), program.NumCams(), count);
-  if (!received.ReadWorkFile()) return false;
-  const QString reason =
-      console.Writer.Write(file, WriteMessageLines(program), FileWriter::Backup::No);
-  if (!reason.isEmpty()) {
-    console.Err << Printable(file) << ": cannot be written: " << Printable(reason) << Qt::endl;
+  const auto received = ReadMsgFile(work, count);
+  if (!received) return false;
+  ReplaceMessages(program, *received);
+  if (const Refusal refusal =
+          WriteMsgFile(program, file, console.Writer, FileWriter::Backup::Yes)) {
+    console.Err << Printable(file) << ": cannot be written: " << Printable(refusal->Text)
+                << "; what came is kept in " << Printable(work) << Qt::endl;
     return false;
   }
   console.Out << Printable(file) << ": written: " << Counted(report.lines, "message") << ", "
@@ -69,17 +76,14 @@ int SendMessages(LineSession& session, const QString& file) {
 int ReceiveMessages(LineSession& session, const QString& file) {
   Console& console = session.Terminal();
   if (!MayReplace(console, {}, file)) return Console::Failed;  // before minutes on the line
-  const Comm& comm = session.Line();
-  MessageFile received(session.Program, session.Settings, comm.Folder, comm.Ask, comm.Texts,
-                       comm.Writer);
-  const auto reason = session.Run([&session, path = received.WorkPath()] {
+  const auto reason = session.Run([&session, path = WorkPath(session)] {
     return MessageTransfer(session.Line()).Receive(path, MonitorOf(session));
   });
   if (reason) {
     console.Err << Printable(file) << ": NOT received: " << Printable(*reason) << Qt::endl;
     return Console::Failed;
   }
-  return WriteReceived(session, received, file) ? Console::Good : Console::Failed;
+  return WriteReceived(session, file) ? Console::Good : Console::Failed;
 }
 
 }  // namespace nira

@@ -159,6 +159,13 @@ enum class TextNumber : int {
   FileHoldsProgram = 337,
   WorkFileInUse = 355,
   FlashTooLarge = 375,
+  MessageNumber = 390,
+  SendAnyway = 391,
+  NoMessageText = 392,
+  MessagesNotReceived = 393,
+  ReceivedInPart = 394,
+  NoMessageFile = 395,
+  MessagesLeftOut = 396,
 };
 
 }  // namespace nira

@@ -85,11 +85,33 @@ Refusal MessageTransfer::KeepOld(const QString& path) const {
 
 /// What was received differs from what the message editor opened or saved last.
 bool MessageTransfer::ReadBack(const QString& path) {
-  MessageFile file(comm_.Program, comm_.Settings, comm_.Folder, comm_.Ask, comm_.Texts,
-                   comm_.Writer);
-  if (!file.ReadTexts(path, MessageFile::Reading::Keeping)) return false;
+  const auto file = ReadMsgFile(path, comm_.Program.NumMessages());
+  if (!file) {
+    TellMessageFault(comm_, file.Why());
+    return false;
+  }
+  MergeMessages(comm_.Program, *file);
   comm_.Settings.MsgSaved = false;
   return true;
+}
+
+void TellMessageFault(Comm& comm, const Fault& fault) {
+  const auto tell = [&](const QString& text, Icon icon) {
+    comm.Ask.MsgBox(text, Buttons::Ok, icon);
+  };
+  const auto withReason = [&](TextNumber what) -> QString {
+    return comm.Text(what) + u'\n' + fault.Path + u'\n' + fault.Text;
+  };
+  switch (fault.What) {
+    case Fault::Kind::Missing:
+      return tell(comm.Text(TextNumber::MessageFileNotFound), Icon::Exclamation);
+    case Fault::Kind::BadLine:
+      return tell(fault.Path + comm.Text(TextNumber::BadFile), Icon::Exclamation);
+    case Fault::Kind::CannotRead:
+      return tell(withReason(TextNumber::CannotRead), Icon::Critical);
+    default:
+      return tell(withReason(TextNumber::CannotWrite), Icon::Critical);
+  }
 }
 
 }  // namespace nira

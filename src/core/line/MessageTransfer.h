@@ -44,4 +44,7 @@ class MessageTransfer {
   Comm& comm_;
 };
 
+/// Tells the operator why a message file was not read or written.
+void TellMessageFault(Comm& comm, const Fault& fault);
+
 }  // namespace nira

@@ -2,42 +2,25 @@
 #include "messages/MessageFile.h"
 
 #include "ground/Text.h"
+#include "messages/MessageTexts.h"
 
 #include <QFileInfo>
 
-#include <utility>
-#include <vector>
+#include <algorithm>
 
 namespace nira {
 
 namespace {
 
-/// `MsgFile` names the work file for as long as this stands.
-class WorkFileNamed {
- public:
-  explicit WorkFileNamed(Globals& globals)
-      : globals_(globals),
-        name_(std::exchange(globals.MsgFile, QString::fromLatin1(MessageFile::WorkName))),
-        saved_(globals.MsgSaved) {}
-  ~WorkFileNamed() {
-    globals_.MsgFile = name_;
-    globals_.MsgSaved = saved_;
+/// Number of the last message line among those that no program has room for here; 0 for none.
+int LastBeyond(LineReader& lines) {
+  int last = 0;
+  while (lines.LineNumber() < CamProgram::MaxMessages) {
+    const auto line = lines.Next();
+    if (!line) break;
+    if (IsMessageLine(*line)) last = lines.LineNumber();
   }
-  WorkFileNamed(const WorkFileNamed&) = delete;
-  WorkFileNamed& operator=(const WorkFileNamed&) = delete;
-
- private:
-  Globals& globals_;
-  QString name_;
-  bool saved_;
-};
-
-/// What one line of a file says about its message; none when it says nothing.
-std::optional<QString> TextOfLine(std::string_view line, MessageFile::Reading reading) {
-  if (!IsMessageLine(line)) return std::nullopt;
-  std::optional<QString> text = QuotedText(line);
-  if (!text && reading == MessageFile::Reading::Clearing) text = QStringLiteral(" ");
-  return text;
+  return last;
 }
 
 }  // namespace
@@ -75,83 +58,56 @@ std::string WriteMessageLines(const CamProgram& program) {
   return lines;
 }
 
-bool MessageFile::ReadMsgFile() {
-  if (globals_.MsgFile.isEmpty()) return false;
-  return ReadTexts(folder_.Find(globals_.MsgFile), Reading::Clearing);
+Result<MessageFile> ReadMsgFile(const QString& path, int most) {
+  if (!QFileInfo::exists(path)) return Fault{.What = Fault::Kind::Missing, .Path = path};
+  LineReader lines(path);
+  Result<MessageFile> file = ReadMsgFile(lines, most);
+  if (file) return file;
+  Fault fault = file.Why();
+  fault.Path = path;
+  return fault;
 }
 
-/// Nothing of a file is taken before all of it was read.
-bool MessageFile::ReadTexts(const QString& path, Reading reading) {
-  if (!QFileInfo::exists(path)) {
-    prompts_.MsgBox(texts_.Text(TextNumber::MessageFileNotFound), Buttons::Ok, Icon::Exclamation);
-    return false;
-  }
-  LineReader lines(path);
+Result<MessageFile> ReadMsgFile(LineReader& lines, int most) {
+  MessageFile file;
   bool tooLong = false;
-  std::vector<std::optional<QString>> read(static_cast<std::size_t>(program_.NumMessages()));
-  for (std::optional<QString>& text : read) {
+  while (lines.LineNumber() < most) {
     const auto line = NextMessageLine(lines, tooLong);
     if (!line) break;
-    text = TextOfLine(*line, reading);
+    const bool message = IsMessageLine(*line);
+    if (message) file.Last = lines.LineNumber();
+    file.Lines.push_back({message, message ? QuotedText(*line) : std::nullopt});
   }
   if (!lines.Error().isEmpty()) {
-    TellUnreadable(path, lines.Error());
-    return false;
+    return Fault{.What = Fault::Kind::CannotRead, .Text = lines.Error()};
   }
-  if (tooLong) {
-    prompts_.MsgBox(path + texts_.Text(TextNumber::BadFile), Buttons::Ok, Icon::Exclamation);
-    return false;
-  }
-  for (int number = 1; number <= program_.NumMessages(); ++number) {
-    const std::optional<QString>& text = read[static_cast<std::size_t>(number - 1)];
-    if (!text && reading == Reading::Keeping) continue;
-    program_.SetMessageText(number, text.value_or(QString()));
-  }
-  return true;
+  if (tooLong) return Fault{.What = Fault::Kind::BadLine, .Line = lines.LineNumber()};
+  file.Last = std::max(file.Last, LastBeyond(lines));
+  return file;
 }
 
-void MessageFile::TellUnreadable(const QString& path, const QString& reason) {
-  prompts_.MsgBox(texts_.Text(TextNumber::CannotRead) + u'\n' + path + u'\n' + reason, Buttons::Ok,
-                  Icon::Critical);
-}
-
-bool MessageFile::WriteMsgFile() {
-  if (globals_.MsgFile.isEmpty()) return false;
-  const QString path = folder_.Find(globals_.MsgFile);
-  const bool work = globals_.MsgFile == QLatin1String(WorkName);
-  if (!work && QFileInfo::exists(path) &&
-      prompts_.MsgBox(QStringLiteral("SOVRASCRIVERE FILE ") + globals_.MsgFileTitle(),
-                      Buttons::YesNo, Icon::Exclamation) != Answer::Yes) {
-    return false;
+void ReplaceMessages(CamProgram& program, const MessageFile& file) {
+  ClearMessages(program);
+  int number = 0;
+  for (const MessageLine& line : file.Lines) {
+    ++number;
+    if (line.IsMessage) program.SetMessageText(number, line.Text.value_or(QStringLiteral(" ")));
   }
-  const QString reason = writer_.Write(path, WriteMessageLines(program_),
-                                       work ? FileWriter::Backup::No : FileWriter::Backup::Yes);
-  if (!reason.isEmpty()) {
-    prompts_.MsgBox(texts_.Text(TextNumber::CannotWrite) + u'\n' + path + u'\n' + reason,
-                    Buttons::Ok, Icon::Critical);
-    return false;
+}
+
+void MergeMessages(CamProgram& program, const MessageFile& file) {
+  int number = 0;
+  for (const MessageLine& line : file.Lines) {
+    ++number;
+    if (line.Text) program.SetMessageText(number, *line.Text);
   }
-  globals_.MsgSaved = true;
-  return true;
 }
 
-bool MessageFile::WriteWorkFile() {
-  const WorkFileNamed named(globals_);
-  return WriteMsgFile();
-}
-
-bool MessageFile::ReadWorkFile() {
-  bool read = false;
-  {
-    const WorkFileNamed named(globals_);
-    read = ReadMsgFile();
-  }
-  if (read) globals_.MsgSaved = false;
-  return read;
-}
-
-QString MessageFile::WorkPath() const {
-  return folder_.Find(QString::fromLatin1(WorkName));
+Refusal WriteMsgFile(const CamProgram& program, const QString& path, FileWriter& writer,
+                     FileWriter::Backup backup) {
+  const QString reason = writer.Write(path, WriteMessageLines(program), backup);
+  if (reason.isEmpty()) return std::nullopt;
+  return Fault{.What = Fault::Kind::CannotWrite, .Path = path, .Text = reason};
 }
 
 }  // namespace nira

@@ -3,71 +3,54 @@
 
 #include "files/FileWriter.h"
 #include "files/LineReader.h"
-#include "files/MessageTable.h"
-#include "files/WorkingFolder.h"
-#include "ground/Prompts.h"
+#include "ground/Result.h"
 #include "model/CamProgram.h"
-#include "model/Globals.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace nira {
 
-/// Reads and writes alarm message files: line k is message k, `N. 007 "TEXT"`, or `N. 007` for a
-/// message without text. The number in a line is not read.
-class MessageFile {
- public:
-  /// `MsgFile` of what goes over the line: in the working folder, overwritten without a question.
+/// What a line of a message file says about its message.
+struct MessageLine {
+  bool IsMessage = false;            ///< it is a message's, whatever follows
+  std::optional<QString> Text = {};  ///< none when such a line has no quote
+};
+
+/// An alarm message file: line k is message k, `N. 007 "TEXT"`, or `N. 007` for a message without
+/// text. The number in a line is not read.
+struct MessageFile {
+  /// What goes over the line for the message editor, in the working folder.
   static constexpr const char* WorkName = "~.~";
 
   /// Bytes of the longest line that is taken; a longer one is none of a message file.
   static constexpr std::size_t MaxLine = 1000;
 
-  enum class Reading {
-    Clearing,  ///< what no line gives becomes empty, a line without a quote gives a blank
-    Keeping,   ///< what no line with a quote gives stays as it is
-  };
+  std::vector<MessageLine> Lines;  ///< of message 1 on, as many as were asked for at most
+  int Last = 0;                    ///< number of the last message line, those beyond included
 
-  MessageFile(CamProgram& program, Globals& globals, const WorkingFolder& folder, Prompts& prompts,
-              const MessageTable& texts, FileWriter& writer)
-      : program_(program),
-        globals_(globals),
-        folder_(folder),
-        prompts_(prompts),
-        texts_(texts),
-        writer_(writer) {}
-
-  /// Fills the messages from `MsgFile`; false, with nothing changed, when there is none or when it
-  /// could not be read, which is told.
-  bool ReadMsgFile();
-
-  /// Fills the messages from a file in one of the two ways; false as above.
-  bool ReadTexts(const QString& path, Reading reading);
-
-  /// Writes the messages to `MsgFile`, asking first when it would replace a file. True when it was
-  /// written: `MsgSaved` is true then, otherwise as it was.
-  bool WriteMsgFile();
-
-  /// The same two with the work file; `MsgFile` stays. What was received is in no file of the
-  /// operator's, so `MsgSaved` is false after the reading; the writing leaves it.
-  bool ReadWorkFile();
-  bool WriteWorkFile();
-
-  /// Path of the work file.
-  QString WorkPath() const;
-
- private:
-  void TellUnreadable(const QString& path, const QString& reason);
-
-  CamProgram& program_;
-  Globals& globals_;
-  const WorkingFolder& folder_;
-  Prompts& prompts_;
-  const MessageTable& texts_;
-  FileWriter& writer_;
+  /// False when it has lines, and none of them is a message's.
+  bool HasMessages() const { return Lines.empty() || Last > 0; }
 };
+
+/// The lines of a file for the first `most` messages; of those beyond only how many there are. The
+/// fault is `Missing`, `CannotRead`, or `BadLine` at a line that is too long.
+Result<MessageFile> ReadMsgFile(const QString& path, int most);
+Result<MessageFile> ReadMsgFile(LineReader& lines, int most);
+
+/// Gives the program the messages of a file: what no line gives becomes empty, a line without a
+/// quote gives a blank.
+void ReplaceMessages(CamProgram& program, const MessageFile& file);
+
+/// The same, but what no line with a quote gives stays as it is.
+void MergeMessages(CamProgram& program, const MessageFile& file);
+
+/// Writes all messages of the program.
+Refusal WriteMsgFile(const CamProgram& program, const QString& path, FileWriter& writer,
+                     FileWriter::Backup backup);
 
 /// The name of a message file to write: ".MSG" is added to one without a ".".
 QString MessageFileName(const QString& chosen);

@@ -4,6 +4,7 @@
 #include "controls/ThemedIcon.h"
 #include "dialogs/clsCommonDialog.h"
 #include "ground/Text.h"
+#include "line/MessageTransfer.h"
 #include "messages/ModMsg.h"
 #include "messages/PrnMsg.h"
 #include "printing/PrintPane.h"
@@ -33,11 +34,7 @@ int BasePixels() {
 }  // namespace
 
 AlMsg::AlMsg(Instance& instance, MessageLink link, QWidget* parent)
-    : QDialog(parent),
-      instance_(instance),
-      link_(std::move(link)),
-      file_(instance.Program, instance.Settings, instance.Folder, instance.Ask, instance.Texts,
-            instance.Writer) {
+    : QDialog(parent), instance_(instance), link_(std::move(link)) {
   setObjectName(QStringLiteral("AlMsg"));
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   BuildList();
@@ -107,6 +104,10 @@ void AlMsg::BuildList() {
   state_ = new QLabel;
   state_->setObjectName(QStringLiteral("State"));
   state_->setTextFormat(Qt::PlainText);
+  note_ = new QLabel;
+  note_->setObjectName(QStringLiteral("Note"));
+  note_->setTextFormat(Qt::PlainText);
+  note_->setWordWrap(true);
 }
 
 QLayout* AlMsg::BuildButtons() {
@@ -124,6 +125,7 @@ QLayout* AlMsg::BuildButtons() {
   grid->setRowMinimumHeight(2, 8);
   grid->addWidget(transmit, 3, 0);
   grid->addWidget(receive, 3, 1);
+  grid->addWidget(note_, 4, 0, 1, 2, Qt::AlignTop);
   grid->setRowStretch(4, 1);
   grid->addWidget(state_, 5, 0);
   grid->addWidget(MakeButton("tEX", TextNumber::MsgExit, &AlMsg::tEX_Click), 5, 1);
@@ -212,6 +214,7 @@ void AlMsg::f_New_Click() {
   if (!MayLoseMessages()) return;
   ClearMessages(instance_.Program);
   instance_.Settings.MsgSaved = false;
+  note_->clear();
   ShowAll();
 }
 
@@ -230,7 +233,7 @@ void AlMsg::f_Open_Click() {
   if (!instance_.Dialog.ShowOpen(this) || instance_.Dialog.FileName.isEmpty()) return;
   QString& current = instance_.Settings.MsgFile;
   const QString before = std::exchange(current, instance_.Dialog.FileName);
-  if (!file_.ReadMsgFile()) {
+  if (!ReadMsgFile()) {
     current = before;
     return;
   }
@@ -245,7 +248,7 @@ void AlMsg::f_Save_Click() {
     instance_.Ask.MsgBox(QStringLiteral("FILE NON SELEZIONATO"), Buttons::Ok, Icon::Critical);
     return;
   }
-  file_.WriteMsgFile();
+  WriteMsgFile();
   ShowSelected();
 }
 
@@ -256,9 +259,60 @@ void AlMsg::SVA_Click() {
   if (!instance_.Dialog.ShowSave(this) || instance_.Dialog.FileName.isEmpty()) return;
   const QString before = std::exchange(
       current, MessageFileName(QFileInfo(instance_.Dialog.FileName).absoluteFilePath()));
-  if (!file_.WriteMsgFile()) current = before;
+  if (!WriteMsgFile()) current = before;
   ShowTitle();
   ShowSelected();
+}
+
+/// Fills the messages from `MsgFile`; false, with nothing changed, when it cannot be read.
+bool AlMsg::ReadMsgFile() {
+  const QString path = instance_.Folder.Find(instance_.Settings.MsgFile);
+  const auto file = nira::ReadMsgFile(path, instance_.Program.NumMessages());
+  if (!file) {
+    TellMessageFault(instance_, file.Why());
+    return false;
+  }
+  ReplaceMessages(instance_.Program, *file);
+  ShowNote(*file);
+  return true;
+}
+
+/// What of the file that was opened is not as its name promises.
+void AlMsg::ShowNote(const MessageFile& file) {
+  const int most = instance_.Program.NumMessages();
+  note_->clear();
+  if (!file.HasMessages()) note_->setText(instance_.Text(TextNumber::NoMessageFile));
+  if (file.Last <= most) return;
+  note_->setText(instance_.Text(TextNumber::MessagesLeftOut) + QString::number(most + 1) + u'-' +
+                 QString::number(file.Last));
+}
+
+/// Writes the messages to `MsgFile`, asking first when it would replace a file. True when it was
+/// written: `MsgSaved` is true then, otherwise as it was.
+bool AlMsg::WriteMsgFile() {
+  const QString path = instance_.Folder.Find(instance_.Settings.MsgFile);
+  if (QFileInfo::exists(path)) {
+    if (IsOpenCamFile(path)) return false;
+    const QString question = QStringLiteral("SOVRASCRIVERE FILE ");
+    if (instance_.Ask.MsgBox(question + instance_.Settings.MsgFileTitle(), Buttons::YesNo,
+                             Icon::Exclamation) != Answer::Yes) {
+      return false;
+    }
+  }
+  const Refusal refusal =
+      nira::WriteMsgFile(instance_.Program, path, instance_.Writer, FileWriter::Backup::Yes);
+  if (refusal) TellMessageFault(instance_, *refusal);
+  instance_.Settings.MsgSaved = instance_.Settings.MsgSaved || !refusal;
+  return !refusal;
+}
+
+/// True, after a message, for the cam file that is open: messages never take its place.
+bool AlMsg::IsOpenCamFile(const QString& path) {
+  if (QFileInfo(path) != QFileInfo(instance_.Settings.CurrentFile)) return false;
+  TellMessageFault(instance_, {.What = Fault::Kind::CannotWrite,
+                               .Path = path,
+                               .Text = instance_.Text(TextNumber::IsOpenCamFile)});
+  return true;
 }
 
 void AlMsg::t_Searc_Click() {
@@ -311,15 +365,29 @@ void AlMsg::SEL_FNT_Click() {
 }
 
 void AlMsg::Tr_M_Click() {
-  if (!file_.WriteWorkFile()) return;
-  link_.Transmit(file_.WorkPath());
+  const QString work = instance_.Folder.Find(QString::fromLatin1(MessageFile::WorkName));
+  if (const Refusal refusal =
+          nira::WriteMsgFile(instance_.Program, work, instance_.Writer, FileWriter::Backup::No)) {
+    TellMessageFault(instance_, *refusal);
+    return;
+  }
+  link_.Transmit(work);
   ShowAll();  // the programmer may have another number of messages
 }
 
 void AlMsg::Rc_M_Click() {
   if (!MayLoseMessages()) return;
-  if (link_.Receive(file_.WorkPath())) file_.ReadWorkFile();
+  const QString work = instance_.Folder.Find(QString::fromLatin1(MessageFile::WorkName));
+  if (link_.Receive(work)) TakeReceived(work);
   ShowAll();
+}
+
+/// What was received is in no file of the operator's.
+void AlMsg::TakeReceived(const QString& work) {
+  const auto file = nira::ReadMsgFile(work, instance_.Program.NumMessages());
+  if (!file) return TellMessageFault(instance_, file.Why());
+  ReplaceMessages(instance_.Program, *file);
+  instance_.Settings.MsgSaved = false;
 }
 
 void AlMsg::tEX_Click() {

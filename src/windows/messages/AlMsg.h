@@ -55,6 +55,11 @@ class AlMsg : public QDialog {
   void ShowAll();
 
   bool MayLoseMessages();
+  bool ReadMsgFile();
+  bool WriteMsgFile();
+  bool IsOpenCamFile(const QString& path);
+  void TakeReceived(const QString& work);
+  void ShowNote(const MessageFile& file);
   void PrepareDialog(const QString& title, int flags, const QString& preset);
 
   void f_New_Click();
@@ -73,11 +78,11 @@ class AlMsg : public QDialog {
 
   Instance& instance_;
   MessageLink link_;
-  MessageFile file_;
   MessageList* list_ = nullptr;  // LstAlr
   QLabel* number_ = nullptr;
   DisplayFrame* display_ = nullptr;
   QLabel* state_ = nullptr;
+  QLabel* note_ = nullptr;
 };
 
 }  // namespace nira

@@ -11,15 +11,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Reading = MessageFile::Reading;
-
-/// Messages and what reads and writes them, in a folder of its own, with the Italian texts.
+/// Messages in a folder of their own, and what reads and writes them.
 struct Place {
-  explicit Place(int messages = 4) {
-    program.SetLimits(22, 32, messages);
-    if (!texts.Read(QStringLiteral(NIRA_SOURCE_FOLDER "/lang/p32qx_IT.SCR"))) qFatal("no script");
-    globals.MsgFile = path;
-  }
+  explicit Place(int messages = 4) { program.SetLimits(22, 32, messages); }
 
   /// The texts of the messages, "a|b||".
   QString Messages() const {
@@ -32,15 +26,15 @@ struct Place {
     for (int n = 1; n <= parts.size(); ++n) program.SetMessageText(n, parts.at(n - 1));
   }
 
+  Result<MessageFile> Read() const { return ReadMsgFile(path, program.NumMessages()); }
+  Refusal Write(const QString& to) {
+    return WriteMsgFile(program, to, writer, FileWriter::Backup::Yes);
+  }
+
   QTemporaryDir temporary;
   QString path = temporary.filePath(u"in.MSG"_qs);
-  WorkingFolder folder{temporary.path()};
   CamProgram program;
-  Globals globals;
-  ScriptedPrompts prompts;
-  MessageTable texts;
   FileWriter writer;
-  MessageFile file{program, globals, folder, prompts, texts, writer};
 };
 
 }  // namespace
@@ -76,41 +70,32 @@ class MessageFileTest : public QObject {
     Place p;
     QVERIFY(WriteBytes(p.path, bytes));
     p.SetMessages(u"a|b|c|d|beyond"_qs);
-    QVERIFY(p.file.ReadTexts(p.path, Reading::Keeping));
+    const auto file = p.Read();
+    QVERIFY(bool(file));
+    MergeMessages(p.program, *file);
     QTEST(p.Messages(), "kept");
     p.SetMessages(u"a|b|c|d"_qs);
-    QVERIFY(p.file.ReadMsgFile());
+    ReplaceMessages(p.program, *file);
     QTEST(p.Messages(), "cleared");
     QCOMPARE(p.program.MessageText(5), u"beyond"_qs);
+    QCOMPARE(file->HasMessages(), !bytes.startsWith('n'));
   }
 
-  void Refused_data() {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("told");
-    QTest::newRow("missing") << QByteArray() << u"Exclamation Ok: FILE MESSAGGI NON TROVATO"_qs;
-    QTest::newRow("folder") << QByteArray()
-                            << u"Critical Ok: IMPOSSIBILE LEGGERE IL FILE\n%1\nis not a file"_qs;
-    for (const int length : {998, 3'000'000}) {
-      QTest::addRow("line of %d", length + 3)
-          << "N\"X\"\r\nN\"" + QByteArray(length, 'A') + "\"\r\nN\"Y\""
-          << u"Exclamation Ok: %1 FILE O FORMATO NON VALIDO !"_qs;
-    }
-  }
-
-  /// What cannot be read changes nothing.
   void Refused() {
-    QFETCH(QByteArray, bytes);
-    QFETCH(QString, told);
+    using enum Fault::Kind;
     Place p;
-    if (!bytes.isEmpty()) QVERIFY(WriteBytes(p.path, bytes));
-    if (told.contains(u"not a file"_qs)) QVERIFY(QDir().mkpath(p.path));
-    p.SetMessages(u"a|b|c|d"_qs);
-    p.globals.MsgSaved = false;
-    p.prompts.Expect();
-    QVERIFY(!p.file.ReadMsgFile());
-    QCOMPARE(p.prompts.Shown(), QStringList(told.contains(u'%') ? told.arg(p.path) : told));
-    QCOMPARE(p.Messages(), u"a|b|c|d"_qs);
-    QVERIFY(!p.globals.MsgSaved);
+    QCOMPARE(p.Read().Why().What, Missing);
+    for (const int length : {998, 3'000'000}) {
+      const QByteArray lines = "N\"X\"\r\nN\"" + QByteArray(length, 'A') + "\"\r\nN\"Y\"";
+      QVERIFY(WriteBytes(p.path, lines));
+      QCOMPARE(p.Read().Why().What, BadLine);
+      QCOMPARE(p.Read().Why().Line, 2);
+      QVERIFY(bool(ReadMsgFile(p.path, 1)));  // what is not read does not matter
+    }
+    QVERIFY(QFile::remove(p.path) && QDir().mkpath(p.path));
+    QCOMPARE(p.Read().Why().What, CannotRead);
+    QCOMPARE(p.Read().Why().Path, p.path);
+    QCOMPARE(p.Write(p.path).value_or(Fault()).What, CannotWrite);
   }
 
   void OpenedAndSaved_data() {
@@ -136,61 +121,16 @@ class MessageFileTest : public QObject {
       }
     }
     QVERIFY(WriteBytes(p.path, bytes));
-    QVERIFY(p.file.ReadMsgFile());
-    p.prompts.Expect(Answer::Yes);
-    QVERIFY(p.file.WriteMsgFile());
+    const auto file = p.Read();
+    QVERIFY(bool(file));
+    ReplaceMessages(p.program, *file);
+    QVERIFY(!p.Write(p.path));
     QCOMPARE(ReadBytes(p.path), bytes);
     if (sample.isEmpty()) return;
     for (int n = 1; n <= messages; ++n) {
       const QString& text = p.program.MessageText(n);
       QVERIFY2(text.size() > 20 && text.size() <= 40 && text.at(20) != u' ', qPrintable(text));
     }
-  }
-
-  void Written() {
-    Place p;
-    p.SetMessages(u"ONE"_qs);
-    QVERIFY(WriteBytes(p.path, "old"));
-    p.globals.MsgSaved = false;
-    for (const Answer answer : {Answer::No, Answer::Yes}) {
-      p.prompts.Expect(answer);
-      QCOMPARE(p.file.WriteMsgFile(), answer == Answer::Yes);
-      QCOMPARE(p.globals.MsgSaved, answer == Answer::Yes);
-      QCOMPARE(ReadBytes(p.path).startsWith("N. 001 \"ONE\"\r\n"), answer == Answer::Yes);
-    }
-    QCOMPARE(p.prompts.Shown().at(0), u"Exclamation YesNo: SOVRASCRIVERE FILE in.MSG"_qs);
-    QCOMPARE(ReadBytes(p.path + u".bak"), QByteArray("old"));
-    p.globals.MsgFile = p.temporary.filePath(u"gone/a.MSG"_qs);
-    p.globals.MsgSaved = false;
-    p.prompts.Expect();
-    QVERIFY(!p.file.WriteMsgFile());
-    QVERIFY(p.prompts.Shown().constLast().startsWith(
-        u"Critical Ok: IMPOSSIBILE SCRIVERE IL FILE\n"_qs + p.globals.MsgFile));
-    QVERIFY(!p.globals.MsgSaved);
-  }
-
-  /// The work file is written without a word and without a copy, and the operator's stays the one.
-  void WorkFile() {
-    Place p;
-    p.SetMessages(u"ONE"_qs);
-    for (const bool saved : {true, false}) {
-      QVERIFY(WriteBytes(p.file.WorkPath(), "old"));
-      p.globals.MsgSaved = saved;
-      QVERIFY(p.file.WriteWorkFile());
-      QCOMPARE(p.globals.MsgSaved, saved);
-    }
-    QCOMPARE(QDir(p.temporary.path()).entryList(QDir::Files), QStringList(u"~.~"_qs));
-    p.SetMessages(u"||THREE|"_qs);
-    p.globals.MsgSaved = true;
-    QVERIFY(p.file.ReadWorkFile());
-    QCOMPARE(p.Messages(), u"ONE| | | "_qs);
-    QVERIFY(!p.globals.MsgSaved);
-    QCOMPARE(p.globals.MsgFile, p.path);
-    QVERIFY(QFile::remove(p.file.WorkPath()));
-    p.globals.MsgSaved = true;
-    p.prompts.Expect();
-    QVERIFY(!p.file.ReadWorkFile());
-    QVERIFY(p.globals.MsgSaved);
   }
 
   /// The model takes nothing that no file could hold.

@@ -157,6 +157,28 @@ class AlMsgTest : public QObject {
     }
   }
 
+  /// What is opened in spite of all, and what of it is left out.
+  void OpenedInPart() {
+    MessageWindow f;
+    QString note;
+    for (const int messages : {255, 180}) {
+      f.program.SetLimits(22, 32, messages);
+      f.Reopen();
+      f.OpenSample(u"press_IT.MSG"_qs);
+      note += f.Named<QLabel>(u"Note"_qs)->text() + u'|';
+    }
+    QVERIFY(WriteBytes(f.Path(u"a.txt"_qs), "FUNZIONI 32-22 \r\nEND\r\n"));
+    f.dialog.Expect(f.Path(u"a.txt"_qs));
+    f.Do(u"f_Open"_qs);
+    note += f.Named<QLabel>(u"Note"_qs)->text();
+    QCOMPARE(note,
+             u"|IL FILE HA PIU' MESSAGGI DEL PROGRAMMATORE, NON LETTI: 181-255"
+             u"|IL FILE NON SEMBRA UN FILE MESSAGGI"_qs);
+    QVERIFY(!HoldsMessages(f.program));
+    f.Do(u"f_New"_qs);
+    QVERIFY(f.Named<QLabel>(u"Note"_qs)->text().isEmpty());
+  }
+
   void Save() {
     MessageWindow f;
     const QString none = u"Critical Ok: FILE NON SELEZIONATO"_qs;
@@ -171,6 +193,12 @@ class AlMsgTest : public QObject {
       QCOMPARE(ReadBytes(path).startsWith("N. 001 \"CHANGED\"\r\n"), answer == Answer::Yes);
       QCOMPARE(f.settings.MsgSaved, answer == Answer::Yes);
     }
+    f.settings.CurrentFile = path;  // a cam file is open under this name
+    f.prompts.Expect();
+    f.Do(u"f_Save"_qs);
+    QCOMPARE(f.prompts.boxes.back().text.section(u'\n', 0, 1),
+             u"IMPOSSIBILE SCRIVERE IL FILE\n"_qs + path);
+    f.prompts.boxes.pop_back();
     QVERIFY(QFile::remove(path));
     f.prompts.Expect();
     f.Do(u"f_Save"_qs);
