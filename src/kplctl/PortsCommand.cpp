@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Commands.h"
 #include "Printable.h"
+#include "line/PortAccess.h"
 #include "line/PortNames.h"
 #include "line/SimulatedMark.h"
 
 #include <QDir>
-#include <QFileInfo>
 
 #include <algorithm>
 
@@ -39,7 +39,7 @@ QString PortState(const PortInfo& port, const PortNames& names) {
   const bool free = port.HeldBy.isEmpty() || HeldByItself(port, names);
   QString state = free ? QStringLiteral("free") : QString(u"in use by " + port.HeldBy);
   if (port.Permitted) return state;
-  const QString group = QFileInfo(port.Device).group();
+  const QString group = GroupToJoin(port.Device);
   state += QStringLiteral(", no permission");
   if (!group.isEmpty()) state += QStringLiteral(": join the group ") + group;
   return state;

@@ -9,10 +9,6 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr int badProperty = 380;
-constexpr int noSuchPort = 8002;
-constexpr int notOpen = 8018;
-constexpr int ioFailed = 8020;
 constexpr milliseconds closingTime(2000);
 
 }  // namespace
@@ -42,9 +38,10 @@ void SimulatedSerial::Arrive() {
 }
 
 void SimulatedSerial::CheckOpen() const {
-  if (!open_) throw SerialError(notOpen, QStringLiteral("the port is not open"));
+  if (!open_) throw SerialError(SerialError::NotOpen, QStringLiteral("the port is not open"));
   if (programmer_.IsUnplugged()) {
-    throw SerialError(ioFailed, QStringLiteral("the simulated adapter has been pulled out"));
+    throw SerialError(SerialError::InputOutput,
+                      QStringLiteral("the simulated adapter has been pulled out"));
   }
 }
 
@@ -55,7 +52,7 @@ void SimulatedSerial::InBufferSize(int bytes) {
 void SimulatedSerial::PortOpen(bool open) {
   Arrive();
   if (open && programmer_.IsUnplugged()) {
-    throw SerialError(noSuchPort, QStringLiteral("no adapter is plugged in"));
+    throw SerialError(SerialError::NoSuchPort, QStringLiteral("no adapter is plugged in"));
   }
   if (open_ && !open) Drain();
   open_ = open;
@@ -77,7 +74,8 @@ void SimulatedSerial::Settings(const QString& settings) {
   bool good = false;
   const int baud = settings.section(u',', 0, 0).toInt(&good);
   if (!good || baud <= 0) {
-    throw SerialError(badProperty, QStringLiteral("no settings of a port: ") + settings);
+    throw SerialError(SerialError::BadProperty,
+                      QStringLiteral("no settings of a port: ") + settings);
   }
   Arrive();
   settings_ = settings;

@@ -253,7 +253,9 @@ class OnLineTest : public QObject {
   /// A device by its path; one that has a number keeps it.
   void Devices() {
     LineFixture f;
-    QVERIFY(WriteBytes(f.Path(u"other"_qs), "x"));
+    QVERIFY(WriteBytes(f.Path(u"other"_qs), "/dev/null\n"));
+    f.names.NameDevice(f.Path(u"other"_qs));
+    QCOMPARE(f.names.Device(0), f.Path(u"other"_qs));  // no link, and no device
     QVERIFY(QFile::link(u"/dev/null"_qs, f.Path(u"com3"_qs)));
     f.names.NameDevice(f.Path(u"com3"_qs));
     QCOMPARE(f.names.Device(0), u"/dev/null"_qs);

@@ -108,7 +108,7 @@ class ScriptedSerial : public SerialControl, public Clock {
       open_ = false;
       Gone = true;
     }
-    if (!open_) throw SerialError(8020, QStringLiteral("gone"));
+    if (!open_) throw SerialError(SerialError::InputOutput, QStringLiteral("gone"));
   }
   void Ask(const QString& what) {
     Step();

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "line/PortErrors.h"
 
-#include "line/PortHolder.h"
-
-#include <QFileInfo>
+#include "line/PortAccess.h"
 
 namespace nira {
 
@@ -12,30 +10,38 @@ SerialError PortErrors::Error(int number, TextNumber what, const QString& device
   return {number, texts_.Text(what) + device + u'\n' + todo};
 }
 
-SerialError PortErrors::Missing(const QString& device) const {
-  return Error(NoSuchPort, TextNumber::CannotFindPort, device,
+SerialError PortErrors::Missing(const QString& sought) const {
+  return Error(SerialError::NoSuchPort, TextNumber::CannotFindPort, sought,
                texts_.Text(TextNumber::ConnectAdapter));
 }
 
 SerialError PortErrors::Forbidden(const QString& device) const {
-  const QString group = QFileInfo(device).group();
-  return Error(
-      NoPermission, TextNumber::PortForbidden, device,
-      texts_.Text(TextNumber::JoinGroup) + (group.isEmpty() ? QStringLiteral("dialout") : group));
+  const QString group = GroupToJoin(device);
+  return Error(SerialError::NoPermission, TextNumber::PortForbidden, device,
+               group.isEmpty() ? texts_.Text(TextNumber::AskForPermission)
+                               : QString(texts_.Text(TextNumber::JoinGroup) + group));
 }
 
 SerialError PortErrors::Busy(const QString& device) const {
-  return Error(InUse, TextNumber::PortInUse, device,
-               texts_.Text(TextNumber::CloseOther) + PortHolder(device));
+  const QString holder = PortHolder(device);
+  const QString lock = holder.isEmpty() ? LeftLock(device) : QString();
+  return Error(SerialError::InUse, TextNumber::PortInUse, device,
+               lock.isEmpty() ? texts_.Text(TextNumber::CloseOther) + holder
+                              : texts_.Text(TextNumber::RemoveLock) + lock);
 }
 
 SerialError PortErrors::Failed(const QString& device, const QString& reason) const {
-  return Error(InputOutput, TextNumber::PortFailed, device,
+  return Error(SerialError::InputOutput, TextNumber::PortFailed, device,
                texts_.Text(TextNumber::CheckCable) + u'\n' + reason);
 }
 
+SerialError PortErrors::Gone(const QString& device) const {
+  return Failed(device, texts_.Text(TextNumber::PortGone));
+}
+
 SerialError PortErrors::NotTaken(const QString& device) const {
-  return Error(InputOutput, TextNumber::NotTaken, device, texts_.Text(TextNumber::CheckCable));
+  return Error(SerialError::InputOutput, TextNumber::NotTaken, device,
+               texts_.Text(TextNumber::CheckCable));
 }
 
 }  // namespace nira

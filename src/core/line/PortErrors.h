@@ -12,26 +12,24 @@ namespace nira {
 /// the texts.
 class PortErrors {
  public:
-  static constexpr int NoSuchPort = 8002;
-  static constexpr int InUse = 8005;
-  static constexpr int NoPermission = 70;
-  static constexpr int InputOutput = 8020;
-
   explicit PortErrors(const MessageTable& texts) : texts_(texts) {}
 
   /// Why the device could not be opened: `error` and `reason` are what the opening gave, the system
-  /// is asked once more.
-  SerialError Opening(const QString& device, QSerialPort::SerialPortError error,
-                      const QString& reason) const;
+  /// is asked once more. `sought` names the port and what is looked for there.
+  SerialError Opening(const QString& device, const QString& sought,
+                      QSerialPort::SerialPortError error, const QString& reason) const;
 
-  /// Input or output failed, or the adapter is gone.
+  /// Input or output failed for a reason that the system has words for.
   SerialError Failed(const QString& device, const QString& reason) const;
+
+  /// The port is not there any more.
+  SerialError Gone(const QString& device) const;
 
   /// What was written does not go out.
   SerialError NotTaken(const QString& device) const;
 
  private:
-  SerialError Missing(const QString& device) const;
+  SerialError Missing(const QString& sought) const;
   SerialError Forbidden(const QString& device) const;
   SerialError Busy(const QString& device) const;
   SerialError Error(int number, TextNumber what, const QString& device, const QString& todo) const;

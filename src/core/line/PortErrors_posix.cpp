@@ -22,9 +22,9 @@ int OpenErrno(const QString& device) {
 
 }  // namespace
 
-SerialError PortErrors::Opening(const QString& device, QSerialPort::SerialPortError error,
-                                const QString& reason) const {
-  if (device.isEmpty()) return Missing(device);
+SerialError PortErrors::Opening(const QString& device, const QString& sought,
+                                QSerialPort::SerialPortError error, const QString& reason) const {
+  if (device.isEmpty()) return Missing(sought);
   const bool denied = error == QSerialPort::PermissionError;
   switch (const int number = OpenErrno(device)) {
     case ENOENT:
@@ -34,7 +34,7 @@ SerialError PortErrors::Opening(const QString& device, QSerialPort::SerialPortEr
     case ENOTTY:  // a file or a folder, or a port that the machine does not have
     case EISDIR:
     case EIO:
-      return Missing(device);
+      return Missing(sought);
     case EACCES:
     case EPERM:
       return Forbidden(device);
@@ -43,7 +43,7 @@ SerialError PortErrors::Opening(const QString& device, QSerialPort::SerialPortEr
     case 0:  // it opens: what refused is the lock of another program
       return denied ? Busy(device) : Failed(device, reason);
     default:
-      return {number, reason + QStringLiteral(": ") + device};
+      return Error(number, TextNumber::PortFailed, device, reason);
   }
 }
 

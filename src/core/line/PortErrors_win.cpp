@@ -3,12 +3,12 @@
 
 namespace nira {
 
-SerialError PortErrors::Opening(const QString& device, QSerialPort::SerialPortError error,
-                                const QString& reason) const {
-  if (device.isEmpty()) return Missing(device);
+SerialError PortErrors::Opening(const QString& device, const QString& sought,
+                                QSerialPort::SerialPortError error, const QString& reason) const {
+  if (device.isEmpty()) return Missing(sought);
   const bool denied = error == QSerialPort::PermissionError;
   if (denied) return Busy(device);
-  return error == QSerialPort::DeviceNotFoundError ? Missing(device) : Failed(device, reason);
+  return error == QSerialPort::DeviceNotFoundError ? Missing(sought) : Failed(device, reason);
 }
 
 }  // namespace nira

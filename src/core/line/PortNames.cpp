@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "line/PortNames.h"
 
-#include "line/PortHolder.h"
+#include "line/PortAccess.h"
 #include "line/SimulatedMark.h"
 
 #include <QDir>
@@ -67,7 +67,16 @@ QString PortNames::Link(int number) const {
 }
 
 QString PortNames::Linked(int number) const {
-  return PointedTo(QFileInfo(Link(number)));
+  const QFileInfo link(Link(number));
+  const bool plain = link.isFile() && !link.isSymLink();
+  return number == 0 && plain ? QString() : PointedTo(link);
+}
+
+QString PortNames::Sought(int number) const {
+  const QString device = Device(number);
+  const QString port = QStringLiteral("COM%1").arg(number);
+  if (number == 0 || device == port) return device;
+  return port + QStringLiteral(", ") + (device.isEmpty() ? SoughtDevices(number) : device);
 }
 
 PortInfo PortNames::Describe(int number) const {

@@ -26,8 +26,9 @@ struct PortInfo {
 /// Which device stands behind a port number.
 ///
 /// The working folder comes first: a link "com1", a device or a file of that name whose first line
-/// is a path, is port 1. Otherwise ports 1 to 4 are ttyS0 to ttyS3, and 5 to 8 the first four that
-/// exist of ttyUSB0.. and ttyACM0.., in that order; on Windows port n is COMn.
+/// is a path, is port 1. What names a device by itself is no such file. Otherwise ports 1 to 4 are
+/// ttyS0 to ttyS3, and 5 to 8 the first four that exist of ttyUSB0.. and ttyACM0.., in that order;
+/// on Windows port n is COMn.
 class PortNames {
  public:
   static constexpr int Ports = 8;       ///< that the settings window offers
@@ -42,6 +43,9 @@ class PortNames {
 
   /// The device of a port, whether or not it exists; empty when there is none.
   QString Device(int number) const;
+
+  /// The port and what is looked for there, for a message: "COM2, /dev/ttyS1".
+  QString Sought(int number) const;
 
   /// The name that stands for a port in the working folder, whether or not there is one.
   QString Link(int number) const;
@@ -63,6 +67,7 @@ class PortNames {
   static bool IsPermitted(const PortInfo& port);
   bool IsReal(const PortInfo& port, const QList<QSerialPortInfo>& known) const;
   QString Linked(int number) const;
+  QString SoughtDevices(int number) const;
   QStringList Adapters() const;
 
   const WorkingFolder& folder_;

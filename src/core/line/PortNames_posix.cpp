@@ -44,6 +44,12 @@ QString PortNames::Device(int number) const {
   return index < adapters.size() ? QString(devices_ + u'/' + adapters.at(index)) : QString();
 }
 
+/// Of a port that has no device: the adapters, of which it is the n-th, or a link.
+QString PortNames::SoughtDevices(int number) const {
+  if (number < 1 || number > Ports) return Link(number);
+  return QStringLiteral("%1/ttyUSB*, %1/ttyACM* (N. %2)").arg(devices_).arg(number - FixedPorts);
+}
+
 QString PortNames::DeviceOf(const QSerialPortInfo& port) {
   return port.systemLocation();
 }

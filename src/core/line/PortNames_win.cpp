@@ -13,6 +13,10 @@ QString PortNames::Device(int number) const {
   return QStringLiteral("COM%1").arg(number);
 }
 
+QString PortNames::SoughtDevices(int /*number*/) const {
+  return {};
+}
+
 QString PortNames::DeviceOf(const QSerialPortInfo& port) {
   return port.portName();
 }

@@ -39,14 +39,16 @@ void QtSerialControl::PortOpen(bool open) {
 }
 
 void QtSerialControl::Open() {
-  gone_.clear();
+  gone_ = false;
   input_.clear();
   device_ = names_.Device(number_);
   port_.setPortName(device_);
   opening_ = true;
   const bool opened = port_.open(QIODevice::ReadWrite);
   opening_ = false;
-  if (!opened) throw errors_.Opening(device_, port_.error(), port_.errorString());
+  if (!opened) {
+    throw errors_.Opening(device_, names_.Sought(number_), port_.error(), port_.errorString());
+  }
   lineFree_ = clock_.Now() * perMs;
   threshold_ = 1;
   port_.clear(QSerialPort::Input);
@@ -61,7 +63,7 @@ void QtSerialControl::Close() {
   }
   input_.clear();
   if (sent) return;
-  if (!gone_.isEmpty()) throw errors_.Failed(device_, gone_);
+  if (gone_) throw errors_.Gone(device_);
   throw errors_.NotTaken(device_);
 }
 
@@ -71,7 +73,7 @@ void QtSerialControl::OnError(QSerialPort::SerialPortError error) {
   const bool gone = error == ResourceError || error == ReadError || error == WriteError ||
                     error == DeviceNotFoundError;
   if (!gone || opening_ || !port_.isOpen()) return;
-  gone_ = port_.errorString();
+  gone_ = true;
   unsent_ = port_.bytesToWrite() > 0;
   input_ += port_.readAll();
   port_.close();
@@ -81,7 +83,7 @@ void QtSerialControl::OnError(QSerialPort::SerialPortError error) {
 void QtSerialControl::CheckPort() {
   if (port_.isOpen()) return;
   unsent_ = false;
-  throw errors_.Failed(device_, gone_);
+  throw errors_.Gone(device_);
 }
 
 /// Raises the port's own reason when what was asked of it was not done.

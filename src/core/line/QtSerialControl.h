@@ -73,7 +73,7 @@ class QtSerialControl : public SerialControl {
   QString settings_;
   QString device_;
   bool opening_ = false;
-  QString gone_;               // why the port closed itself; empty while it did not
+  bool gone_ = false;          // the port closed itself
   bool unsent_ = false;        // and something written was lost with it
   QByteArray input_;           // read from the port, not yet by the caller
   std::int64_t lineFree_ = 0;  // when the line will have carried all output, clock in microseconds

@@ -14,6 +14,14 @@ namespace nira {
 /// A failure of the serial platform. `Number` is in the platform's range, never 0 or 1.
 class SerialError : public std::runtime_error {
  public:
+  // The numbers of the platform that have a name here.
+  static constexpr int NoPermission = 70;
+  static constexpr int BadProperty = 380;
+  static constexpr int NoSuchPort = 8002;
+  static constexpr int InUse = 8005;
+  static constexpr int NotOpen = 8018;
+  static constexpr int InputOutput = 8020;
+
   SerialError(int number, const QString& description)
       : std::runtime_error(description.toStdString()), Number(number), Description(description) {}
 

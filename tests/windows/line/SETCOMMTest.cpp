@@ -49,6 +49,7 @@ class SETCOMMTest : public QObject {
       QVERIFY(f.Start());
       QString marked;
       QString label;
+      f.settings.PortErrorFlag = 8002;
       WhenOpens<SETCOMM>([&](SETCOMM* window) {
         marked = Marked(window);
         for (const QString& click : clicks.split(u' ', Qt::SkipEmptyParts)) {
@@ -64,6 +65,8 @@ class SETCOMMTest : public QObject {
       QTEST(marked, "marked");
       QTEST(label, "label");
       QCOMPARE(u"%1,%2"_qs.arg(f.settings.PortNumber).arg(f.settings.BaudRate), after);
+      const bool other = f.settings.PortNumber != before.section(u',', 0, 0).toInt();
+      QCOMPARE(f.settings.PortErrorFlag, other ? 0 : 8002);
       const bool writes = QByteArray(button) == "OKButton";
       QCOMPARE(ReadBytes(f.OptionsPath()),
                writes ? QByteArray("\"p32qx_IT.SCR\"," + after.toUtf8() + "\r\n") : options);

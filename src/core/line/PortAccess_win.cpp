@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "line/PortAccess.h"
+
+namespace nira {
+
+QString PortHolder(const QString& /*device*/) {
+  return {};
+}
+
+QString LeftLock(const QString& /*device*/) {
+  return {};
+}
+
+QString GroupToJoin(const QString& /*device*/) {
+  return {};
+}
+
+}  // namespace nira
