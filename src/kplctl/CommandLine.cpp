@@ -7,7 +7,10 @@
 #include "Usage.h"
 #include "files/WorkingFolder.h"
 
+#include <QCommandLineParser>
 #include <QCoreApplication>
+
+#include <algorithm>
 
 namespace nira {
 
@@ -23,29 +26,23 @@ const Command* FindCommand(const QString& name) {
   return nullptr;
 }
 
-/// The option that is written so, dashes included; null when there is none.
-const Option* FindOption(const std::vector<Option>& options, const QString& written) {
-  for (const Option& option : options) {
-    if (written == QStringLiteral("--") + QLatin1String(option.name)) return &option;
-    if (*option.letter != '\0' && written == u'-' + QLatin1String(option.letter)) return &option;
-  }
-  return nullptr;
-}
+/// A word that is taken as it stands wears this in front while the line is parsed: no command line
+/// can hold it.
+constexpr QChar literalMark(u'\0');
 
-/// Why an option cannot have that value; empty when it can.
-QString ValueFault(const Option& option, const QString& written, const QString& value) {
-  bool good = !value.isEmpty();
-  if (option.kind == Option::Kind::Number) value.toInt(&good);
-  if (good) return {};
-  return written + (option.kind == Option::Kind::Number ? QStringLiteral(" takes a number")
-                                                        : QStringLiteral(" takes a value"));
+QCommandLineOption ParserOption(const Option& option) {
+  QStringList names = {QString::fromLatin1(option.name)};
+  if (*option.letter != '\0') names.append(QString::fromLatin1(option.letter));
+  const bool flag = option.kind == Option::Kind::Flag;
+  return QCommandLineOption(names, {}, flag ? QString() : QString::fromLatin1(option.value));
 }
 
 /// The command line, understood or refused with the reason.
 class CommandLine {
  public:
-  explicit CommandLine(const QStringList& line) : line_(line) {
-    Parse();
+  explicit CommandLine(const QStringList& line) {
+    error_ = Choose(line);
+    if (error_.isEmpty()) error_ = Parse(line);
     if (error_.isEmpty() && !IsQuestion()) error_ = Fault();
   }
 
@@ -60,73 +57,98 @@ class CommandLine {
   bool IsQuestion() const { return given_.Has("help") || given_.Has("version"); }
 
  private:
-  void Parse();
-  void TakeWord();
-  void TakeOption();
+  QString Choose(const QStringList& line);
+  QString Parse(const QStringList& line);
+  QStringList WithLiterals(QStringList line) const;
+  bool TakesNext(const QString& argument) const;
+  QString TakeOption(const Option& option, const QStringList& values);
+  QString TakeWords(const QStringList& words);
   QString Fault() const;
   QString OfCommand(const char* text) const {
     return QLatin1String(command_->name) + QLatin1String(text);
   }
 
-  const QStringList& line_;
-  qsizetype at_ = 1;  // in line_; 0 is the program's name
   const Command* command_ = nullptr;
+  std::vector<Option> options_ = CommonOptions();
   Arguments given_;
   QString error_;
 };
 
-void CommandLine::Parse() {
-  bool options = true;
-  while (at_ < line_.size() && error_.isEmpty()) {
-    const QString& argument = line_.at(at_);
-    if (options && argument == QStringLiteral("--")) {
-      options = false;
-      ++at_;
-    } else if (options && argument.size() > 1 && argument.startsWith(u'-')) {
-      TakeOption();
-    } else {
-      TakeWord();
+/// The command is the first word: what stands before it are options of every command, which take no
+/// values.
+QString CommandLine::Choose(const QStringList& line) {
+  for (const QString& argument : line.mid(1)) {
+    if (argument.startsWith(u'-')) continue;
+    command_ = FindCommand(argument);
+    if (command_ == nullptr) return QStringLiteral("unknown command ") + argument;
+    options_.insert(options_.begin(), command_->options.begin(), command_->options.end());
+    return {};
+  }
+  return {};
+}
+
+QString CommandLine::Parse(const QStringList& line) {
+  QCommandLineParser parser;
+  for (const Option& option : options_) parser.addOption(ParserOption(option));
+  if (!parser.parse(WithLiterals(line))) {
+    return command_ != nullptr ? QString(OfCommand(": ") + parser.errorText()) : parser.errorText();
+  }
+  for (const Option& option : options_) {
+    const QString name = QString::fromLatin1(option.name);
+    const bool flag = option.kind == Option::Kind::Flag;
+    if (!parser.isSet(name)) continue;
+    const QString fault = TakeOption(option, flag ? QStringList(QString()) : parser.values(name));
+    if (!fault.isEmpty()) return fault;
+  }
+  return TakeWords(parser.positionalArguments().mid(1));
+}
+
+/// True when the argument is an option that is followed by its value.
+bool CommandLine::TakesNext(const QString& argument) const {
+  return std::any_of(options_.begin(), options_.end(), [&argument](const Option& option) {
+    const bool named = argument == QStringLiteral("--") + QLatin1String(option.name) ||
+                       (*option.letter != '\0' && argument == u'-' + QLatin1String(option.letter));
+    return named && option.kind != Option::Kind::Flag;
+  });
+}
+
+/// The line with a mark before each word that the command wants as it stands.
+QStringList CommandLine::WithLiterals(QStringList line) const {
+  if (command_ == nullptr || command_->literals == nullptr) return line;
+  qsizetype place = -1;  // of a word; the command itself is none
+  for (qsizetype at = 1; at < line.size() && line.at(at) != QStringLiteral("--"); ++at) {
+    if (line.at(at).startsWith(u'-')) {
+      if (TakesNext(line.at(at))) ++at;
+      continue;
     }
+    qsizetype count = place < 0 ? 0 : command_->literals(line, at, place);
+    for (++place; count > 0 && at + 1 < line.size(); --count, ++place)
+      line[++at].prepend(literalMark);
   }
+  return line;
 }
 
-void CommandLine::TakeWord() {
-  const QString& word = line_.at(at_);
-  if (command_ == nullptr) {
-    command_ = FindCommand(word);
-    if (command_ == nullptr) error_ = QStringLiteral("unknown command ") + word;
-    ++at_;
-    return;
+/// Takes the values of an option, or says why it cannot have them.
+QString CommandLine::TakeOption(const Option& option, const QStringList& values) {
+  for (const QString& value : values) {
+    bool good = option.kind == Option::Kind::Flag || !value.isEmpty();
+    if (option.kind == Option::Kind::Number) value.toInt(&good);
+    if (!good) {
+      return QStringLiteral("--") + QLatin1String(option.name) +
+             (option.kind == Option::Kind::Number ? QStringLiteral(" takes a number")
+                                                  : QStringLiteral(" takes a value"));
+    }
+    given_.SetOption(option.name, value);
   }
-  if (word.isEmpty()) error_ = OfCommand(": an argument is empty");
-  qsizetype count = 1;
-  if (command_->literals != nullptr) {
-    count += command_->literals(line_, at_, given_.Words.size());
-  }
-  for (; count > 0 && at_ < line_.size(); --count) given_.Words.append(line_.at(at_++));
+  return {};
 }
 
-void CommandLine::TakeOption() {
-  const QString argument = line_.at(at_++);
-  const qsizetype equals = argument.startsWith(QStringLiteral("--")) ? argument.indexOf(u'=') : -1;
-  const QString written = argument.left(equals);  // all of it when there is none
-  const Option* option = FindOption(CommonOptions(), written);
-  if (option == nullptr && command_ != nullptr) option = FindOption(command_->options, written);
-  if (option == nullptr) {
-    error_ = command_ != nullptr
-                 ? QString(OfCommand(" takes no ") + written)
-                 : QString(written + QStringLiteral(" is no option of every command; those of a "
-                                                    "command stand behind it"));
-    return;
+QString CommandLine::TakeWords(const QStringList& words) {
+  for (const QString& word : words) {
+    if (word.isEmpty()) return OfCommand(": an argument is empty");
+    given_.Words.append(word.startsWith(literalMark) ? word.mid(1) : word);
   }
-  QString value = argument.mid(written.size() + 1);
-  if (option->kind == Option::Kind::Flag) {
-    if (equals >= 0) error_ = written + QStringLiteral(" takes no value");
-  } else {
-    if (equals < 0 && at_ < line_.size()) value = line_.at(at_++);
-    error_ = ValueFault(*option, written, value);
-  }
-  given_.SetOption(option->name, value);
+  return {};
 }
 
 /// Holds the words against what the command takes.
@@ -162,13 +184,15 @@ bool NeedsFonts(const QStringList& arguments) {
 
 int RunKplctl(const QStringList& arguments, QTextStream& out, QTextStream& err) {
   const CommandLine line(arguments);
-  const QString usage = line.Chosen() != nullptr ? UsageOf(*line.Chosen()) : Usage();
+  const Command* command = line.Chosen();
   if (!line.Error().isEmpty()) {
-    err << "kplctl: " << Printable(line.Error()) << "\n\n" << usage;
+    err << "kplctl: " << Printable(line.Error()) << "\nkplctl "
+        << (command != nullptr ? QString(QLatin1String(command->name) + u' ') : QString())
+        << "--help tells more\n";
     return Console::WrongUsage;
   }
   if (line.Given().Has("help")) {
-    out << usage;
+    out << (command != nullptr ? UsageOf(*command) : Usage());
     return Console::Good;
   }
   if (line.Given().Has("version")) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Commands.h"
-#include "LineSession.h"
 #include "Printable.h"
+#include "ProgramTransfer.h"
 #include "line/FlashUpdate.h"
 
 namespace nira {
@@ -23,7 +23,7 @@ class FlashConsole : public FlashReport {
     }
   }
 
-  void Ready(bool /*ready*/) override {}  // a question tells when it is not
+  void Ready(bool ready) override { NotReady = !ready; }  // a question tells it at once
 
   /// A programmer that refuses for ever is told ever more seldom.
   void Refused(int times) override {
@@ -48,6 +48,8 @@ class FlashConsole : public FlashReport {
     }
   }
 
+  bool NotReady = false;  ///< when it was looked at last: the programmer did not hold CTS
+
  private:
   Console& console_;
   QString file_;
@@ -55,20 +57,25 @@ class FlashConsole : public FlashReport {
   int told_ = 0;
 };
 
-int Flash(LineSession& session, const QString& file) {
+}  // namespace
+
+int SendFirmware(LineSession& session, const QString& file) {
   session.Settings.BaudRate = FlashUpdate::Baud;
   FlashConsole report(session.Terminal());
-  const auto reason = session.Run(
+  auto reason = session.Run(
       [&session, &report, &file] { return FlashUpdate(session.Line(), report, file).Run(); });
   report.Flush();
   if (!reason) return Console::Good;
+  if (report.NotReady) reason = QString::fromLatin1(NotReadyReason);
   session.Terminal().Err << Printable(file) << ": NOT sent: " << Printable(*reason) << Qt::endl;
   return Console::Failed;
 }
 
+namespace {
+
 int RunFlash(Console& console, const Arguments& arguments) {
   return OnLine(console, arguments, [&arguments](LineSession& session) {
-    return Flash(session, arguments.Words.first());
+    return SendFirmware(session, arguments.Words.first());
   });
 }
 

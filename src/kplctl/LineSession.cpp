@@ -143,11 +143,8 @@ QString LineSession::Reason(TransferEnd end) const {
     case TransferEnd::Busy:
       return QStringLiteral("another exchange goes on");
     case TransferEnd::PortError:
-      return Settings.PortErrorFlag == 1
-                 ? QStringLiteral(
-                       "the programmer does not hold the CTS line: it is switched off, "
-                       "or the cable lacks that wire")
-                 : QStringLiteral("the port failed");
+      return Settings.PortErrorFlag == 1 ? QString::fromLatin1(NotReadyReason)
+                                         : QStringLiteral("the port failed");
     case TransferEnd::NotIdentified:
       return QStringLiteral("not a programmer that this program serves");
     case TransferEnd::Cancelled:

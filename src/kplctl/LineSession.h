@@ -25,6 +25,10 @@ inline constexpr Option BaudOption = {"baud", Option::Kind::Number, "N",
 inline constexpr Option TraceOption = {"trace", Option::Kind::Text, "FILE",
                                        "write every byte of the line there, with its time"};
 
+/// Why nothing was sent to a programmer that is not ready.
+inline constexpr const char* NotReadyReason =
+    "the programmer does not hold the CTS line: it is switched off, or the cable lacks that wire";
+
 /// Why the port or the speed cannot be; empty when they can.
 QString LineFault(const Arguments& arguments);
 

@@ -62,7 +62,8 @@ bool CheckMessages(const Console& console, const QString& file) {
 Command MessagesCommand() {
   return {
       .name = "messages",
-      .synopsis = "list|check|send|receive FILE.msg [--port N|DEVICE] [--baud N] [--yes]",
+      .synopsis =
+          "list|check|send|receive FILE.msg [--port N|DEVICE] [--baud N] [--trace FILE] [--yes]",
       .summary = "print the alarm messages of a file, name its first fault, send it, or fill it",
       .fewest = 2,
       .most = 2,

@@ -5,10 +5,12 @@
 
 namespace nira {
 
-// What `identify`, `send` and `receive` do once the line stands. Each returns the exit status.
+// What `identify`, `send`, `receive` and `flash` do once the line stands. Each returns the exit
+// status.
 
 int IdentifyProgrammer(LineSession& session);
 int SendProgram(LineSession& session, const Arguments& arguments);
 int ReceiveProgram(LineSession& session, const Arguments& arguments);
+int SendFirmware(LineSession& session, const QString& file);
 
 }  // namespace nira

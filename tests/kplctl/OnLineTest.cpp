@@ -196,6 +196,14 @@ class OnLineTest : public QObject {
     QVERIFY(!QFile::exists(back));
   }
 
+  void FirmwareWithoutCts() {
+    LineFixture f({u"no-cts"_qs});
+    const QString sample = QStringLiteral(NIRA_SOURCE_FOLDER "/samples/firmware.abs");
+    QCOMPARE(f.Run([&](LineSession& session) { return SendFirmware(session, sample); }), 1);
+    QVERIFY2(f.err.contains(u"NOT sent: the programmer does not hold the CTS line"_qs),
+             qPrintable(f.err));
+  }
+
   /// Ctrl+C in the middle of the exchange.
   void InterruptedInTheMiddle() {
 #ifndef Q_OS_UNIX

@@ -19,7 +19,7 @@ class PrintCommandTest : public QObject {
     QTest::addColumn<int>("status");
     QTest::addColumn<int>("pages");  // none: no file is written
     QTest::addColumn<QString>("said");
-    const QString usage = u"Usage: kplctl print"_qs;
+    const QString usage = u"\nkplctl print --help tells more\n"_qs;
     QTest::newRow("all") << u""_qs << 0 << 22 << u"out.pdf: written: 22 pages\n"_qs;
     QTest::newRow("some") << u"--sizes 2-4"_qs << 0 << 3 << u"out.pdf: written: 3 pages\n"_qs;
     QTest::newRow("one") << u"--sizes 22 --no-functions --paper letter"_qs << 0 << 1
