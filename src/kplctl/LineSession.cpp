@@ -151,6 +151,8 @@ QString LineSession::Reason(TransferEnd end) const {
       return QStringLiteral("no answer, or a question was answered with Cancel (--yes answers OK)");
     case TransferEnd::TimedOut:
       return QStringLiteral("the programmer did not answer, or what it sent was damaged");
+    case TransferEnd::Incomplete:
+      return QStringLiteral("not all of it came");
     case TransferEnd::BadFile:
       return QStringLiteral("a line of it is bad");
     case TransferEnd::NoFile:

@@ -6,6 +6,7 @@
 #include "Printable.h"
 #include "line/MessageTransfer.h"
 #include "line/TransferJobs.h"
+#include "line/WorkFile.h"
 #include "messages/MessageFile.h"
 
 #include <QFileInfo>
@@ -22,14 +23,10 @@ JobMonitor MonitorOf(LineSession& session) {
   };
 }
 
-QString WorkPath(LineSession& session) {
-  return session.Line().Folder.Find(QString::fromLatin1(MessageFile::WorkName));
-}
-
 /// Writes what stands in the work file; false, with the reason told, when that is not good.
 bool WriteReceived(LineSession& session, const QString& file) {
   Console& console = session.Terminal();
-  const QString work = WorkPath(session);
+  const QString work = MessageTransfer::WorkPath(session.Line());
   const MessagesReport report = CheckMessageFile(work);
   if (report.fault) {
     PrintFault(console.Err, work, *report.fault);
@@ -76,8 +73,9 @@ int SendMessages(LineSession& session, const QString& file) {
 int ReceiveMessages(LineSession& session, const QString& file) {
   Console& console = session.Terminal();
   if (!MayReplace(console, {}, file)) return Console::Failed;  // before minutes on the line
-  const auto reason = session.Run([&session, path = WorkPath(session)] {
-    return MessageTransfer(session.Line()).Receive(path, MonitorOf(session));
+  WorkFile work(MessageTransfer::WorkPath(session.Line()));
+  const auto reason = session.Run([&session, &work] {
+    return MessageTransfer(session.Line()).Receive(work, MonitorOf(session));
   });
   if (reason) {
     console.Err << Printable(file) << ": NOT received: " << Printable(*reason) << Qt::endl;

@@ -169,6 +169,7 @@ enum class TextNumber : int {
   ReceivedInPart = 394,
   NoMessageFile = 395,
   MessagesLeftOut = 396,
+  ReceivedIn = 397,
 };
 
 }  // namespace nira

@@ -55,6 +55,7 @@ enum class TransferEnd {
   NotIdentified,  ///< the programmer is none that this program serves
   Cancelled,      ///< the operator's word
   TimedOut,       ///< a record was not acknowledged, or did not come whole
+  Incomplete,     ///< messages came, but not all of them; the work file has those that did
   BadFile,        ///< a line of the message file or of what was received is bad
   NoFile,         ///< a file cannot be read or written
 };

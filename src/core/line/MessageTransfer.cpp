@@ -1,117 +1,194 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "line/MessageTransfer.h"
 
+#include "ground/Text.h"
 #include "line/Identity.h"
 #include "line/SerialLink.h"
 #include "line/TransferFault.h"
 #include "line/WorkFile.h"
-#include "messages/MessageFile.h"
 
 #include <QFileInfo>
 
-#include <string_view>
-
 namespace nira {
 
+namespace {
+
+std::string_view View(const QByteArray& bytes) {
+  return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
+
+/// True when every record stands in the line of its number: one that came too late has moved those
+/// behind it.
+bool InPlace(std::string_view received) {
+  LineReader lines(received);
+  while (const auto line = lines.Next()) {
+    const bool record = line->starts_with("N ");
+    if (record && NumberInLine(line->substr(0, 5)) != lines.LineNumber()) return false;
+  }
+  return true;
+}
+
+/// Fills a work file; it is locked from then on.
+Refusal Fill(WorkFile& work, std::string_view content) {
+  if (Refusal refusal = work.Create()) return refusal;
+  LineReader lines(content);
+  while (const auto line = lines.Next()) {
+    if (Refusal refusal = work.Add(*line)) return refusal;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+QString MessageTransfer::WorkPath(const Comm& comm) {
+  return comm.Folder.Find(QString::fromLatin1(MessageFile::WorkName));
+}
+
 TransferEnd MessageTransfer::Msg_Trans(const Choice& choose, const JobMonitor& showMonitor) {
-  const auto file = [&] { return Existing(choose()); };
-  return RunJob(Job::SendMessages, file, showMonitor);
+  Job job{.JobCode = Job::SendMessages};
+  const auto prepare = [&] {
+    job.File = choose();
+    const bool sendable = job.File.size() <= LongestPath && QFileInfo::exists(job.File);
+    return sendable ? MaySend(job.File) : NoFile();
+  };
+  return RunJob(job, prepare, showMonitor);
 }
 
 TransferEnd MessageTransfer::Msg_Rec(const Choice& choose, const JobMonitor& showMonitor) {
   QString path;
-  const auto file = [&] { return path = Replaceable(choose()); };
-  const TransferEnd end = RunJob(Job::ReceiveMessages, file, showMonitor);
-  if (end != TransferEnd::Done) return end;
-  return ReadBack(path) ? end : TransferEnd::BadFile;
+  WorkFile work(WorkPath(comm_));
+  Job job{.JobCode = Job::ReceiveMessages, .Into = &work};
+  const auto prepare = [&] {
+    const QString chosen = choose();
+    path = MessageFileName(chosen);
+    if (chosen.isEmpty() || path.size() > LongestPath || !MayReplace(path, chosen)) return NoFile();
+    return IsOpenCamFile(comm_, path) ? TransferEnd::NoFile : TransferEnd::Done;
+  };
+  TransferEnd end = RunJob(job, prepare, showMonitor);
+  if (end != TransferEnd::Done && end != TransferEnd::Incomplete) return end;
+  const QByteArray received = work.Content();
+  if (end == TransferEnd::Done) end = Replace(path, View(received));
+  if (end == TransferEnd::Incomplete && !InPlace(View(received))) return end;
+  const TransferEnd taken = Take(View(received), MergeMessages);
+  return taken == TransferEnd::Done ? end : taken;
+}
+
+TransferEnd MessageTransfer::Tr_M(const JobMonitor& showMonitor) {
+  WorkFile work(WorkPath(comm_));
+  const Refusal refusal = Fill(work, WriteMessageLines(comm_.Program));
+  return refusal ? TellFault(comm_, *refusal) : Transmit(work.Path(), showMonitor);
+}
+
+TransferEnd MessageTransfer::Rc_M(const JobMonitor& showMonitor) {
+  WorkFile work(WorkPath(comm_));
+  const TransferEnd end = Receive(work, showMonitor);
+  if (end != TransferEnd::Done && end != TransferEnd::Incomplete) return end;
+  const QByteArray received = work.Content();
+  if (end == TransferEnd::Incomplete && !InPlace(View(received))) return end;
+  const TransferEnd taken = Take(View(received), ReplaceMessages);
+  return taken == TransferEnd::Done ? end : taken;
 }
 
 TransferEnd MessageTransfer::Transmit(const QString& file, const JobMonitor& showMonitor) {
+  if (const TransferEnd end = MaySend(file); end != TransferEnd::Done) return end;
+  Job job{.JobCode = Job::SendMessages, .File = file};
   return RunJob(
-      Job::SendMessages, [&file] { return file; }, showMonitor);
+      job, [] { return TransferEnd::Done; }, showMonitor);
 }
 
-TransferEnd MessageTransfer::Receive(const QString& file, const JobMonitor& showMonitor) {
+TransferEnd MessageTransfer::Receive(WorkFile& into, const JobMonitor& showMonitor) {
+  Job job{.JobCode = Job::ReceiveMessages, .Into = &into};
   return RunJob(
-      Job::ReceiveMessages, [&file] { return file; }, showMonitor);
-}
-
-/// The path when a file can be sent from it, otherwise none.
-QString MessageTransfer::Existing(const QString& path) const {
-  return path.size() <= LongestPath && QFileInfo::exists(path) ? path : QString();
-}
-
-/// The path under which a reception is kept. The dialog has asked about the name that was chosen,
-/// but knows nothing of one with an extension added.
-QString MessageTransfer::Replaceable(const QString& chosen) {
-  if (chosen.isEmpty()) return {};
-  const QString path = MessageFileName(chosen);
-  if (path.size() > LongestPath) return {};
-  const bool asked = path == chosen || !QFileInfo::exists(path);
-  return asked || comm_.Ask.MsgBox(comm_.Text(TextNumber::ReplaceFile) + u'\n' + path,
-                                   Buttons::YesNo, Icon::Exclamation) == Answer::Yes
-             ? path
-             : QString();
+      job, [] { return TransferEnd::Done; }, showMonitor);
 }
 
 /// The exchange around a job; the port is closed afterwards.
-TransferEnd MessageTransfer::RunJob(const char* code, const Choice& choose,
+TransferEnd MessageTransfer::RunJob(Job& job, const Preparation& prepare,
                                     const JobMonitor& showMonitor) {
   const CommLock lock(comm_);
   if (!lock.Taken()) return TransferEnd::Busy;
   const auto identity = AskBeforeMessages(comm_);
   if (!identity) return TransferEnd::PortError;
-  TransferEnd end = TransferEnd::NoFile;
-  const QString file = choose();
-  if (file.isEmpty()) {
-    comm_.Ask.MsgBox(comm_.Text(TextNumber::MessageFileNotFound), Buttons::Ok, Icon::Critical);
-  } else {
-    const bool receives = std::string_view(code) == Job::ReceiveMessages;
-    WorkFile into(file);
-    const Refusal refusal = receives ? KeepOld(file) : Refusal();
-    end = refusal ? TellFault(comm_, *refusal) : showMonitor({code, file, &into, *identity});
-  }
+  job.Item = *identity;
+  TransferEnd end = prepare();
+  if (end == TransferEnd::Done) end = showMonitor(job);
   const bool closed = SerialLink(comm_).ClosePort();
   return closed || end != TransferEnd::Done ? end : TransferEnd::PortError;
 }
 
-/// A file of the operator's that a reception replaces stays beside it.
-Refusal MessageTransfer::KeepOld(const QString& path) const {
-  if (path == comm_.Folder.Find(QString::fromLatin1(MessageFile::WorkName))) return std::nullopt;
-  const QString reason = comm_.Writer.KeepOld(path);
-  if (reason.isEmpty()) return std::nullopt;
-  return Fault{.What = Fault::Kind::CannotWrite, .Path = path, .Text = reason};
+/// Asks before what is seldom meant goes out. A file that the job refuses is left to it.
+TransferEnd MessageTransfer::MaySend(const QString& path) {
+  LineReader lines(path);
+  const MessagesToSend found = LookThrough(lines);
+  if (!found.Sendable) return TransferEnd::Done;
+  QString question = comm_.Text(TextNumber::NoMessageText);
+  if (!found.Control.isEmpty()) {
+    question = comm_.Text(TextNumber::CharacterNotAllowed) + found.Control + u'\n' +
+               comm_.Text(TextNumber::MessageNumber) + ZeroFilled(found.Number, 3);
+  } else if (found.HasText) {
+    return TransferEnd::Done;
+  }
+  return comm_.Ask.MsgBox(question + u'\n' + comm_.Text(TextNumber::SendAnyway), Buttons::NoYes,
+                          Icon::Exclamation) == Answer::Yes
+             ? TransferEnd::Done
+             : TransferEnd::Cancelled;
+}
+
+TransferEnd MessageTransfer::NoFile() {
+  comm_.Ask.MsgBox(comm_.Text(TextNumber::MessageFileNotFound), Buttons::Ok, Icon::Critical);
+  return TransferEnd::NoFile;
+}
+
+/// The dialog has asked about the name that was chosen, but knows nothing of one with an extension
+/// added.
+bool MessageTransfer::MayReplace(const QString& path, const QString& chosen) {
+  return path == chosen || !QFileInfo::exists(path) ||
+         comm_.Ask.MsgBox(comm_.Text(TextNumber::ReplaceFile) + u'\n' + path, Buttons::YesNo,
+                          Icon::Exclamation) == Answer::Yes;
+}
+
+/// Puts what was received in the place of the chosen file, which stays beside it.
+TransferEnd MessageTransfer::Replace(const QString& path, std::string_view received) {
+  const QString reason = comm_.Writer.Write(path, received, FileWriter::Backup::Yes);
+  if (reason.isEmpty()) return TransferEnd::Done;
+  return TellFault(comm_,
+                   {.What = Fault::Kind::CannotWrite,
+                    .Path = path,
+                    .Text = reason + u'\n' + comm_.Text(TextNumber::ReceivedIn) + WorkPath(comm_)});
 }
 
 /// What was received differs from what the message editor opened or saved last.
-bool MessageTransfer::ReadBack(const QString& path) {
-  const auto file = ReadMsgFile(path, comm_.Program.NumMessages());
+TransferEnd MessageTransfer::Take(
+    std::string_view received, const std::function<void(CamProgram&, const MessageFile&)>& take) {
+  LineReader lines(received);
+  const auto file = ReadMsgFile(lines, comm_.Program.NumMessages());
   if (!file) {
-    TellMessageFault(comm_, file.Why());
-    return false;
+    Fault fault = file.Why();
+    fault.Path = WorkPath(comm_);
+    return TellMessageFault(comm_, fault);
   }
-  MergeMessages(comm_.Program, *file);
+  take(comm_.Program, *file);
   comm_.Settings.MsgSaved = false;
+  return TransferEnd::Done;
+}
+
+bool IsOpenCamFile(Comm& comm, const QString& path) {
+  if (QFileInfo(path) != QFileInfo(comm.Settings.CurrentFile)) return false;
+  TellMessageFault(comm, {.What = Fault::Kind::CannotWrite,
+                          .Path = path,
+                          .Text = comm.Text(TextNumber::IsOpenCamFile)});
   return true;
 }
 
-void TellMessageFault(Comm& comm, const Fault& fault) {
-  const auto tell = [&](const QString& text, Icon icon) {
-    comm.Ask.MsgBox(text, Buttons::Ok, icon);
-  };
-  const auto withReason = [&](TextNumber what) -> QString {
-    return comm.Text(what) + u'\n' + fault.Path + u'\n' + fault.Text;
-  };
-  switch (fault.What) {
-    case Fault::Kind::Missing:
-      return tell(comm.Text(TextNumber::MessageFileNotFound), Icon::Exclamation);
-    case Fault::Kind::BadLine:
-      return tell(fault.Path + comm.Text(TextNumber::BadFile), Icon::Exclamation);
-    case Fault::Kind::CannotRead:
-      return tell(withReason(TextNumber::CannotRead), Icon::Critical);
-    default:
-      return tell(withReason(TextNumber::CannotWrite), Icon::Critical);
+TransferEnd TellMessageFault(Comm& comm, const Fault& fault) {
+  if (fault.What != Fault::Kind::Missing && fault.What != Fault::Kind::BadLine) {
+    return TellFault(comm, fault);
   }
+  const bool missing = fault.What == Fault::Kind::Missing;
+  comm.Ask.MsgBox(missing ? comm.Text(TextNumber::MessageFileNotFound)
+                          : fault.Path + comm.Text(TextNumber::BadFile),
+                  Buttons::Ok, Icon::Exclamation);
+  return missing ? TransferEnd::NoFile : TransferEnd::BadFile;
 }
 
 }  // namespace nira

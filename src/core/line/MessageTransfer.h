@@ -3,10 +3,12 @@
 
 #include "ground/Result.h"
 #include "line/Job.h"
+#include "messages/MessageFile.h"
 
 #include <QString>
 
 #include <functional>
+#include <string_view>
 
 namespace nira {
 
@@ -26,25 +28,41 @@ class MessageTransfer {
   TransferEnd Msg_Trans(const Choice& choose, const JobMonitor& showMonitor);
 
   /// Alarm message receive: the messages that came replace those of the same number, the others
-  /// stay.
+  /// stay. The chosen file is replaced when all of them came; the work file holds them anyway.
   TransferEnd Msg_Rec(const Choice& choose, const JobMonitor& showMonitor);
 
-  /// The exchange alone, with a file that is known, as the message editor does it with its work
-  /// file.
+  /// The same two for the message editor, by way of the work file alone: sends the messages of the
+  /// program, and puts the programmer's in place of all of them.
+  TransferEnd Tr_M(const JobMonitor& showMonitor);
+  TransferEnd Rc_M(const JobMonitor& showMonitor);
+
+  /// The exchange alone. A transmission of no text at all, or of a text that would break its
+  /// record, is asked about first.
   TransferEnd Transmit(const QString& file, const JobMonitor& showMonitor);
-  TransferEnd Receive(const QString& file, const JobMonitor& showMonitor);
+  TransferEnd Receive(WorkFile& into, const JobMonitor& showMonitor);
+
+  /// Path of the file by way of which messages go over the line.
+  static QString WorkPath(const Comm& comm);
 
  private:
-  TransferEnd RunJob(const char* code, const Choice& choose, const JobMonitor& showMonitor);
-  Refusal KeepOld(const QString& path) const;
-  QString Existing(const QString& path) const;
-  QString Replaceable(const QString& chosen);
-  bool ReadBack(const QString& path);
+  /// The last step before the monitor; `Done` lets the job begin.
+  using Preparation = std::function<TransferEnd()>;
+
+  TransferEnd RunJob(Job& job, const Preparation& prepare, const JobMonitor& showMonitor);
+  TransferEnd MaySend(const QString& path);
+  TransferEnd NoFile();
+  TransferEnd Replace(const QString& path, std::string_view received);
+  TransferEnd Take(std::string_view received,
+                   const std::function<void(CamProgram&, const MessageFile&)>& take);
+  bool MayReplace(const QString& path, const QString& chosen);
 
   Comm& comm_;
 };
 
-/// Tells the operator why a message file was not read or written.
-void TellMessageFault(Comm& comm, const Fault& fault);
+/// True, after a message, for the cam file that is open: messages never take its place.
+bool IsOpenCamFile(Comm& comm, const QString& path);
+
+/// Tells the operator why a message file was not read or written; returns the end that this is.
+TransferEnd TellMessageFault(Comm& comm, const Fault& fault);
 
 }  // namespace nira

@@ -10,6 +10,7 @@
 #include "line/TransferFault.h"
 #include "line/WireFunctions.h"
 #include "line/WorkFile.h"
+#include "messages/MessageFile.h"
 
 #include <algorithm>
 
@@ -17,20 +18,26 @@ namespace nira {
 
 namespace {
 
-constexpr std::size_t numberAt = 2;  // where the number of a message stands in its line, from 0
-
-std::string_view From(std::string_view text, std::size_t position) {
-  return text.substr(std::min(position, text.size()));
+/// The record of a message line: its number and its text.
+std::string MessageRecord(std::string_view line) {
+  const std::string_view text = QuotedBytes(line).value_or(std::string_view());
+  return "N" + ZeroFill(NumberInLine(line), 3) + '"' + std::string(text) + "\"\r";
 }
 
-/// The record of a message line: its number and the text between its first quote and its end.
-std::string MessageRecord(std::string_view line) {
-  std::string_view text;
-  if (const std::size_t quote = line.find('"'); quote != std::string_view::npos) {
-    text = line.substr(quote + 1);
-    if (!text.empty()) text.remove_suffix(1);
+/// "5, 7-9": numbers in their order, the first of them when there are many.
+QString Runs(const std::vector<int>& numbers) {
+  constexpr qsizetype most = 20;
+  QStringList runs;
+  for (std::size_t first = 0; first < numbers.size();) {
+    std::size_t last = first;
+    while (last + 1 < numbers.size() && numbers[last + 1] == numbers[last] + 1) ++last;
+    const QString end = last > first ? u'-' + QString::number(numbers[last]) : QString();
+    runs.append(runs.size() == most ? QStringLiteral("...")
+                                    : QString::number(numbers[first]) + end);
+    if (runs.size() > most) break;
+    first = last + 1;
   }
-  return "N" + ZeroFill(NumericValue(From(line, numberAt)), 3) + '"' + std::string(text) + "\"\r";
+  return runs.join(QStringLiteral(", "));
 }
 
 QByteArray Raw(std::string_view text) {
@@ -165,7 +172,7 @@ bool TransferJobs::SendMessageLine(std::string_view line) {
   if (line.starts_with(EndWord)) return false;
   constexpr int wholeFile = 255;
   comm_.Port.Output(Raw(MessageRecord(line)));
-  Progress(NumericValue(From(line, numberAt)), wholeFile);
+  Progress(NumberInLine(line), wholeFile);
   return true;
 }
 
@@ -177,16 +184,25 @@ TransferEnd TransferJobs::RunReceiveMessages(WorkFile& file) {
   comm_.Port.InputLen(SerialControl::OneCharacter);
   wire_.SendCommand(Job::ReceiveMessages);
   comm_.Time.Pause(Timings::AfterReceiveMessages, Yield::Painting);
-  while (true) {
+  std::vector<int> missing;
+  for (int number = 1;; ++number) {
     const std::string record = wire_.ReceiveFrame();
+    if (record.empty() && number <= comm_.Program.NumMessages()) missing.push_back(number);
     if (record.find("N ") != std::string::npos) {
-      const std::string_view number = From(record, numberAt).substr(0, 3);
-      Item(TextNumber::Receiving, FromBytes(number));
-      Progress(NumericValue(number), comm_.Program.NumMessages());
+      Item(TextNumber::Receiving, FromBytes(std::string_view(record).substr(2, 3)));
+      Progress(NumberInLine(record.substr(0, 5)), comm_.Program.NumMessages());
     }
     if (!Write(file.Add(record))) return end_;
-    if (record == EndWord) return TransferEnd::Done;
+    if (record == EndWord) return missing.empty() ? TransferEnd::Done : TellMissing(missing);
   }
+}
+
+/// A record that came damaged or too late is an empty line of the file, at the place of its
+/// message.
+TransferEnd TransferJobs::TellMissing(const std::vector<int>& missing) {
+  comm_.Ask.MsgBox(comm_.Text(TextNumber::MessagesNotReceived) + Runs(missing), Buttons::Ok,
+                   Icon::Exclamation);
+  return TransferEnd::Incomplete;
 }
 
 /// True when the work file took what it was to take; otherwise that is told and `end_` says why.

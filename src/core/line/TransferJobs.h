@@ -7,6 +7,7 @@
 #include "line/WorkFile.h"
 
 #include <cstdint>
+#include <vector>
 
 namespace nira {
 
@@ -30,6 +31,7 @@ class TransferJobs {
   void SendSize(int size);
   bool SendMessageLine(std::string_view line);
   bool Write(const Refusal& refusal);
+  TransferEnd TellMissing(const std::vector<int>& missing);
   TransferEnd Broken();
   void TellBadFile();
   void Item(TextNumber text, const QString& item);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "messages/MessageFile.h"
 
+#include "files/CamWords.h"
 #include "ground/Text.h"
 #include "messages/MessageTexts.h"
 
@@ -39,12 +40,35 @@ bool IsMessageLine(std::string_view line) {
   return line.starts_with('N');
 }
 
-std::optional<QString> QuotedText(std::string_view line) {
+std::int64_t NumberInLine(std::string_view line) {
+  constexpr std::size_t numberAt = 2;  // from 0
+  return NumericValue(line.substr(std::min(numberAt, line.size())));
+}
+
+std::optional<std::string_view> QuotedBytes(std::string_view line) {
   const std::size_t quote = line.find('"');
   if (quote == std::string_view::npos) return std::nullopt;
   std::string_view text = line.substr(quote + 1);
   if (!text.empty()) text.remove_suffix(1);
-  return FromBytes(text);
+  return text;
+}
+
+std::optional<QString> QuotedText(std::string_view line) {
+  const auto bytes = QuotedBytes(line);
+  return bytes ? std::optional(FromBytes(*bytes)) : std::nullopt;
+}
+
+MessagesToSend LookThrough(LineReader& lines) {
+  MessagesToSend found;
+  for (auto line = lines.Next(); line && !line->starts_with(EndWord); line = lines.Next()) {
+    if (lines.LineNumber() == 1) found.Sendable = IsMessageLine(*line);
+    const QString text = QuotedText(*line).value_or(QString());
+    found.HasText = found.HasText || !TrimLeft(text).isEmpty();
+    found.Control = UntypableCharacter(text);
+    found.Number = NumberInLine(*line);
+    if (!found.Control.isEmpty() || lines.Overlong()) break;
+  }
+  return found;
 }
 
 std::string WriteMessageLines(const CamProgram& program) {

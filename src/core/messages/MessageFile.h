@@ -52,6 +52,17 @@ void MergeMessages(CamProgram& program, const MessageFile& file);
 Refusal WriteMsgFile(const CamProgram& program, const QString& path, FileWriter& writer,
                      FileWriter::Backup backup);
 
+/// What of a message file had better not be sent as it stands.
+struct MessagesToSend {
+  bool Sendable = false;    ///< the first line is a message's
+  bool HasText = false;     ///< a message is not blank
+  QString Control = {};     ///< the first control character of a text, by its picture
+  std::int64_t Number = 0;  ///< of the message that holds it
+};
+
+/// Looks through what a transmission takes of a file: its lines until END.
+MessagesToSend LookThrough(LineReader& lines);
+
 /// The name of a message file to write: ".MSG" is added to one without a ".".
 QString MessageFileName(const QString& chosen);
 
@@ -62,8 +73,12 @@ std::optional<std::string_view> NextMessageLine(LineReader& lines, bool& tooLong
 /// True for a line that is a message's, whatever follows.
 bool IsMessageLine(std::string_view line);
 
+/// The number that stands in a message line, which is what a programmer goes by.
+std::int64_t NumberInLine(std::string_view line);
+
 /// The text of a message line: after its first double quote, without the line's last character.
 /// None when it has no quote.
+std::optional<std::string_view> QuotedBytes(std::string_view line);
 std::optional<QString> QuotedText(std::string_view line);
 
 /// The lines of all messages of the program, as they stand in a file.

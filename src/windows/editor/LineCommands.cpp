@@ -41,6 +41,9 @@ TransferEnd LineCommands::Exchange(Moves what, TextNumber done,
   }
   Q_EMIT Ended(what == Moves::ProgramIn && end == TransferEnd::Done);
   if (end == TransferEnd::Done) Q_EMIT Note(instance_.Text(done));
+  if (end == TransferEnd::Incomplete) {
+    Q_EMIT Note(instance_.Text(TextNumber::ReceivedInPart) + MessageTransfer::WorkPath(instance_));
+  }
   return end;
 }
 
@@ -82,18 +85,16 @@ void LineCommands::Upd_Flash_Click() {
            [this] { return nira::Upd_Flash_Click(instance_, instance_.Dialog, window_); });
 }
 
-bool LineCommands::TransmitMessages(const QString& file) {
-  return Exchange(Moves::Messages, TextNumber::Transmitted, [this, &file] {
-           return MessageTransfer(instance_).Transmit(
-               file, [this](const Job& job) { return ShowMonitor(job); });
-         }) == TransferEnd::Done;
+void LineCommands::TransmitMessages() {
+  Exchange(Moves::Messages, TextNumber::Transmitted, [this] {
+    return MessageTransfer(instance_).Tr_M([this](const Job& job) { return ShowMonitor(job); });
+  });
 }
 
-bool LineCommands::ReceiveMessages(const QString& file) {
-  return Exchange(Moves::Messages, TextNumber::Received, [this, &file] {
-           return MessageTransfer(instance_).Receive(
-               file, [this](const Job& job) { return ShowMonitor(job); });
-         }) == TransferEnd::Done;
+void LineCommands::ReceiveMessages() {
+  Exchange(Moves::Messages, TextNumber::Received, [this] {
+    return MessageTransfer(instance_).Rc_M([this](const Job& job) { return ShowMonitor(job); });
+  });
 }
 
 /// Asks for a message file; empty when the operator cancelled.

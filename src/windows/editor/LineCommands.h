@@ -37,10 +37,9 @@ class LineCommands : public QObject {
   void Upd_Flash_Click();
   void setcom_Click();
 
-  /// The exchanges of the message editor, with the path of its work file. True when all of it went
-  /// over the line.
-  bool TransmitMessages(const QString& file);
-  bool ReceiveMessages(const QString& file);
+  /// The exchanges of the message editor.
+  void TransmitMessages();
+  void ReceiveMessages();
 
  Q_SIGNALS:
   void Began();

@@ -300,8 +300,8 @@ void MainWindow::LabCam_DblClick(int cam) {
 }
 
 void MainWindow::Al_Msg_Click() {
-  const MessageLink link{[this](const QString& file) { return lines_->TransmitMessages(file); },
-                         [this](const QString& file) { return lines_->ReceiveMessages(file); }};
+  const MessageLink link{[this] { lines_->TransmitMessages(); },
+                         [this] { lines_->ReceiveMessages(); }};
   AlMsg(instance_, link, this).exec();
 }
 

@@ -292,7 +292,7 @@ void AlMsg::ShowNote(const MessageFile& file) {
 bool AlMsg::WriteMsgFile() {
   const QString path = instance_.Folder.Find(instance_.Settings.MsgFile);
   if (QFileInfo::exists(path)) {
-    if (IsOpenCamFile(path)) return false;
+    if (IsOpenCamFile(instance_, path)) return false;
     const QString question = QStringLiteral("SOVRASCRIVERE FILE ");
     if (instance_.Ask.MsgBox(question + instance_.Settings.MsgFileTitle(), Buttons::YesNo,
                              Icon::Exclamation) != Answer::Yes) {
@@ -304,15 +304,6 @@ bool AlMsg::WriteMsgFile() {
   if (refusal) TellMessageFault(instance_, *refusal);
   instance_.Settings.MsgSaved = instance_.Settings.MsgSaved || !refusal;
   return !refusal;
-}
-
-/// True, after a message, for the cam file that is open: messages never take its place.
-bool AlMsg::IsOpenCamFile(const QString& path) {
-  if (QFileInfo(path) != QFileInfo(instance_.Settings.CurrentFile)) return false;
-  TellMessageFault(instance_, {.What = Fault::Kind::CannotWrite,
-                               .Path = path,
-                               .Text = instance_.Text(TextNumber::IsOpenCamFile)});
-  return true;
 }
 
 void AlMsg::t_Searc_Click() {
@@ -365,29 +356,14 @@ void AlMsg::SEL_FNT_Click() {
 }
 
 void AlMsg::Tr_M_Click() {
-  const QString work = instance_.Folder.Find(QString::fromLatin1(MessageFile::WorkName));
-  if (const Refusal refusal =
-          nira::WriteMsgFile(instance_.Program, work, instance_.Writer, FileWriter::Backup::No)) {
-    TellMessageFault(instance_, *refusal);
-    return;
-  }
-  link_.Transmit(work);
+  link_.Transmit();
   ShowAll();  // the programmer may have another number of messages
 }
 
 void AlMsg::Rc_M_Click() {
   if (!MayLoseMessages()) return;
-  const QString work = instance_.Folder.Find(QString::fromLatin1(MessageFile::WorkName));
-  if (link_.Receive(work)) TakeReceived(work);
+  link_.Receive();
   ShowAll();
-}
-
-/// What was received is in no file of the operator's.
-void AlMsg::TakeReceived(const QString& work) {
-  const auto file = nira::ReadMsgFile(work, instance_.Program.NumMessages());
-  if (!file) return TellMessageFault(instance_, file.Why());
-  ReplaceMessages(instance_.Program, *file);
-  instance_.Settings.MsgSaved = false;
 }
 
 void AlMsg::tEX_Click() {

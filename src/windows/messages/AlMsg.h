@@ -16,12 +16,11 @@
 
 namespace nira {
 
-/// What moves alarm messages over the line. Each takes the path of a message file and returns false
-/// when nothing was moved; it has told the reason then. The button of one that is not given is
-/// disabled.
+/// What moves the alarm messages of the program over the line, and tells what went wrong. The
+/// button of one that is not given is disabled.
 struct MessageLink {
-  std::function<bool(const QString& file)> Transmit;  ///< sends the file's messages
-  std::function<bool(const QString& file)> Receive;   ///< fills the file
+  std::function<void()> Transmit;  ///< sends them
+  std::function<void()> Receive;   ///< puts the programmer's in their place
 };
 
 /// The alarm messages: their file, list, search and changing. The programmer's display shows the
@@ -57,8 +56,6 @@ class AlMsg : public QDialog {
   bool MayLoseMessages();
   bool ReadMsgFile();
   bool WriteMsgFile();
-  bool IsOpenCamFile(const QString& path);
-  void TakeReceived(const QString& work);
   void ShowNote(const MessageFile& file);
   void PrepareDialog(const QString& title, int flags, const QString& preset);
 

@@ -177,7 +177,8 @@ class TransferJobsTest : public QObject {
     const QByteArrayList pieces = {Frame("N 007\"A\""), Frame("bad").chopped(1) + '!',
                                    Frame("N 250\"BEN 9\""), Frame("END")};
     f.Play(pieces);
-    QCOMPARE(f.Run("?AR", u"press.msg"_qs), done);
+    f.prompts.Expect();
+    QCOMPARE(f.Run("?AR", u"press.msg"_qs), TransferEnd::Incomplete);
     QCOMPARE(f.serial.Written, "?AR\xD2\r" + QByteArray(4, '\x06'));
     QCOMPARE(f.Beginning(),
              u"discard input|discard input|handshake 0|length 1"
@@ -193,7 +194,10 @@ class TransferJobsTest : public QObject {
       if (out.startsWith('?')) f.serial.Send(Frame("END").chopped(1) + '!', 4000);
       if (out.startsWith('\x06')) f.serial.Send(Frame("END"), 7000);
     };
-    QCOMPARE(f.Run("?AR", u"~.~"_qs), done);
+    f.prompts.Expect();
+    QCOMPARE(f.Run("?AR", u"~.~"_qs), TransferEnd::Incomplete);
+    QCOMPARE(f.prompts.Shown(),
+             QStringList(u"Exclamation Ok: MESSAGES NOT RECEIVED PROPERLY: 1-4"_qs));
     QCOMPARE(ReadBytes(f.Path(u"~.~"_qs)), QByteArray("\r\n\r\n\r\n\r\nEND\r\n"));
   }
 
