@@ -82,10 +82,7 @@ class ListingTest : public QObject {
       QStringList printed;
       int bars = 0;
       for (int page = 1; page <= pages; ++page) {
-        PaintRecorder recorder(paper);
-        QPainter on(&recorder);
-        painter.Paint(on, page);
-        on.end();
+        const PaintRecorder recorder(painter, paper, page);
         bool named = false;  // the cam whose phases come first on this page
         for (const QString& word : recorder.Words()) {
           const auto cam = phases > 0 ? printed.size() / phases % cams : 0;
@@ -105,20 +102,8 @@ class ListingTest : public QObject {
     }
   }
 
-  void OtherPapers_data() {
-    QTest::addColumn<QPageSize::PageSizeId>("paper");
-    QTest::addColumn<bool>("landscape");
-    for (const auto id : {QPageSize::A4, QPageSize::A5, QPageSize::A6}) {
-      for (const bool landscape : {false, true}) {
-        QTest::addRow("%s %d", qPrintable(QPageSize::key(id)), landscape) << id << landscape;
-      }
-    }
-  }
-
   /// On small paper too nothing stands on anything else, and every function line is there once.
   void OtherPapers() {
-    QFETCH(QPageSize::PageSizeId, paper);
-    QFETCH(bool, landscape);
     FunctionsBlock functions;
     functions.AdvanceOn = functions.DelayOn = functions.Ratio25On = 1;
     functions.AdvanceLast = 31;
@@ -129,20 +114,20 @@ class ListingTest : public QObject {
     program_.SetCamText(0, QString(20, u'W'));
     const Listing listing(program_, texts_, u"a.cam"_qs, QDateTime::currentDateTime(), {});
     ListingPainter painter(listing);
-    QSizeF size = QPageSize(paper).size(QPageSize::Point) * 10;
-    if (landscape) size.transpose();
-    const int pages = painter.LayOut(size);
-    QStringList words;
-    for (int page = 1; page <= pages; ++page) {
-      PaintRecorder recorder(size);
-      QPainter on(&recorder);
-      painter.Paint(on, page);
-      on.end();
-      QCOMPARE(recorder.Overlap(), QString());
-      QVERIFY(QRectF({}, size).adjusted(200, 200, -200, -200).contains(recorder.Ink()));
-      words += recorder.Words();
+    for (const auto paper : {QPageSize::A4, QPageSize::A5, QPageSize::A6}) {
+      const QSizeF size = QPageSize(paper).size(QPageSize::Point) * 10;
+      for (const QSizeF& way : {size, size.transposed()}) {
+        const int pages = painter.LayOut(way);
+        QStringList words;
+        for (int page = 1; page <= pages; ++page) {
+          const PaintRecorder recorder(painter, way, page);
+          QCOMPARE(recorder.Overlap(), QString());
+          QVERIFY(QRectF({}, way).adjusted(200, 200, -200, -200).contains(recorder.Ink()));
+          words += recorder.Words();
+        }
+        for (const QString& line : listing.FunctionLines()) QCOMPARE(words.count(line), 1);
+      }
     }
-    for (const QString& line : listing.FunctionLines()) QCOMPARE(words.count(line), 1);
   }
 
   /// A bar begins and ends where its degrees stand on the scale; one that goes on over 359/0 is
@@ -154,10 +139,7 @@ class ListingTest : public QObject {
     const Listing listing(program_, texts_, {}, QDateTime(), options);
     ListingPainter painter(listing);
     painter.LayOut(QSizeF(5950, 8420));
-    PaintRecorder recorder(QSizeF(5950, 8420));
-    QPainter on(&recorder);
-    painter.Paint(on, 1);
-    on.end();
+    const PaintRecorder recorder(painter, QSizeF(5950, 8420), 1);
     QList<int> degrees;
     const double left = 400 + 170;
     const double degree = (5950 - 2 * left) / 360;
@@ -217,34 +199,22 @@ class ListingTest : public QObject {
     QCOMPARE(listing.ModelLine(), u"QX1   1 camma  1 formato  255 messaggi"_qs);
   }
 
-  void Pdf_data() {
-    using Layout = QPageLayout;
-    QTest::addColumn<QPageLayout>("paper");
-    QTest::addColumn<QByteArray>("box");
-    const QMarginsF margins(10, 10, 10, 10);
-    QTest::newRow("portrait") << Layout(QPageSize(QPageSize::Letter), Layout::Portrait, margins)
-                              << QByteArray("612.000000 792.000000");
-    QTest::newRow("landscape") << Layout(QPageSize(QPageSize::Letter), Layout::Landscape, margins)
-                               << QByteArray("792.000000 612.000000");
-    const QPageSize own(QSizeF(500, 700), QPageSize::Point);
-    QTest::newRow("no standard") << Layout(own, Layout::Portrait, margins)
-                                 << QByteArray("500.000000 700.000000");
-  }
-
   void Pdf() {
-    QFETCH(QPageLayout, paper);
-    QFETCH(QByteArray, box);
     program_.SetPhase(1, 0, 10, 20);
     ListingOptions options;
     options.LastSize = 22;
     const Listing listing(program_, texts_, u"a.cam"_qs, QDateTime(), options);
     ListingPainter painter(listing);
-    const QByteArray pdf = PdfOf(painter, paper);
-    QVERIFY(pdf.startsWith("%PDF-"));
-    QVERIFY(pdf.trimmed().endsWith("%%EOF"));
-    QVERIFY(painter.Pages() >= 22);
-    QCOMPARE(pdf.count("/Type /Page\n"), painter.Pages());
-    QCOMPARE(pdf.count(QByteArray("/MediaBox [0 0 " + box + ']')), painter.Pages());
+    const QPageSize own(QSizeF(500, 700), QPageSize::Point);
+    for (const auto& [paper, way, box] :
+         {std::tuple(QPageSize(QPageSize::Letter), QPageLayout::Landscape, "792.000000 612.000000"),
+          {own, QPageLayout::Portrait, "500.000000 700.000000"}}) {
+      const QByteArray pdf = PdfOf(painter, QPageLayout(paper, way, QMarginsF(10, 10, 10, 10)));
+      QVERIFY(pdf.startsWith("%PDF-") && pdf.trimmed().endsWith("%%EOF"));
+      QVERIFY(painter.Pages() >= 22);
+      QCOMPARE(pdf.count("/Type /Page\n"), painter.Pages());
+      QCOMPARE(pdf.count(QByteArray("/MediaBox [0 0 ").append(box)), painter.Pages());
+    }
   }
 };
 

@@ -48,10 +48,7 @@ class MessageListingTest : public QObject {
     const int pages = listing.LayOut(size);
     QString printed;
     for (int page = 1; page <= pages; ++page) {
-      PaintRecorder recorder(size);
-      QPainter painter(&recorder);
-      listing.Paint(painter, page);
-      painter.end();
+      const PaintRecorder recorder(listing, size, page);
       QVERIFY2(QRectF({}, size).adjusted(100, 100, -100, -100).contains(recorder.Ink()),
                "outside the margins");
       QCOMPARE(recorder.Overlap(), QString());

@@ -11,7 +11,12 @@ namespace nira {
 /// A paint device that keeps the words and the boxes that are painted on it, with their places.
 class PaintRecorder : public QPaintDevice {
  public:
-  explicit PaintRecorder(const QSizeF& size) : size_(size.toSize()) {}
+  /// Of a page (from 1) of a document that is laid out on this paper.
+  PaintRecorder(const PagedDocument& document, const QSizeF& paper, int page)
+      : size_(paper.toSize()) {
+    QPainter painter(this);
+    document.Paint(painter, page);
+  }
 
   QPaintEngine* paintEngine() const override { return &engine_; }
   const QStringList& Words() const { return engine_.words; }

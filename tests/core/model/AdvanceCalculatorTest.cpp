@@ -85,19 +85,16 @@ class AdvanceCalculatorTest : public QObject {
     }
   }
 
-  void Shift_data() {
-    QTest::addColumn<int>("angle");
-    QTest::addColumn<QString>("runs");
-    QTest::newRow("none") << 0 << u"50-60 100-101"_qs;
-    QTest::newRow("quarter") << 90 << u"10-11 320-330"_qs;
-    QTest::newRow("last") << 359 << u"51-61 101-102"_qs;
-    QTest::newRow("a full turn shifts by 1") << 360 << u"49-59 99-100"_qs;
-    QTest::newRow("two") << 720 << u"48-58 98-99"_qs;
-  }
-
+  /// A full turn shifts by 1.
   void Shift() {
-    QFETCH(int, angle);
-    QTEST(RunsOf(AdvanceCalculator::Shifted(RowOf(u"50-60 100-101"_qs), angle)), "runs");
+    const CamRow row = RowOf(u"50-60 100-101"_qs);
+    for (const auto& [angle, runs] : {std::pair(0, "50-60 100-101"),
+                                      {90, "10-11 320-330"},
+                                      {359, "51-61 101-102"},
+                                      {360, "49-59 99-100"},
+                                      {720, "48-58 98-99"}}) {
+      QCOMPARE(RunsOf(AdvanceCalculator::Shifted(row, angle)), QString::fromLatin1(runs));
+    }
   }
 };
 

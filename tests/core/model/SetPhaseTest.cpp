@@ -2,6 +2,7 @@
 #include "model/CamProgram.h"
 #include "model/PhaseList.h"
 #include "support/Rows.h"
+#include "support/Tables.h"
 
 #include <QTest>
 
@@ -40,38 +41,30 @@ class SetPhaseTest : public QObject {
 
  private Q_SLOTS:
   void OneEntry_data() {
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<int>("on");
-    QTest::addColumn<int>("off");
-    QTest::addColumn<QString>("after");
-    const auto row = [](const char* name, const char* before, int on, int off, const char* after) {
-      QTest::newRow(name) << QString::fromLatin1(before) << on << off << QString::fromLatin1(after);
-    };
-    row("shrinks the larger phase", "10-50", 20, 30, "20-30");
-    row("merges what it spans", "10-20 40-50", 0, 100, "0-100");
-    row("overlap at the end goes entirely", "15-40", 10, 20, "10-20");
-    row("the run that ends at ON goes", "10-20", 20, 30, "20-30");
-    row("the run at OFF+1 stays", "11-16", 5, 10, "5-10 11-16");
-    row("no wrap of the backward cut", "355-360", 0, 10, "0-10 355-360");
-    row("across, the run at OFF+1 goes", "100-110 11-16", 350, 10, "0-10 100-110 350-360");
-    row("across, the run before ON goes", "340-350", 350, 10, "0-10 350-360");
-    row("across to 0, the run at 0 goes", "0-5", 359, 0, "359-360");
-    row("350 to 0 beside 0-350", "0-350", 350, 0, "");
-    row("deletes around the degree", "20-30", 25, 25, "");
-    row("deletes the phase that ends there", "20-30", 30, 30, "");
-    row("deletes one half", "0-10 350-360", 5, 5, "350-360");
+    TextTable({"before", "entry", "after"},
+              {{"shrinks the larger phase", "10-50", "20 30", "20-30"},
+               {"merges what it spans", "10-20 40-50", "0 100", "0-100"},
+               {"overlap at the end goes entirely", "15-40", "10 20", "10-20"},
+               {"the run that ends at ON goes", "10-20", "20 30", "20-30"},
+               {"the run at OFF+1 stays", "11-16", "5 10", "5-10 11-16"},
+               {"no wrap of the backward cut", "355-360", "0 10", "0-10 355-360"},
+               {"across, OFF+1 goes", "100-110 11-16", "350 10", "0-10 100-110 350-360"},
+               {"across to 0, the run at 0 goes", "0-5", "359 0", "359-360"},
+               {"350 to 0 beside 0-350", "0-350", "350 0", ""},
+               {"deletes around the degree", "20-30", "25 25", ""},
+               {"deletes the phase that ends there", "20-30", "30 30", ""},
+               {"deletes one half", "0-10 350-360", "5 5", "350-360"}});
   }
 
   void OneEntry() {
     QFETCH(QString, before);
-    QFETCH(int, on);
-    QFETCH(int, off);
+    QFETCH(QString, entry);
     CamProgram program;
     program.SetLimits(3, 3, 1);
     const CamRow others = RowOf(u"0-7 100-200 300-360"_qs);
     for (int i = 0; i < 9; ++i) program.SetRow(1 + i / 3, i % 3, others);
     program.SetRow(2, 1, RowOf(before));
-    program.SetPhase(2, 1, on, off);
+    program.SetPhase(2, 1, entry.section(u' ', 0, 0).toInt(), entry.section(u' ', 1).toInt());
     QTEST(RunsOf(program.CamMap(2, 1)), "after");
     program.SetRow(2, 1, others);
     for (int i = 0; i < 9; ++i) QCOMPARE(program.CamMap(1 + i / 3, i % 3), others);
@@ -101,22 +94,19 @@ class SetPhaseTest : public QObject {
     }
   }
 
+  /// The lines of the list and the boxes; e: in the colour of the ends, r: to the right edge.
   void ListAndBoxes_data() {
-    QTest::addColumn<QString>("lines");
-    QTest::addColumn<QString>("runs");  // e: colour of the ends, r: to the right edge
-    const auto row = [](const char* runs, const char* lines, const char* boxes) {
-      QTest::newRow(runs) << QString::fromLatin1(lines) << QString::fromLatin1(boxes);
-    };
-    row("", "", "");
-    row("1-359", "F001 001 359", "1-359");
-    row("0-360", "F001 000 360", "0-360er");
-    row("0-10", "F001 000 010", "0-10e");
-    row("359-360", "F001 359 000", "359-360er");
-    row("0-1 359-360", "F001 359 001", "0-1e 359-360er");
-    row("0-180 181-360", "F001 181 180", "0-180e 181-360er");
-    row("5-6 100-200 350-360", "F001 350 000|F002 005 006|F003 100 200", "350-360er 5-6 100-200");
-    row("0-10 348-359", "F001 000 010|F002 348 359", "0-10e 348-359");
-    row("0-2 3-4 358-360", "F001 358 002|F002 003 004", "0-2e 358-360er 3-4");
+    TextTable(
+        {"lines", "runs"},
+        {{"", "", ""},
+         {"1-359", "F001 001 359", "1-359"},
+         {"0-360", "F001 000 360", "0-360er"},
+         {"0-10", "F001 000 010", "0-10e"},
+         {"359-360", "F001 359 000", "359-360er"},
+         {"0-180 181-360", "F001 181 180", "0-180e 181-360er"},
+         {"5-6 100-200 350-360", "F001 350 000|F002 005 006|F003 100 200", "350-360er 5-6 100-200"},
+         {"0-10 348-359", "F001 000 010|F002 348 359", "0-10e 348-359"},
+         {"0-2 3-4 358-360", "F001 358 002|F002 003 004", "0-2e 358-360er 3-4"}});
   }
 
   void ListAndBoxes() {

