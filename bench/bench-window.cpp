@@ -2,6 +2,8 @@
 // Measures what an operator waits for at the main window, on the platform that Qt finds:
 //   bench-window start     start of the program to its first painted window, against an empty one
 //   bench-window switch    switching the size, 32 cams of 180 phases each, until it is painted
+//   bench-window hover     a move of the pointer by some degrees over two such sizes, all lamps
+//                          changing, until it is painted
 //   bench-window sizes     copying a size onto another, and importing one from the largest file,
 //                          until it is painted
 // Figures are medians in milliseconds; `start` runs both windows in turn, each in its own process.
@@ -18,6 +20,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QMouseEvent>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTextStream>
@@ -112,8 +115,8 @@ void Report(QTextStream& out, MainWindow& window, const char* what,
       << *std::max_element(times.begin(), times.end()) << " ms" << Qt::endl;
 }
 
-void MeasureSwitch(const QString& folder, QTextStream& out) {
-  Running running(folder);
+/// Sizes 1 and 2 full: 32 cams of 180 phases each.
+void LoadFull(Running& running) {
   if (!running.window.Form_Load({})) qFatal("the window did not load");
   for (int size = 1; size <= 2; ++size) {
     for (int cam = 0; cam < running.program.NumCams(); ++cam) {
@@ -122,6 +125,33 @@ void MeasureSwitch(const QString& folder, QTextStream& out) {
       }
     }
   }
+  running.window.ShowSizeCam();
+}
+
+void MeasureHover(const QString& folder, QTextStream& out) {
+  Running running(folder);
+  LoadFull(running);
+  running.window.show();
+  QApplication::processEvents();
+  std::vector<double> times;
+  for (int run = 0; run < 301; ++run) {
+    const int cam = run / 10 % 32;
+    auto* bar = running.window.findChild<QWidget*>(QStringLiteral("Barra_%1").arg(cam));
+    const QPointF place(bar->width() * (10 + run) / 359.0, bar->height() / 2.0);
+    QMouseEvent move(QEvent::MouseMove, place, bar->mapToGlobal(place), Qt::NoButton, {}, {});
+    QElapsedTimer timer;
+    timer.start();
+    QApplication::sendEvent(bar, &move);
+    QApplication::processEvents();
+    times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+  }
+  out << "pointer over 32 cams x 180 phases (at most 2 ms): " << Median(times) << " ms, at most "
+      << *std::max_element(times.begin(), times.end()) << " ms" << Qt::endl;
+}
+
+void MeasureSwitch(const QString& folder, QTextStream& out) {
+  Running running(folder);
+  LoadFull(running);
   running.window.show();
   QApplication::processEvents();
   Report(out, running.window, "switch of the size, 32 cams x 180 phases (a frame is 16.7 ms)",
@@ -169,6 +199,7 @@ int main(int argc, char** argv) {
   };
   if (wanted("start")) MeasureStart(folder.path(), out);
   if (wanted("switch")) MeasureSwitch(folder.path(), out);
+  if (wanted("hover")) MeasureHover(folder.path(), out);
   if (wanted("sizes")) MeasureSizes(folder.path(), out);
   return 0;
 }

@@ -3,6 +3,8 @@
 
 #include "ground/Text.h"
 
+#include <algorithm>
+
 namespace nira {
 
 namespace {
@@ -42,6 +44,12 @@ PhaseList PhaseList::Of(const CamRow& row) {
     list.runs.push_back({on, d, false, false});
   }
   return list;
+}
+
+int PhaseAt(const std::vector<Phase>& phases, int degree) {
+  const auto found = std::find_if(phases.begin(), phases.end(),
+                                  [degree](const Phase& phase) { return phase.Contains(degree); });
+  return found == phases.end() ? -1 : static_cast<int>(found - phases.begin());
 }
 
 QStringList PhaseList::Lines() const {

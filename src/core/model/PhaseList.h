@@ -16,6 +16,13 @@ struct Phase {
   int on = 0;
   int off = 0;
   bool operator==(const Phase&) const = default;
+
+  /// ON at this degree, 0..359.
+  bool Contains(int degree) const {
+    return on < off ? on <= degree && degree < off : degree >= on || degree < off;
+  }
+  /// Degrees for which it is ON, 1..360.
+  int Length() const { return on < off ? off - on : off - on + CamProgram::Degrees; }
 };
 
 /// A filled box of the diagram: degrees `on` to `off` (not included).
@@ -39,6 +46,9 @@ struct PhaseList {
   /// "F001 350 010", one line per phase, numbered from 1.
   QStringList Lines() const;
 };
+
+/// Which of these phases is ON at a degree 0..359, from 0; -1 when none is.
+int PhaseAt(const std::vector<Phase>& phases, int degree);
 
 /// "F" and the number (from 1) as three digits, the ON and the OFF degree, blanks between.
 QString PhaseLine(int number, const Phase& phase);

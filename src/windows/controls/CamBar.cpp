@@ -2,6 +2,7 @@
 #include "controls/CamBar.h"
 
 #include <QList>
+#include <QPaintEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -52,7 +53,15 @@ QRect CamBar::BoxOf(const Run& run) const {
   return {from, inside.top(), to - from, inside.height()};
 }
 
-void CamBar::paintEvent(QPaintEvent*) {
+std::optional<Run> CamBar::RunAt(int x) const {
+  for (const Run& run : picture_.runs) {
+    const QRect box = BoxOf(run);
+    if (box.left() <= x && x <= box.right()) return run;
+  }
+  return std::nullopt;
+}
+
+void CamBar::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   painter.fillRect(rect(), QColor::fromRgb(border));
   painter.fillRect(Background(),
@@ -63,7 +72,10 @@ void CamBar::paintEvent(QPaintEvent*) {
   }
   QList<QRect> ends;
   QList<QRect> middles;
-  for (const Run& run : picture_.runs) (run.atEnd ? ends : middles).append(BoxOf(run));
+  for (const Run& run : picture_.runs) {
+    const QRect box = BoxOf(run);
+    if (event->rect().intersects(box)) (run.atEnd ? ends : middles).append(box);
+  }
   painter.setPen(Qt::NoPen);
   painter.setBrush(QColor::fromRgb(picture_.selected ? colours::selectedRun : colours::text));
   painter.drawRects(middles);

@@ -5,6 +5,7 @@
 
 #include <QWidget>
 
+#include <optional>
 #include <vector>
 
 namespace nira {
@@ -42,6 +43,9 @@ class CamBar : public QWidget {
 
   /// The box of a run in this bar: at least 2 pixels wide, inside the margin.
   QRect BoxOf(const Run& run) const;
+
+  /// The run whose box is there, none beside the boxes.
+  std::optional<Run> RunAt(int x) const;
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -5,7 +5,7 @@
 
 namespace nira {
 
-/// Qt's Fusion with own pictures for what a narrow menu bar or tool bar folds away. Looking for
+/// Qt's Fusion, with own pictures for what a narrow menu bar or tool bar folds away. Looking for
 /// theirs would make Qt load every picture plugin before the first window is painted.
 class ProgramStyle : public QProxyStyle {
   Q_OBJECT
@@ -15,6 +15,10 @@ class ProgramStyle : public QProxyStyle {
 
   QIcon standardIcon(StandardPixmap picture, const QStyleOption* option,
                      const QWidget* widget) const override;
+
+  /// The tip over a run comes at once: the operator reads one after the other.
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* more) const override;
 };
 
 }  // namespace nira

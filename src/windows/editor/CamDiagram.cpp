@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "editor/CamDiagram.h"
 
+#include "ground/Text.h"
+
+#include <QHelpEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include <algorithm>
 #include <cmath>
@@ -14,8 +19,9 @@ namespace {
 constexpr int highestRow = 36;  // pixels
 constexpr int rowGap = 1;
 constexpr int columnGap = 8;
+constexpr int lampColumn = DiagramPlace::LampSide + 2 * columnGap;  // the lamp between two gaps
 constexpr int tick = 5;
-constexpr int longTick = 8;
+constexpr int longTick = DiagramPlace::Tick;
 constexpr QRgb frameColour = 0xff9a9a9a;
 
 QString Indexed(const char* name, int index) {
@@ -24,7 +30,7 @@ QString Indexed(const char* name, int index) {
 
 }  // namespace
 
-CamDiagram::CamDiagram(QWidget* parent) : QWidget(parent) {
+CamDiagram::CamDiagram(QWidget* parent) : QWidget(parent), line_(new HoverLine(this)) {
   setMouseTracking(true);
   BuildScale();
   for (int cam = 0; cam < CamProgram::MaxCams; ++cam) BuildRow(cam);
@@ -36,7 +42,7 @@ void CamDiagram::BuildRow(int cam) {
   row.number->setObjectName(Indexed("LabCam", cam));
   row.number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   row.number->setText(QString::number(cam + 1));
-  row.number->setContentsMargins(0, 0, columnGap, 0);
+  row.number->setContentsMargins(0, 0, lampColumn, 0);
   row.number->setAccessibleName(QStringLiteral("C%1").arg(cam + 1));
   row.description = new CamLabel(this);
   row.description->setObjectName(Indexed("LDefC", cam));
@@ -79,8 +85,8 @@ void CamDiagram::BuildScale() {
 }
 
 void CamDiagram::ShowRows(int numCams) {
-  if (numCams == numCams_) return;
-  numCams_ = numCams;
+  if (numCams == place_.numCams) return;
+  place_.numCams = numCams;
   for (int cam = 0; cam < CamProgram::MaxCams; ++cam) {
     const Row& row = rows_[static_cast<std::size_t>(cam)];
     row.number->setVisible(cam < numCams);
@@ -90,10 +96,11 @@ void CamDiagram::ShowRows(int numCams) {
   Arrange();
 }
 
-void CamDiagram::ShowCam(int cam, const std::vector<Run>& runs, bool selected,
-                         const QString& text) {
-  const Row& row = rows_.at(static_cast<std::size_t>(cam));
-  row.bar->Show({selected, runs});
+void CamDiagram::ShowCam(int cam, const PhaseList& phases, bool selected, const QString& text) {
+  Row& row = rows_.at(static_cast<std::size_t>(cam));
+  row.bar->Show({selected, phases.runs});
+  const bool read = row.phases != phases.phases || row.description->text() != text;
+  row.phases = phases.phases;
   QFont numbers = row.number->font();
   if (numbers.bold() != selected) {
     numbers.setBold(selected);
@@ -108,6 +115,7 @@ void CamDiagram::ShowCam(int cam, const std::vector<Run>& runs, bool selected,
     row.description->setPalette(palette);
   }
   row.description->ShowText(text);
+  if (read && line_->Degree() >= 0) Read();
 }
 
 void CamDiagram::ShowDescription(int cam, const QString& text) {
@@ -121,8 +129,9 @@ void CamDiagram::Rescale(int rowPixels, int scalePixels) {
 }
 
 void CamDiagram::SetScale() {
-  unitsPerDegree_ = bars_.width() / 359.0;
-  for (const Row& row : rows_) row.bar->SetScale(unitsPerDegree_);
+  place_.unitsPerDegree = place_.bars.width() / 359.0;
+  for (const Row& row : rows_) row.bar->SetScale(place_.unitsPerDegree);
+  line_->Arrange(place_, scalePixels_);
   update();
 }
 
@@ -139,10 +148,10 @@ void CamDiagram::Arrange() {
   const int halfMark = scaleMetrics.horizontalAdvance(QStringLiteral("360")) / 2 + 2;
   const int descriptions =
       std::clamp(rowMetrics.horizontalAdvance(QString(20, u'A')) + 12, 60, width() / 4);
-  const int left = numbers + columnGap + descriptions + columnGap;
+  const int left = numbers + lampColumn + descriptions + columnGap;
   const int room = std::max(0, height() - 2 * scaleHeight);
-  const int rowHeight = std::min(highestRow * numCams_, room);
-  bars_ = QRect(left, scaleHeight, std::max(1, width() - left - halfMark), rowHeight);
+  const int rowHeight = std::min(highestRow * place_.numCams, room);
+  place_.bars = QRect(left, scaleHeight, std::max(1, width() - left - halfMark), rowHeight);
 
   ArrangeRows();
   ArrangeScale();
@@ -150,24 +159,25 @@ void CamDiagram::Arrange() {
 }
 
 void CamDiagram::ArrangeRows() {
-  const auto topOf = [this](int cam) { return bars_.top() + bars_.height() * cam / numCams_; };
-  const int lowest = bars_.height() / numCams_;
+  const QRect& bars = place_.bars;
+  const int lowest = bars.height() / place_.numCams;
   QFont rows = font();
   rows.setPixelSize(std::clamp(lowest * 7 / 10, 6, rowPixels_));
   const int numbers = QFontMetrics(rows).horizontalAdvance(QStringLiteral("00")) + 6;
-  for (int cam = 0; cam < numCams_; ++cam) {
+  place_.lampLeft = numbers + columnGap;
+  for (int cam = 0; cam < place_.numCams; ++cam) {
     const Row& row = rows_[static_cast<std::size_t>(cam)];
-    const int top = topOf(cam);
-    const int height = std::max(1, topOf(cam + 1) - top - rowGap);
+    const int top = place_.Top(cam);
+    const int height = std::max(1, place_.Top(cam + 1) - top - rowGap);
     QFont numberFont = rows;
     numberFont.setBold(row.number->font().bold());
     row.number->setFont(numberFont);
     row.description->setFont(rows);
-    row.number->setGeometry(0, top, numbers + columnGap, height);  // all that is there to hit
-    const int left = numbers + columnGap;
-    row.description->setGeometry(left, top, bars_.left() - columnGap - left, height);
+    row.number->setGeometry(0, top, numbers + lampColumn, height);  // all that is there to hit
+    const int left = numbers + lampColumn;
+    row.description->setGeometry(left, top, bars.left() - columnGap - left, height);
     row.description->ShowText(row.description->text());
-    row.bar->setGeometry(bars_.left(), top, bars_.width(), height);
+    row.bar->setGeometry(bars.left(), top, bars.width(), height);
   }
 }
 
@@ -175,22 +185,23 @@ void CamDiagram::ArrangeScale() {
   QFont scale = font();
   scale.setPixelSize(scalePixels_);
   const QFontMetrics metrics(scale);
+  const QRect& bars = place_.bars;
   const int markWidth = metrics.horizontalAdvance(QStringLiteral("0000"));
   for (int i = 0; i < Quarters; ++i) {
     QLabel* mark = marks_[static_cast<std::size_t>(i)];
     mark->setFont(scale);
-    const int x = bars_.left() + bars_.width() * i / (Quarters - 1);
-    mark->setGeometry(x - markWidth / 2, bars_.top() - longTick - 2 - metrics.height(), markWidth,
+    const int x = bars.left() + bars.width() * i / (Quarters - 1);
+    mark->setGeometry(x - markWidth / 2, bars.top() - longTick - 2 - metrics.height(), markWidth,
                       metrics.height());
   }
-  const QRect f = bars_.adjusted(-1, -1, 1, 1);
+  const QRect f = bars.adjusted(-1, -1, 1, 1);
   frame_[0]->setGeometry(f.left(), f.top(), f.width(), 1);
   frame_[1]->setGeometry(f.left(), f.bottom(), f.width(), 1);
   frame_[2]->setGeometry(f.left(), f.top(), 1, f.height());
   frame_[3]->setGeometry(f.right(), f.top(), 1, f.height());
   for (std::size_t i = 4; i < frame_.size(); ++i) {
     const int degree = 90 * (static_cast<int>(i) - 3);
-    const int x = bars_.left() + static_cast<int>(std::lround(degree * bars_.width() / 359.0));
+    const int x = bars.left() + static_cast<int>(std::lround(degree * bars.width() / 359.0));
     frame_[i]->setGeometry(x, f.top(), 1, f.height());
   }
 }
@@ -210,13 +221,12 @@ void CamDiagram::PaintTicks(QPainter& painter) const {
   scale.setPixelSize(scalePixels_);
   painter.setFont(scale);
   const QFontMetrics metrics(scale);
-  const int above = bars_.top() - 2;
-  const int below = bars_.top() + bars_.height() + 1;
+  const int above = place_.bars.top() - 2;
+  const int below = place_.bars.bottom() + 2;
   for (int degree = 0; degree <= 360; degree += 10) {
     const bool quarter = degree % 90 == 0;
     const int length = quarter ? longTick : tick;
-    const int x = bars_.left() + std::min(static_cast<int>(std::lround(degree * unitsPerDegree_)),
-                                          bars_.width() - 1);
+    const int x = place_.X(degree);
     painter.drawLine(x, above, x, above - length + 1);
     painter.drawLine(x, below, x, below + length - 1);
     if (!quarter) continue;
@@ -225,35 +235,104 @@ void CamDiagram::PaintTicks(QPainter& painter) const {
   }
 }
 
-void CamDiagram::mousePressEvent(QMouseEvent*) {
+void CamDiagram::mousePressEvent(QMouseEvent* event) {
   Q_EMIT Pressed();
+  if (event->button() == Qt::LeftButton) Pin(event->pos());
 }
 
 void CamDiagram::mouseMoveEvent(QMouseEvent* event) {
-  TellDegree(event->pos().x());
+  PointAt(event->pos());
 }
 
 void CamDiagram::leaveEvent(QEvent*) {
-  TellDegree(-1);
+  PointAt({-1, -1});
 }
 
 bool CamDiagram::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::MouseMove) {
-    const auto* widget = static_cast<QWidget*>(watched);
-    TellDegree(widget->x() + static_cast<QMouseEvent*>(event)->pos().x());
+    PointAt(static_cast<QWidget*>(watched)->pos() + static_cast<QMouseEvent*>(event)->pos());
   }
-  return false;
+  const int cam = event->type() == QEvent::ToolTip ? CamOf(watched) : -1;
+  if (cam >= 0) ShowTip(cam, *static_cast<QHelpEvent*>(event));
+  return cam >= 0;
 }
 
-void CamDiagram::TellDegree(int x) {
-  int degree = -1;
-  if (x >= bars_.left() && x < bars_.left() + bars_.width()) {
-    degree =
-        std::min(static_cast<int>((x - bars_.left()) / unitsPerDegree_), CamProgram::Degrees - 1);
+/// Keys that move a pinned line; every other one goes on to the window.
+void CamDiagram::keyPressEvent(QKeyEvent* event) {
+  const int step = event->modifiers().testFlag(Qt::ShiftModifier) ? 10 : 1;
+  const bool left = event->key() == Qt::Key_Left;
+  if (line_->Pinned() && (left || event->key() == Qt::Key_Right)) {
+    line_->Step(left ? -step : step);
+    Read();
+  } else if (line_->Pinned() && event->key() == Qt::Key_Escape) {
+    line_->Free();
+    Read();
+    Q_EMIT Freed();
+  } else {
+    QWidget::keyPressEvent(event);
   }
-  if (degree == degree_) return;
-  degree_ = degree;
-  Q_EMIT DegreeUnderPointer(degree);
+}
+
+void CamDiagram::PointAt(const QPoint& place) {
+  const int before = line_->Degree();
+  line_->PointAt(place_.DegreeAt(place.x()), place_.CamAt(place));
+  if (line_->Degree() != before) Read();
+}
+
+/// A press on one of the scales pins the line there; its keys come to the diagram then.
+void CamDiagram::Pin(const QPoint& place) {
+  const int degree = place_.DegreeAt(place.x());
+  const QRect& bars = place_.bars;
+  if (degree < 0 || (place.y() >= bars.top() && place.y() <= bars.bottom())) return;
+  line_->Pin(degree);
+  setFocus(Qt::MouseFocusReason);
+  Read();
+}
+
+/// Lights the lamps from what is drawn at the line, and says what it reads.
+void CamDiagram::Read() {
+  const int degree = line_->Degree();
+  for (int cam = 0; cam < CamProgram::MaxCams; ++cam) {
+    line_->Light(cam, degree >= 0 && PhaseAt(RowOf(cam).phases, degree) >= 0);
+  }
+  Q_EMIT LineRead(degree, line_->Difference(), degree < 0 ? QString() : CamsOn(degree));
+}
+
+QString CamDiagram::CamsOn(int degree) const {
+  QStringList on;
+  for (int cam = 0; cam < place_.numCams; ++cam) {
+    const Row& row = RowOf(cam);
+    if (PhaseAt(row.phases, degree) < 0) continue;
+    on.append(QString(row.number->text() + u' ' + row.description->text()).trimmed());
+  }
+  return on.join(QStringLiteral("  "));
+}
+
+int CamDiagram::CamOf(const QObject* bar) const {
+  const auto found =
+      std::find_if(rows_.begin(), rows_.end(), [bar](const Row& row) { return row.bar == bar; });
+  return found == rows_.end() ? -1 : static_cast<int>(found - rows_.begin());
+}
+
+/// The drawn phase at a place in the bar of a cam, from 0; -1 beside the runs.
+int CamDiagram::PhaseUnder(int cam, int x) const {
+  const Row& row = RowOf(cam);
+  const std::optional<Run> run = row.bar->RunAt(x);
+  return run ? PhaseAt(row.phases, run->on) : -1;
+}
+
+void CamDiagram::ShowTip(int cam, const QHelpEvent& event) const {
+  const Row& row = RowOf(cam);
+  const int index = PhaseUnder(cam, event.x());
+  if (index < 0) return QToolTip::hideText();
+  const Phase& phase = row.phases[static_cast<std::size_t>(index)];
+  const auto digits = [](int value, int width) { return ZeroFilled(value, width); };
+  const QString title = u'C' + digits(cam + 1, 2) + u' ' + row.description->text();
+  const QString text =
+      QStringLiteral("<p style='white-space:pre'><b>%1   F%2</b><br>ON %3  OFF %4   %5°</p>")
+          .arg(title.toHtmlEscaped(), digits(index + 1, 3), digits(phase.on, 3),
+               digits(phase.off, 3), QString::number(phase.Length()));
+  QToolTip::showText(event.globalPos(), text, row.bar, row.bar->BoxOf(*row.bar->RunAt(event.x())));
 }
 
 }  // namespace nira

@@ -3,13 +3,16 @@
 
 #include "controls/CamBar.h"
 #include "controls/CamLabel.h"
-#include "model/CamProgram.h"
+#include "editor/HoverLine.h"
+#include "model/PhaseList.h"
 
 #include <QFrame>
 #include <QLabel>
 #include <QWidget>
 
 #include <array>
+
+class QHelpEvent;
 
 namespace nira {
 
@@ -25,7 +28,7 @@ class CamDiagram : public QWidget {
   void ShowRows(int numCams);
 
   /// What is drawn for one cam (index from 0).
-  void ShowCam(int cam, const std::vector<Run>& runs, bool selected, const QString& text);
+  void ShowCam(int cam, const PhaseList& phases, bool selected, const QString& text);
 
   /// Its description alone.
   void ShowDescription(int cam, const QString& text);
@@ -36,7 +39,7 @@ class CamDiagram : public QWidget {
   /// Font sizes in pixels: of the rows (smaller where a row is low) and of the scale.
   void Rescale(int rowPixels, int scalePixels);
 
-  CamBar* Barra(int cam) const { return rows_[static_cast<std::size_t>(cam)].bar; }
+  CamBar* Barra(int cam) const { return RowOf(cam).bar; }
 
  Q_SIGNALS:
   void LabCam_Click(int cam);
@@ -44,12 +47,16 @@ class CamDiagram : public QWidget {
   void LDefC_DblClick(int cam);
   /// A press anywhere else in the diagram.
   void Pressed();
-  /// Degree 0..359 under the pointer, -1 when it is beside the bars.
-  void DegreeUnderPointer(int degree);
+  /// What the line reads: its degree 0..359 (-1: there is none), the degrees from the first pin to
+  /// the second (-1: there are not two), and the cams whose picture is ON there, "2 FEED  6 LIFT".
+  void LineRead(int degree, int difference, const QString& on);
+  /// No line is pinned any more.
+  void Freed();
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void leaveEvent(QEvent* event) override;
@@ -63,6 +70,7 @@ class CamDiagram : public QWidget {
     CamLabel* number = nullptr;       // LabCam
     CamLabel* description = nullptr;  // LDefC
     CamBar* bar = nullptr;            // Barra
+    std::vector<Phase> phases;        // as the bar shows them
   };
 
   void BuildRow(int cam);
@@ -71,17 +79,22 @@ class CamDiagram : public QWidget {
   void ArrangeRows();
   void ArrangeScale();
   void PaintTicks(QPainter& painter) const;
-  void TellDegree(int x);
+  void PointAt(const QPoint& place);
+  void Pin(const QPoint& place);
+  void Read();
+  void ShowTip(int cam, const QHelpEvent& event) const;
+  int CamOf(const QObject* bar) const;
+  int PhaseUnder(int cam, int x) const;
+  QString CamsOn(int degree) const;
+  const Row& RowOf(int cam) const { return rows_[static_cast<std::size_t>(cam)]; }
 
   std::array<Row, CamProgram::MaxCams> rows_;
   std::array<QLabel*, Quarters> marks_{};    // Lab_0 .. Lab_4_4
   std::array<QFrame*, FrameLines> frame_{};  // Line5 .. Line11
-  QRect bars_;                               // all bars of the cams that exist
-  int numCams_ = CamProgram::MaxCams;
+  DiagramPlace place_;
+  HoverLine* line_;
   int rowPixels_ = 12;
   int scalePixels_ = 11;
-  double unitsPerDegree_ = 1;
-  int degree_ = -1;
 };
 
 }  // namespace nira

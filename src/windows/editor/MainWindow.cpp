@@ -142,7 +142,8 @@ void MainWindow::ConnectAll() {
   });
   connect(sizes_, &SizeCommands::Hidden, status_, &StatusLine::Show);
   connect(diagram_, &CamDiagram::Pressed, entry_, &PhaseEntry::LeaveForCommand);
-  connect(diagram_, &CamDiagram::DegreeUnderPointer, status_, &StatusLine::ShowDegree);
+  connect(diagram_, &CamDiagram::LineRead, status_, &StatusLine::ShowLine);
+  connect(diagram_, &CamDiagram::Freed, entry_->Fase(), [this] { entry_->Fase()->setFocus(); });
   connect(entry_, &PhaseEntry::Committed, this, [this] {
     menu_->Item(QStringLiteral("o_Undo"))->setEnabled(true);
     ShowSizeCam();
@@ -280,7 +281,7 @@ void MainWindow::RefreshCam(int cam) {
   const CamProgram& program = instance_.Program;
   const PhaseList phases = PhaseList::Of(program.CamMap(program.CurrentSize(), cam));
   const bool selected = cam == program.CurrentCam();
-  diagram_->ShowCam(cam, phases.runs, selected, program.CamText(cam));
+  diagram_->ShowCam(cam, phases, selected, program.CamText(cam));
   if (selected) entry_->ShowPhases(phases);
 }
 

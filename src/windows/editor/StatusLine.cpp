@@ -18,7 +18,7 @@ StatusLine::StatusLine(Instance& instance, const PortNames& ports, QStatusBar* b
       port_(Add("StatusPort", false)),
       model_(Add("StatusModel", false)),
       simulated_(AddSign()),
-      degree_(Add("StatusDegree", true)),
+      degree_(AddReading()),
       changed_(Add("StatusChanged", true)) {
   connect(&watch_, &QTimer::timeout, this, &StatusLine::ShowPort);
 }
@@ -33,6 +33,16 @@ QLabel* StatusLine::Add(const char* name, bool right) {
   } else {
     bar_->addWidget(label);
   }
+  return label;
+}
+
+/// Takes the room that is left, so that nothing moves with its text.
+CamLabel* StatusLine::AddReading() {
+  auto* label = new CamLabel(bar_);
+  label->setObjectName(QStringLiteral("StatusDegree"));
+  label->setContentsMargins(8, 0, 8, 0);
+  label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  bar_->addWidget(label, 1);
   return label;
 }
 
@@ -119,10 +129,12 @@ void StatusLine::ShowFile() {
   Show();
 }
 
-void StatusLine::ShowDegree(int degree) {
-  degree_->setText(degree < 0
-                       ? QString()
-                       : instance_.Text(TextNumber::StatusDegree) + u' ' + ZeroFilled(degree, 3));
+void StatusLine::ShowLine(int degree, int difference, const QString& on) {
+  QString text;
+  if (degree >= 0) text = instance_.Text(TextNumber::StatusDegree) + u' ' + ZeroFilled(degree, 3);
+  if (difference >= 0) text += QStringLiteral("  +") + QString::number(difference) + u'°';
+  if (!on.isEmpty()) text += QStringLiteral("  ON: ") + on;
+  degree_->ShowText(text);
 }
 
 }  // namespace nira

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "controls/CamLabel.h"
 #include "controls/Instance.h"
 #include "controls/SimulatedSign.h"
 #include "line/PortNames.h"
@@ -35,11 +36,13 @@ class StatusLine : public QObject {
   /// The program was taken as saved: shows whether a file holds it or none.
   void ShowFile();
 
-  /// Degree 0..359, -1 for none.
-  void ShowDegree(int degree);
+  /// What is read in the diagram: a degree 0..359, -1 for none, the degrees from one line to the
+  /// other, -1 for none, and the cams that are ON there.
+  void ShowLine(int degree, int difference, const QString& on);
 
  private:
   QLabel* Add(const char* name, bool right);
+  CamLabel* AddReading();
   SimulatedSign* AddSign();
   void ShowPort();
   QString PortText(const QString& settings, const QString& state) const;
@@ -51,7 +54,7 @@ class StatusLine : public QObject {
   QLabel* port_;
   QLabel* model_;
   SimulatedSign* simulated_;  // stands where a passing note does not cover it
-  QLabel* degree_;
+  CamLabel* degree_;
   QLabel* changed_;
   QTimer watch_;
   QString device_;

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/WindowFixture.h"
 
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QTest>
+#include <QToolTip>
 
 namespace nira {
 
@@ -19,6 +21,21 @@ QImage Picture(const WindowFixture& f, const QString& name) {
   const QWidget* widget = f.Find(name);
   const QPixmap shown = const_cast<MainWindow&>(*f.window).grab();
   return shown.toImage().copy(QRect(widget->mapTo(&*f.window, QPoint()), widget->size()));
+}
+
+/// Moves the pointer over the bar of a cam to the middle of a degree; 359 lies at its right edge.
+void PointAt(const WindowFixture& f, int cam, int degree) {
+  QWidget* bar = f.Find(u"Barra_%1"_qs.arg(cam));
+  const QPoint place(qRound((degree + 0.5) * bar->width() / 359.0), 3);
+  QMouseEvent move(QEvent::MouseMove, place, bar->mapToGlobal(place), Qt::NoButton, {}, {});
+  QApplication::sendEvent(bar, &move);
+}
+
+/// Presses on the lower scale.
+void PinAt(const WindowFixture& f, int degree) {
+  const QWidget* bar = f.Find(u"Barra_31"_qs);
+  const QPoint place(qRound((degree + 0.5) * bar->width() / 359.0), bar->height() + 8);
+  QTest::mouseClick(f.Find(u"Diagram"_qs), Qt::LeftButton, {}, bar->pos() + place);
 }
 
 /// The boxes of a bar on the screen as "first+width" from left to right.
@@ -160,17 +177,72 @@ class DiagramTest : public QObject {
     QVERIFY(pressed != Picture(f, u"Picture1"_qs));
   }
 
+  /// Line, lamps, words and tip tell what is drawn, also when the map behind it has changed.
+  void HoverLine() {
+    WindowFixture f;
+    QVERIFY(f.StartWith(u"350-360 0-10 100-110"_qs, 3));
+    f.program.SetRow(1, 5, RowOf(u"109-110"_qs));
+    f.program.SetCamText(5, u"<LIFT>"_qs);
+    f.Press(Qt::Key_PageDown);
+    f.program.ClearSize(1);
+    const auto lit = [&f](int cam) {
+      const QWidget* number = f.Find(u"LabCam_%1"_qs.arg(cam));
+      const QRect place(number->mapTo(&*f.window, QPoint()), number->size());
+      const QImage shown = f.window->grab(place).toImage();
+      for (int x = 0; x < shown.width(); ++x) {
+        if (shown.pixel(x, shown.height() / 2) == 0xffff5555) return true;
+      }
+      return false;
+    };
+    const std::array<std::pair<int, const char*>, 6> readings = {
+        {{99, "grado 099"},
+         {100, "grado 100  ON: 4"},
+         {109, "grado 109  ON: 4  6 <LIFT>"},
+         {110, "grado 110"},
+         {355, "grado 355  ON: 4"},
+         {359, "grado 359  ON: 4"}}};
+    for (const auto& [degree, text] : readings) {
+      PointAt(f, 5, degree);
+      QCOMPARE(f.Text("StatusDegree"), QString::fromLatin1(text));
+      QCOMPARE(lit(3), f.Text("StatusDegree").contains(u" 4"_qs));
+      QCOMPARE(lit(5), degree == 109);
+    }
+    PointAt(f, 3, 200);
+    const QImage crossed = Picture(f, u"Barra_9"_qs);
+    QVERIFY(qRed(crossed.pixel(qRound(200 * crossed.width() / 359.0), 5)) > 150);
+    QVERIFY(qBlue(crossed.pixel(qRound(200 * crossed.width() / 359.0), 5)) < 150);
+    auto* bar = f.Find<CamBar>(u"Barra_5"_qs);
+    QHelpEvent over(QEvent::ToolTip, bar->BoxOf({109, 110}).center(), QCursor::pos());
+    QApplication::sendEvent(bar, &over);
+    QVERIFY(QToolTip::text().contains(u"C06 &lt;LIFT&gt;   F001</b><br>ON 109  OFF 110   1°"_qs));
+    f.Press(Qt::Key_PageDown);
+    QCOMPARE(f.Text("StatusDegree"), u"grado 200"_qs);
+  }
+
+  /// A pinned line stays, moves by keys round the cycle, and measures forward to a second one.
+  void Pins() {
+    WindowFixture f;
+    QVERIFY(f.StartWith(u"100-110"_qs, 3));
+    PinAt(f, 350);
+    PointAt(f, 3, 20);
+    f.Press(Qt::Key_Right, Qt::ShiftModifier);
+    QCOMPARE(f.Text("StatusDegree"), u"grado 000"_qs);
+    f.Press(Qt::Key_Left);
+    QCOMPARE(f.Text("StatusDegree"), u"grado 359"_qs);
+    PinAt(f, 300);
+    PinAt(f, 105);
+    QCOMPARE(f.Text("StatusDegree"), u"grado 105  +106°  ON: 4"_qs);
+    f.Press(Qt::Key_PageDown);
+    f.Press(Qt::Key_Escape);
+    QCOMPARE(f.Text("StatusDegree"), u"grado 020"_qs);
+    QCOMPARE(f.Focus(), u"Fase"_qs);
+    QCOMPARE(f.program.CurrentCam(), 4);
+  }
+
   void StatusBar() {
     WindowFixture f;
     QVERIFY(f.StartWith(u"10-20"_qs));
     QCOMPARE(f.Text("StatusChanged"), u"senza file"_qs);
-    QWidget* bar = f.Find(u"Barra_5"_qs);
-    for (const int degree : {0, 200, 358}) {
-      const QPoint place(qRound((degree + 0.5) * bar->width() / 359.0), 3);
-      QMouseEvent move(QEvent::MouseMove, place, bar->mapToGlobal(place), Qt::NoButton, {}, {});
-      QApplication::sendEvent(bar, &move);
-      QCOMPARE(f.Text("StatusDegree"), u"grado %1"_qs.arg(degree, 3, 10, QChar(u'0')));
-    }
     f.settings.CurrentFile = f.Path(u"a.CAM"_qs);
     QVERIFY(WriteBytes(f.settings.CurrentFile, {}));
     f.Click(u"Sv_Fil"_qs);

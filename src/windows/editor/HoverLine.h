@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "model/CamProgram.h"
+
+#include <QRegion>
+#include <QWidget>
+
+#include <bitset>
+#include <vector>
+
+namespace nira {
+
+/// Where the parts of the diagram stand, in its pixels.
+struct DiagramPlace {
+  QRect bars;  ///< all bars of the cams that exist
+  int numCams = CamProgram::MaxCams;
+  double unitsPerDegree = 1;
+  int lampLeft = 0;  ///< left edge of the lamps
+
+  static constexpr int LampSide = 9;
+  static constexpr int Tick = 8;  ///< the longest of the scale
+
+  /// Top of a cam's row; of the cam after the last one: the end of the rows.
+  int Top(int cam) const { return bars.top() + bars.height() * cam / numCams; }
+  /// Where degree 0..359 begins.
+  int X(int degree) const;
+  /// The degree at a place, -1 beside the bars. Degree 359 has no width in the bars: it is met at
+  /// their right edge.
+  int DegreeAt(int x) const;
+  /// The cam whose row is there, from 0; -1 outside the rows.
+  int CamAt(const QPoint& place) const;
+  /// A cam's lamp, beside its number.
+  QRect Lamp(int cam) const;
+  /// The whole row of a cam, from its number to the end of its bar.
+  QRect Row(int cam) const;
+};
+
+/// What is read at one degree, painted over the diagram: a line through all rows with its degree on
+/// both scales, the lamps of the cams that are ON there, and the outline of the row under the
+/// pointer. The line follows the pointer until it is pinned; a second pin measures from the first.
+class HoverLine : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit HoverLine(QWidget* diagram);
+
+  /// New places, and the pixels of the numbers on the scale.
+  void Arrange(const DiagramPlace& place, int scalePixels);
+
+  /// The pointer is at this degree (-1: beside the bars) and this row (-1: beside the rows).
+  void PointAt(int degree, int cam);
+
+  /// Pins a line: the first one, then the second one, which moves with every further pin.
+  void Pin(int degree);
+  /// Moves the line that was pinned last, across 359/0 as well.
+  void Step(int degrees);
+  void Free();
+  bool Pinned() const { return !shown_.pins.empty(); }
+
+  /// The degree that is read, -1 for none.
+  int Degree() const;
+  /// From the first pin forward to the second, in degrees; -1 when there are not two.
+  int Difference() const;
+
+  void Light(int cam, bool on);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  struct Picture {
+    int degree = -1;  // under the pointer
+    int row = -1;
+    std::vector<int> pins;  // at most two
+    std::bitset<CamProgram::MaxCams> lamps;
+  };
+
+  void Show(const Picture& picture);
+  std::vector<int> Lines() const;
+  QString Caption(std::size_t line) const;
+  QRect Pill(std::size_t line, bool upper) const;
+  QRegion Places() const;
+  QRegion Outline() const;
+  void PaintLamps(QPainter& painter, const QRegion& where) const;
+  void PaintLine(QPainter& painter, std::size_t line) const;
+
+  DiagramPlace place_;
+  QFont font_;
+  Picture shown_;
+};
+
+}  // namespace nira
