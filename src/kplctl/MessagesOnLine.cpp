@@ -17,8 +17,9 @@ namespace nira {
 
 namespace {
 
-JobMonitor MonitorOf(LineSession& session) {
-  return [&session](const Job& job) {
+JobMonitor MonitorOf(LineSession& session, bool& begun) {
+  return [&session, &begun](const Job& job) {
+    begun = true;
     return TransferJobs(session.Line(), session.Report()).Run(job);
   };
 }
@@ -59,11 +60,14 @@ int SendMessages(LineSession& session, const QString& file) {
     PrintFault(console.Err, file, *report.fault);
     return Console::Failed;
   }
-  const auto reason = session.Run([&session, path = QFileInfo(file).absoluteFilePath()] {
-    return MessageTransfer(session.Line()).Transmit(path, MonitorOf(session));
+  bool begun = false;
+  const auto reason = session.Run([&] {
+    const QString path = QFileInfo(file).absoluteFilePath();
+    return MessageTransfer(session.Line()).Transmit(path, MonitorOf(session, begun));
   });
   if (reason) {
-    console.Err << Printable(file) << ": NOT sent: " << Printable(*reason) << Qt::endl;
+    console.Err << Printable(file) << ": NOT sent: " << Printable(*reason)
+                << (begun ? "; the programmer may hold a part of it" : "") << Qt::endl;
     return Console::Failed;
   }
   console.Out << Printable(file) << ": sent: " << Counted(report.lines, "message") << Qt::endl;
@@ -74,9 +78,9 @@ int ReceiveMessages(LineSession& session, const QString& file) {
   Console& console = session.Terminal();
   if (!MayReplace(console, {}, file)) return Console::Failed;  // before minutes on the line
   WorkFile work(MessageTransfer::WorkPath(session.Line()));
-  const auto reason = session.Run([&session, &work] {
-    return MessageTransfer(session.Line()).Receive(work, MonitorOf(session));
-  });
+  bool begun = false;
+  const auto reason = session.Run(
+      [&] { return MessageTransfer(session.Line()).Receive(work, MonitorOf(session, begun)); });
   if (reason) {
     console.Err << Printable(file) << ": NOT received: " << Printable(*reason) << Qt::endl;
     return Console::Failed;

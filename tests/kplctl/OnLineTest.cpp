@@ -144,8 +144,10 @@ class OnLineTest : public QObject {
     };
     const auto receive = [&back](LineSession& session) { return ReceiveMessages(session, back); };
     QCOMPARE(send(sample), 0);
+    QVERIFY(WriteBytes(back, "old"));
     QCOMPARE(f.Run(receive), 0);
     QCOMPARE(ReadBytes(back), ReadBytes(sample));
+    QCOMPARE(ReadBytes(back + u".bak"), QByteArray("old"));
     QVERIFY2(f.out.contains(u"255 messages"_qs), qPrintable(f.out));
     QVERIFY(!f.serial.PortOpen());
     QVERIFY(WriteBytes(f.Path(u"bad.msg"_qs), "N. 001 \"A\"\r\nX\r\n"));
@@ -154,8 +156,14 @@ class OnLineTest : public QObject {
     QCOMPARE(f.serial.BytesSent(), sent);
     LineFixture damaged({u"bad-checksum=9"_qs});
     QCOMPARE(damaged.Run(receive), 1);
-    QVERIFY2(damaged.err.contains(u"what came is damaged"_qs), qPrintable(damaged.err));
+    QVERIFY2(damaged.err.contains(u"NOT received: not all of it came"_qs), qPrintable(damaged.err));
     QCOMPARE(ReadBytes(back), ReadBytes(sample));
+    const auto sendAll = [&sample](LineSession& session) { return SendMessages(session, sample); };
+    LineFixture silent({u"no-answer"_qs});
+    QCOMPARE(silent.Run(sendAll), 1);
+    QVERIFY2(silent.err.contains(u"NOT sent: the programmer did not answer"_qs) &&
+                 !silent.err.contains(u"a part"_qs),
+             qPrintable(silent.err));
   }
 
   /// What the programmer holds is another program than what was sent.

@@ -18,6 +18,29 @@ class MessageListingTest : public QObject {
   MessageTable texts_;
   QDateTime date_{QDate(2026, 11, 21), QTime(14, 5)};
 
+  /// What stands on the pages below the heading, without blanks: inside the margins and nothing
+  /// over another.
+  QString Printed(int points, QPageSize::PageSizeId paper) {
+    MessageListing listing(program_, texts_, u"press.MSG"_qs, date_,
+                           QFont(u"DejaVu Sans"_qs, points));
+    const QSizeF size = QPageSize(paper).size(QPageSize::Point) * 10;
+    const int pages = listing.LayOut(size);
+    QString printed;
+    for (int page = 1; page <= pages; ++page) {
+      const PaintRecorder recorder(listing, size, page);
+      const bool inside = QRectF({}, size).adjusted(100, 100, -100, -100).contains(recorder.Ink());
+      if (!inside) return u"outside the margins"_qs;
+      if (!recorder.Overlap().isEmpty()) return recorder.Overlap();
+      QStringList words = recorder.Words();
+      if (!u"MESSAGES: press.MSG"_qs.startsWith(words.takeFirst().section(u'\u2026', 0, 0)))
+        return {};
+      words.removeAll(u"2026-11-21 14:05"_qs);
+      words.removeAll(u"%1 / %2"_qs.arg(page).arg(pages));
+      printed += words.join(QString()).remove(u' ');
+    }
+    return printed;
+  }
+
  private Q_SLOTS:
   void Everything_data() {
     QTest::addColumn<int>("points");
@@ -30,40 +53,37 @@ class MessageListingTest : public QObject {
     QTest::newRow("too small, long text") << 1 << QPageSize::Letter << 900;
   }
 
-  /// Every number and every character of every message in their order, inside the margins and none
-  /// over another. (A message that is longer than a page has its number again on the next.)
+  /// Every number and every character of every message in their order.
   void Everything() {
     QFETCH(int, points);
     QFETCH(QPageSize::PageSizeId, paper);
     QFETCH(int, length);
     program_.SetLimits(22, 32, 255);
+    QString expected;
     for (int number = 1; number <= 255; ++number) {
       QString text = u"%1 PRESSIONE OLIO BASSA "_qs.arg(number);
       while (text.size() < length) text += u"W x"_qs;
       program_.SetMessageText(number, number % 50 == 0 ? QString() : text.left(length));
-    }
-    MessageListing listing(program_, texts_, u"press.MSG"_qs, date_,
-                           QFont(u"DejaVu Sans"_qs, points));
-    const QSizeF size = QPageSize(paper).size(QPageSize::Point) * 10;
-    const int pages = listing.LayOut(size);
-    QString printed;
-    for (int page = 1; page <= pages; ++page) {
-      const PaintRecorder recorder(listing, size, page);
-      QVERIFY2(QRectF({}, size).adjusted(100, 100, -100, -100).contains(recorder.Ink()),
-               "outside the margins");
-      QCOMPARE(recorder.Overlap(), QString());
-      QStringList words = recorder.Words();
-      QVERIFY(u"MESSAGES: press.MSG"_qs.startsWith(words.first().section(u'\u2026', 0, 0)));
-      words.removeFirst();
-      words.removeAll(u"2026-11-21 14:05"_qs);
-      words.removeAll(u"%1 / %2"_qs.arg(page).arg(pages));
-      printed += words.join(QString());
-    }
-    QString expected;
-    for (int number = 1; number <= 255; ++number) {
       expected += ZeroFilled(number, 3) + program_.MessageText(number);
     }
-    QCOMPARE(printed.remove(u' '), expected.remove(u' '));
+    QCOMPARE(Printed(points, paper), expected.remove(u' '));
+  }
+
+  /// It goes on in the next column or page, with its number again.
+  void LongerThanAPage() {
+    program_.SetLimits(22, 32, 2);
+    QString expected;
+    for (const int number : {1, 2}) {
+      QString text;
+      for (QChar letter = u'A'; letter <= u'Z'; letter = QChar(letter.unicode() + 1)) {
+        text += QString(number * 9, letter) + u' ';
+      }
+      program_.SetMessageText(number, text);
+      expected += text;
+    }
+    QString printed = Printed(36, QPageSize::A6);
+    QVERIFY2(printed.count(u"001"_qs) > 1 && printed.count(u"002"_qs) > 2, qPrintable(printed));
+    QCOMPARE(printed.remove(u"001"_qs).remove(u"002"_qs), expected.remove(u' '));
   }
 };
 

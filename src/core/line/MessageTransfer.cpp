@@ -108,7 +108,9 @@ TransferEnd MessageTransfer::RunJob(Job& job, const Preparation& prepare,
   const CommLock lock(comm_);
   if (!lock.Taken()) return TransferEnd::Busy;
   const auto identity = AskBeforeMessages(comm_);
-  if (!identity) return TransferEnd::PortError;
+  if (!identity) {
+    return comm_.Settings.PortErrorFlag == 0 ? TransferEnd::TimedOut : TransferEnd::PortError;
+  }
   job.Item = *identity;
   TransferEnd end = prepare();
   if (end == TransferEnd::Done) end = showMonitor(job);

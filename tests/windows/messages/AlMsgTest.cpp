@@ -97,22 +97,6 @@ class AlMsgTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void FromTheMenu() {
-    WindowFixture f;
-    QVERIFY(f.Start());
-    f.program.SetMessageText(2, u"TWO"_qs);
-    QStringList seen;
-    WhenOpens<AlMsg>([&seen](AlMsg* open) {
-      seen = {open->windowTitle(), open->findChild<QListWidget*>(u"LstAlr"_qs)->item(1)->text()};
-      for (const char* button : {"Tr_M", "Rc_M"}) {
-        QVERIFY(open->findChild<QPushButton*>(QString::fromLatin1(button))->isEnabled());
-      }
-      open->close();
-    });
-    f.Choose("Al_Msg");
-    QCOMPARE(seen, QStringList({u"NIRA-KPL -  MESSAGGI DI ALLARME"_qs, u"002 TWO"_qs}));
-  }
-
   /// No two captions of a place share their mnemonic, in either language.
   void Mnemonics() {
     for (const char* script : {"p32qx_IT.SCR", "p32qx_EN.SCR"}) {
@@ -137,6 +121,7 @@ class AlMsgTest : public QObject {
 
   void Open() {
     MessageWindow f;
+    QCOMPARE(f.messages->windowTitle(), u"NIRA-KPL -  MESSAGGI DI ALLARME"_qs);
     f.settings.MsgSaved = false;
     const QString path = f.OpenSample(u"press_EN.MSG"_qs);
     QCOMPARE(f.dialog.shown,
@@ -235,45 +220,38 @@ class AlMsgTest : public QObject {
     QCOMPARE(f.prompts.boxes.size(), std::size_t(2));
   }
 
-  void Search_data() {
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<QString>("answer");
-    QTest::addColumn<QString>("told");
-    QTest::addColumn<int>("row");
-    const auto row = [](const char* button, const char* answer, const char* told, int selected) {
-      QTest::addRow("%s %s", button, answer)
-          << QString(button) << QString(answer) << QString(told) << selected;
-    };
-    row("t_Searc", "FRENO", "", 52);
-    row("t_Searc", "freno", "None Ok: TESTO NON TROVATO", 6);
-    row("t_Searc", "", "", 6);
-    row("t_Searc", "(cancel)", "", 6);
-    row("S_num", "254", "", 253);
-    row("S_num", " 1 2", "", 11);
-    for (const char* bad : {"255", "0", "-1", "abc", "", "4294967297"}) {
-      row("S_num", bad, qPrintable(u"None Ok: "_qs + QString(bad) + u" = NUMERO NON VALIDO"), 6);
-    }
-    row("S_num", "(cancel)", "", 6);
-  }
-
+  /// By text and by number, from message 7 on; an answer that leads nowhere leaves it selected.
   void Search() {
-    QFETCH(QString, button);
-    QFETCH(QString, answer);
-    QFETCH(QString, told);
     MessageWindow f;
     f.OpenSample(u"press_IT.MSG"_qs);
-    QTest::keyClicks(f.List(), u"7"_qs);
-    f.prompts.ExpectInput(answer == u"(cancel)"_qs ? std::nullopt : std::optional(answer));
-    if (!told.isEmpty()) f.prompts.Expect();
-    f.Do(button);
-    const auto& asked = f.prompts.inputs.at(0);
-    QCOMPARE(asked.title + u'|' + asked.prompt, button == u"S_num"_qs
-                                                    ? u"SEARCH|NUMERO ALLARME 1 - 255"_qs
-                                                    : u"MESSAGGI ALLARME|TESTO DA RICERCARE"_qs);
-    QCOMPARE(f.prompts.Shown().join(u'|'), told);
-    QTEST(f.List()->currentRow(), "row");
-    QVERIFY(
-        f.List()->viewport()->rect().contains(f.List()->visualItemRect(f.List()->currentItem())));
+    const auto search = [&f](const char* button, const std::optional<QString>& answer) {
+      f.List()->setCurrentRow(6);
+      f.prompts.ExpectInput(answer);
+      f.Do(QString::fromLatin1(button));
+      QVERIFY(
+          f.List()->viewport()->rect().contains(f.List()->visualItemRect(f.List()->currentItem())));
+    };
+    for (const auto& [button, answer, row] : {std::tuple("t_Searc", "FRENO", 52),
+                                              {"t_Searc", "", 6},
+                                              {"S_num", "254", 253},
+                                              {"S_num", " 1 2", 11}}) {
+      search(button, QString::fromLatin1(answer));
+      QCOMPARE(f.List()->currentRow(), row);
+    }
+    for (const char* button : {"t_Searc", "S_num"}) search(button, std::nullopt);
+    QCOMPARE(f.prompts.inputs.front().title + f.prompts.inputs.front().prompt,
+             u"MESSAGGI ALLARMETESTO DA RICERCARE"_qs);
+    QCOMPARE(f.prompts.inputs.back().title + f.prompts.inputs.back().prompt,
+             u"SEARCHNUMERO ALLARME 1 - 255"_qs);
+    for (const char* bad : {"255", "0", "-1", "abc", "", "4294967297"}) {
+      f.prompts.Expect();
+      search("S_num", QString::fromLatin1(bad));
+      QCOMPARE(f.prompts.boxes.back().text, QString(bad) + u" = NUMERO NON VALIDO");
+    }
+    f.prompts.Expect();
+    search("t_Searc", u"freno"_qs);
+    QCOMPARE(f.prompts.boxes.back().text, u"TESTO NON TROVATO"_qs);
+    QCOMPARE(f.List()->currentRow(), 6);
   }
 
   void TypedNumbers() {
@@ -372,28 +350,26 @@ class AlMsgTest : public QObject {
     f.Do(u"f_New"_qs);  // nothing is left to lose
   }
 
-  void Exit_data() { NameRows("way", {"tEX", "F_EX", "Escape", "close"}); }
-
   void Exit() {
-    QFETCH(QString, way);
     MessageWindow f;
-    f.settings.MsgSaved = false;
-    for (const Answer answer : {Answer::Cancel, Answer::No, Answer::Yes}) {
-      f.prompts.Expect(answer);
-      if (way == u"Escape"_qs) {
-        QTest::keyClick(f.List(), Qt::Key_Escape);
-      } else if (way == u"close"_qs) {
-        f.messages->close();
-      } else {
-        f.Do(way);
+    const auto leave = [&f](const QString& way) {
+      if (way == u"Escape"_qs) return QTest::keyClick(f.List(), Qt::Key_Escape);
+      way.isEmpty() ? (void)f.messages->close() : f.Do(way);
+    };
+    for (const QString& way : {u"tEX"_qs, u"F_EX"_qs, u"Escape"_qs, QString()}) {
+      f.Reopen();
+      f.settings.MsgSaved = false;
+      for (const Answer answer : {Answer::Cancel, Answer::No, Answer::Yes}) {
+        f.prompts.Expect(answer);
+        leave(way);
+        QCOMPARE(f.messages->isVisible(), answer != Answer::Yes);
       }
-      QCOMPARE(f.messages->isVisible(), answer != Answer::Yes);
     }
     QCOMPARE(f.prompts.Shown().constLast(),
              u"Exclamation YesNoCancel: IL FILE NON E' STATO SALVATO\rVUOI USCIRE ?"_qs);
     f.settings.MsgSaved = true;
     f.Reopen();
-    f.Do(u"tEX"_qs);
+    leave(u"tEX"_qs);
     QVERIFY(!f.messages->isVisible());
   }
 
@@ -418,21 +394,18 @@ class AlMsgTest : public QObject {
 
   void Font() {
     MessageWindow f;
-    QCOMPARE(f.Named<QAction>(u"SEL_FNT"_qs)->text(), u"Ca&rattere... (Arial)"_qs);
     f.Do(u"SEL_FNT"_qs);  // cancelled
     f.dialog.font = QFont(u"Courier & Co"_qs, 14);
     f.Do(u"SEL_FNT"_qs);
-    f.prompts.Expect();
-    f.Do(u"Pr_SEL"_qs);
-    QVERIFY(f.prompts.Shown().constLast().contains(u"NESSUNA STAMPANTE"_qs));
-    f.dialog.printer = true;
-    f.Do(u"Pr_SEL"_qs);
-    QCOMPARE(f.dialog.shown, QStringList({u"font; Arial"_qs, u"font; Arial"_qs, u"printer"_qs}));
+    QCOMPARE(f.dialog.shown, QStringList({u"font; Arial"_qs, u"font; Arial"_qs}));
     f.Reopen();
     QCOMPARE(f.Named<QAction>(u"SEL_FNT"_qs)->text(), u"Ca&rattere... (Courier && Co)"_qs);
     QFont kept;
     QVERIFY(kept.fromString(f.settings.MsgFont));
     QCOMPARE(kept.pointSize(), 14);
+    f.dialog.printer = true;
+    f.Do(u"Pr_SEL"_qs);
+    QCOMPARE(f.dialog.shown.constLast(), u"printer"_qs);
   }
 
   /// Shown page by page, and written as a PDF beside the message file.
