@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "controls/CamBar.h"
+#include "controls/DegreeBox.h"
 #include "dialogs/clsCommonDialog.h"
 #include "editor/MainWindow.h"
 #include "line/Carprg.h"
@@ -12,12 +14,16 @@
 #include <QClipboard>
 #include <QDir>
 #include <QDropEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
 
 #include <array>
 #include <deque>
@@ -55,6 +61,8 @@ class ScriptedDialog : public clsCommonDialog {
 
   /// "open; title; filter; flags; preset" of each dialog so far.
   QStringList shown;
+  /// Runs while a dialog is shown.
+  std::function<void()> during = [] {};
   /// The machine has a printer.
   bool printer = false;
   /// The font that is chosen; none = Cancel.
@@ -70,6 +78,7 @@ class ScriptedDialog : public clsCommonDialog {
     }
     const std::optional<QString> answer = answers_.front();
     answers_.pop_front();
+    during();
     if (answer) FileName = *answer;
     return answer.has_value();
   }

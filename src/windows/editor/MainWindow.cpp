@@ -5,6 +5,13 @@
 #include "controls/ThemedIcon.h"
 #include "dialogs/About.h"
 #include "dialogs/clsCommonDialog.h"
+#include "editor/CamDiagram.h"
+#include "editor/FileCommands.h"
+#include "editor/LineCommands.h"
+#include "editor/PhaseEntry.h"
+#include "editor/SizeCommands.h"
+#include "editor/SizeStepper.h"
+#include "editor/StatusLine.h"
 #include "files/ScriptFile.h"
 #include "functions/BNKRTN.h"
 #include "functions/CalcAnt.h"
@@ -13,17 +20,23 @@
 #include "messages/AlMsg.h"
 #include "printing/PrnSize.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDialog>
 #include <QDropEvent>
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
 
 #include <array>
 
@@ -60,7 +73,8 @@ QString FirstLocalFile(const QMimeData* data) {
 MainWindow::MainWindow(Instance& instance, const PortNames& ports)
     : instance_(instance),
       options_(instance.Folder, instance.Settings, instance.Ask, instance.Writer),
-      menu_(new MainMenu(menuBar())),
+      menu_(
+          new MainMenu(menuBar(), [this](const MainMenu::Handler& handler) { Command(handler); })),
       files_(new FileCommands(instance, this)),
       sizes_(new SizeCommands(instance, this)),
       lines_(new LineCommands(instance, ports, this)),
@@ -68,40 +82,39 @@ MainWindow::MainWindow(Instance& instance, const PortNames& ports)
   setObjectName(QStringLiteral("MainWindow"));
   setAcceptDrops(true);
   setContextMenuPolicy(Qt::NoContextMenu);
+  BuildFileMenu();
+  BuildSizesMenu();
+  BuildOtherMenus();
   BuildToolbar();
   BuildCentre();
-  BuildHandlers();
   ConnectAll();
   ShowPictures();
   FitToScreen();
   qApp->installEventFilter(this);  // the keys that select a cam come before every control
 }
 
-QToolButton* MainWindow::AddButton(QToolBar* bar, const char* name, const char* picture) {
+/// A button that does what the entry of the menu does.
+void MainWindow::AddButton(const char* name, const char* picture, QAction* entry) {
   auto* button = new QToolButton;
   button->setObjectName(QString::fromLatin1(name));
   button->setProperty("picture", QString::fromLatin1(picture));
+  button->setDefaultAction(entry);
   button->setAutoRaise(true);
   button->setFocusPolicy(Qt::NoFocus);
-  bar->addWidget(button);
-  return button;
+  toolbar_->addWidget(button);
 }
 
 void MainWindow::BuildToolbar() {
   toolbar_ = addToolBar(QStringLiteral("toolbar"));
   toolbar_->setObjectName(QStringLiteral("Toolbar"));
   toolbar_->setMovable(false);
-  const auto command = [this](QToolButton* button, const char* item) {
-    connect(button, &QToolButton::clicked, this,
-            [this, item] { Command(QString::fromLatin1(item)); });
-  };
-  command(AddButton(toolbar_, "New_Fil", "new"), "f_newp");
-  command(AddButton(toolbar_, "OP_FIL", "open"), "f_open");
-  command(AddButton(toolbar_, "Sv_Fil", "save"), "f_S");
+  AddButton("New_Fil", "new", f_newp_);
+  AddButton("OP_FIL", "open", f_open_);
+  AddButton("Sv_Fil", "save", f_S_);
   toolbar_->addSeparator();
-  command(AddButton(toolbar_, "Sel_Form", "size"), "s_sel");
-  command(AddButton(toolbar_, "Azz_Form", "erase"), "s_Clr");
-  command(AddButton(toolbar_, "GoPrCam", "cam"), "o_MODC");
+  AddButton("Sel_Form", "size", s_sel_);
+  AddButton("Azz_Form", "erase", s_Clr_);
+  AddButton("GoPrCam", "cam", o_MODC_);
   toolbar_->addSeparator();
 
   picture1_ = new SizeStepper(this);
@@ -128,7 +141,6 @@ void MainWindow::BuildCentre() {
 }
 
 void MainWindow::ConnectAll() {
-  connect(menu_, &MainMenu::Chosen, this, &MainWindow::Command);
   connect(menu_, &MainMenu::RecentChosen, this, &MainWindow::OpenRecent);
   connect(picture1_, &SizeStepper::Previous, this, [this] { Picture1_Step(-1); });
   connect(picture1_, &SizeStepper::Next, this, [this] { Picture1_Step(1); });
@@ -145,7 +157,7 @@ void MainWindow::ConnectAll() {
   connect(diagram_, &CamDiagram::LineRead, status_, &StatusLine::ShowLine);
   connect(diagram_, &CamDiagram::Freed, entry_->Fase(), [this] { entry_->Fase()->setFocus(); });
   connect(entry_, &PhaseEntry::Committed, this, [this] {
-    menu_->Item(QStringLiteral("o_Undo"))->setEnabled(true);
+    o_Undo_->setEnabled(true);
     ShowSizeCam();
   });
   connect(entry_, &PhaseEntry::SelectionMoved, this, &MainWindow::ShowSizeCam);
@@ -161,59 +173,74 @@ void MainWindow::ConnectAll() {
   connect(lines_, &LineCommands::Note, statusBar(), note);
 }
 
-/// Where each menu entry and toolbar button is answered.
-void MainWindow::BuildHandlers() {
-  handlers_ = {
-      {QStringLiteral("f_newp"), [this] { files_->f_newp_Click(); }},
-      {QStringLiteral("f_New"), [this] { files_->f_newp_Click(); }},
-      {QStringLiteral("f_open"), [this] { files_->f_Open(); }},
-      {QStringLiteral("f_S"), [this] { files_->f_S(); }},
-      {QStringLiteral("f_save"), [this] { files_->f_Save(); }},
-      {QStringLiteral("f_SelPr"), [this] { SelectPrinter(instance_, this); }},
-      {QStringLiteral("Pr_size"), [this] { PrnSize(instance_, this).exec(); }},
-      {QStringLiteral("F_quit"), [this] { close(); }},
-      {QStringLiteral("s_sel"), [this] { sizes_->s_sel_Click(); }},
-      {QStringLiteral("O_Copy"), [this] { sizes_->O_Copy_Click(); }},
-      {QStringLiteral("s_Clr"), [this] { sizes_->s_Clr_Click(); }},
-      {QStringLiteral("S_Imp"), [this] { sizes_->S_Imp_Click(); }},
-      {QStringLiteral("O_CopyC"), [this] { sizes_->O_CopyC_Click(); }},
-      {QStringLiteral("o_Shc"), [this] { sizes_->o_Shc_Click(); }},
-      {QStringLiteral("O_ClC"), [this] { sizes_->O_ClC_Click(); }},
-      {QStringLiteral("o_MODC"), [this] { o_MODC_Click(); }},
-      {QStringLiteral("o_Undo"), [this] { o_Undo_Click(); }},
-      {QStringLiteral("Fu_Set"),
-       [this] { Select(FuncSel(instance_, handlers_.value(QStringLiteral("o_Ant")), this)); }},
-      {QStringLiteral("Al_Msg"), [this] { Al_Msg_Click(); }},
-      {QStringLiteral("Tr_Siz"), [this] { lines_->Tr_Siz_Click(); }},
-      {QStringLiteral("Rc_Siz"), [this] { lines_->Rc_Siz_Click(); }},
-      {QStringLiteral("Msg_Trans"), [this] { lines_->Msg_Trans_Click(); }},
-      {QStringLiteral("Msg_Rec"), [this] { lines_->Msg_Rec_Click(); }},
-      {QStringLiteral("Upd_Flash"), [this] { lines_->Upd_Flash_Click(); }},
-      {QStringLiteral("setcom"), [this] { lines_->setcom_Click(); }},
-      {QStringLiteral("o_Setlng"), [this] { SelectLanguage(); }},
-      {QStringLiteral("O_Rot"),
-       [this] { Select(BNKRTN(instance_.Program, instance_.Texts, instance_.Time, this)); }},
-      {QStringLiteral("o_Ant"),
-       [this] {
-         // Also opened by a button of the functions window.
-         QWidget* window = QApplication::activeModalWidget();
-         CalcAnt(instance_.Program, instance_.Texts, window != nullptr ? window : this).exec();
-       }},
-      {QStringLiteral("info"), [this] { About(instance_.Texts, instance_.Ask, this).exec(); }},
-  };
+// The menus: what each entry is called, its caption, and what it does. A button of the toolbar
+// shares the action of its entry.
+
+void MainWindow::BuildFileMenu() {
+  menu_->Begin("&File");
+  f_newp_ = menu_->Add("f_newp", "&New", QKeySequence::New, [this] { files_->f_newp_Click(); });
+  f_open_ = menu_->Add("f_open", "&Open", QKeySequence::Open, [this] { files_->f_Open(); });
+  f_S_ = menu_->Add("f_S", "&Save", QKeySequence::Save, [this] { files_->f_S(); });
+  menu_->Add("f_save", "Save &As ..", [this] { files_->f_Save(); });
+  menu_->AddSeparator();
+  menu_->Add("f_New", "S&el Programmer", [this] { files_->f_newp_Click(); });
+  menu_->AddSeparator();
+  menu_->Add("f_SelPr", "Se&lect Printer", [this] { SelectPrinter(instance_, this); });
+  menu_->Add("Pr_size", "&Print", QKeySequence::Print, [this] { PrnSize(instance_, this).exec(); });
+  menu_->AddSeparator();
+  menu_->Add("F_quit", "&Exit", QKeySequence::Quit, [this] { close(); });
 }
 
-void MainWindow::Command(const QString& item) {
+void MainWindow::BuildSizesMenu() {
+  menu_->Begin("&Sizes");
+  s_sel_ = menu_->Add("s_sel", "Se&lect Size", [this] { sizes_->s_sel_Click(); });
+  menu_->Add("O_Copy", "Copy &Size", [this] { sizes_->O_Copy_Click(); });
+  s_Clr_ = menu_->Add("s_Clr", "&Erase Size", [this] { sizes_->s_Clr_Click(); });
+  menu_->Add("S_Imp", "&Import Size", [this] { sizes_->S_Imp_Click(); });
+  menu_->AddSeparator();
+  menu_->Add("O_CopyC", "Cop&y Cam", [this] { sizes_->O_CopyC_Click(); });
+  menu_->Add("o_Shc", "S&hift Cam", [this] { sizes_->o_Shc_Click(); });
+  menu_->Add("O_ClC", "E&rase Cam", [this] { sizes_->O_ClC_Click(); });
+  o_MODC_ = menu_->Add("o_MODC", "&Modify Cam", [this] { o_MODC_Click(); });
+  o_Undo_ = menu_->Add("o_Undo", "&Undo", [this] { o_Undo_Click(); });
+  o_Undo_->setEnabled(false);  // until there is something to undo
+  menu_->AddSeparator();
+  menu_->Add("Fu_Set", "Fu&nctions", [this] { Fu_Set_Click(); });
+  menu_->Add("Al_Msg", "&Messages", [this] { Al_Msg_Click(); });
+}
+
+void MainWindow::BuildOtherMenus() {
+  menu_->Begin("&Communic");
+  menu_->Add("Tr_Siz", "Size &Transmit", [this] { lines_->Tr_Siz_Click(); });
+  menu_->Add("Rc_Siz", "Size &Receive", [this] { lines_->Rc_Siz_Click(); });
+  menu_->Add("Msg_Trans", "&Alarm Msg Transmit", [this] { lines_->Msg_Trans_Click(); });
+  menu_->Add("Msg_Rec", "Alarm &Msg Receive", [this] { lines_->Msg_Rec_Click(); });
+  menu_->Add("Upd_Flash", "&Update FLASH", [this] { lines_->Upd_Flash_Click(); });
+  menu_->Begin("&Options");
+  menu_->Add("setcom", "&Set CommPort", [this] { lines_->setcom_Click(); });
+  menu_->Add("o_Setlng", "Set &Language", [this] { SelectLanguage(); });
+  menu_->Begin("&Demo")->menuAction()->setObjectName(QStringLiteral("Demo"));
+  menu_->Add("O_Rot", "&Rotate Demo", [this] { O_Rot_Click(); });
+  menu_->Add("o_Ant", "&Advance Demo", [this] { o_Ant_Click(); });
+  menu_->AddToBar("info", "&Info", [this] { About(instance_.Texts, instance_.Ask, this).exec(); });
+}
+
+/// Everything that is chosen runs through here. A command ends an entry that stands in the OFF box,
+/// and the note of the command before. The title follows what it changed; but where a dialog's
+/// closing makes the window active again is left to the desktop, and is no activation of its own.
+void MainWindow::Command(const MainMenu::Handler& handler) {
   if (instance_.Busy) return;
   entry_->LeaveForCommand();
-  if (const auto handler = handlers_.constFind(item); handler != handlers_.constEnd()) (*handler)();
+  statusBar()->clearMessage();
+  const bool active = isActiveWindow();
+  handler();
+  if (titled_ != TitleSource()) ShowTitle(ActiveTitle());
+  returning_ = active && !isActiveWindow();
 }
 
 /// A recent file, or one that was dropped.
 void MainWindow::OpenRecent(const QString& path) {
-  if (instance_.Busy) return;
-  entry_->LeaveForCommand();
-  files_->F_Mnu_oldF_Click(path);
+  Command([this, path] { files_->F_Mnu_oldF_Click(path); });
 }
 
 bool MainWindow::Form_Load(const QString& startFile) {
@@ -244,7 +271,7 @@ bool MainWindow::LoadTexts() {
   for (const Tip& tip : tips) {
     auto* button = toolbar_->findChild<QToolButton*>(QString::fromLatin1(tip.button));
     const QString& text = instance_.Text(tip.text);
-    button->setToolTip(PlainTip(text));
+    button->defaultAction()->setToolTip(PlainTip(text));
     button->setAccessibleName(text);
   }
   picture1_->setAccessibleName(instance_.Text(TextNumber::SizeWord));
@@ -253,7 +280,7 @@ bool MainWindow::LoadTexts() {
 
 void MainWindow::ProgramReplaced() {
   instance_.Program.TakeAsSaved();
-  menu_->Item(QStringLiteral("o_Undo"))->setEnabled(false);
+  o_Undo_->setEnabled(false);
   ShowSizeCam();
   entry_->StartAnew();
   status_->ShowFile();
@@ -261,7 +288,7 @@ void MainWindow::ProgramReplaced() {
 
 /// A received program is drawn anew as a loaded one is, but is not in any file.
 void MainWindow::ExchangeEnded(bool received) {
-  if (received) menu_->Item(QStringLiteral("o_Undo"))->setEnabled(false);
+  if (received) o_Undo_->setEnabled(false);
   ShowSizeCam();
   if (received) entry_->StartAnew();
   status_->PortAtRest();
@@ -306,13 +333,28 @@ void MainWindow::Al_Msg_Click() {
   AlMsg(instance_, link, this).exec();
 }
 
+void MainWindow::Fu_Set_Click() {
+  Select(FuncSel(
+      instance_, [this] { o_Ant_Click(); }, this));
+}
+
+void MainWindow::O_Rot_Click() {
+  Select(BNKRTN(instance_.Program, instance_.Texts, instance_.Time, this));
+}
+
+/// Also opened by a button of the functions window.
+void MainWindow::o_Ant_Click() {
+  QWidget* window = QApplication::activeModalWidget();
+  CalcAnt(instance_.Program, instance_.Texts, window != nullptr ? window : this).exec();
+}
+
 void MainWindow::o_MODC_Click() {
   LabCam_DblClick(instance_.Program.CurrentCam());
 }
 
 void MainWindow::o_Undo_Click() {
   instance_.Program.RestoreUndoRow();
-  menu_->Item(QStringLiteral("o_Undo"))->setEnabled(false);
+  o_Undo_->setEnabled(false);
   ShowSizeCam();
 }
 
@@ -415,22 +457,30 @@ void MainWindow::Form_Activate() {
     Rescale(factor_ > 0 ? factor_ : 1);
   }
   diagram_->SetScale();
+  ShowTitle(ActiveTitle());
+  diagram_->ShowRows(instance_.Program.NumCams());
+}
+
+QString MainWindow::ActiveTitle() const {
   const CamProgram& program = instance_.Program;
-  ShowTitle(QStringLiteral("NIRA-KPL ") + instance_.Text(TextNumber::ProgramName) +
-            QStringLiteral(" QX") + QString::number(program.NumCams()) + u'-' +
-            ZeroFilled(program.NumSizes(), 2) + QStringLiteral("F  ") +
-            QString::number(program.NumMessages()) + QStringLiteral("-Msg  ") + FileTitle());
-  diagram_->ShowRows(program.NumCams());
+  return QStringLiteral("NIRA-KPL ") + instance_.Text(TextNumber::ProgramName) +
+         QStringLiteral(" QX") + QString::number(program.NumCams()) + u'-' +
+         ZeroFilled(program.NumSizes(), 2) + QStringLiteral("F  ") +
+         QString::number(program.NumMessages()) + QStringLiteral("-Msg  ") +
+         QFileInfo(instance_.Settings.CurrentFile).fileName();
 }
 
 void MainWindow::ShowTitle(const QString& title) {
   QString shown = title;
   shown.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));  // no placeholder of Qt's
   setWindowTitle(shown);
+  titled_ = TitleSource();
 }
 
-QString MainWindow::FileTitle() const {
-  return QFileInfo(instance_.Settings.CurrentFile).fileName();
+MainWindow::TitleParts MainWindow::TitleSource() const {
+  const CamProgram& program = instance_.Program;
+  return {instance_.Settings.CurrentFile, program.NumCams(), program.NumSizes(),
+          program.NumMessages()};
 }
 
 /// Fonts and fixed sizes for a scale factor. The design sizes are halves of what a window of twice
@@ -467,14 +517,14 @@ void MainWindow::ShowPictures() {
   setWindowIcon(ThemedIcon(QStringLiteral("nira-kpl"), palette()));
   for (QToolButton* button : toolbar_->findChildren<QToolButton*>()) {
     const QString picture = button->property("picture").toString();
-    if (!picture.isEmpty()) button->setIcon(ThemedIcon(picture, palette()));
+    if (!picture.isEmpty()) button->defaultAction()->setIcon(ThemedIcon(picture, palette()));
   }
 }
 
 void MainWindow::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
-    Form_Activate();
+    if (!std::exchange(returning_, false)) Form_Activate();
     status_->LookAtPort();
   }
   if (event->type() == QEvent::PaletteChange) ShowPictures();

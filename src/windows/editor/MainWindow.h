@@ -2,26 +2,26 @@
 #pragma once
 
 #include "controls/Instance.h"
-#include "editor/CamDiagram.h"
-#include "editor/FileCommands.h"
-#include "editor/LineCommands.h"
 #include "editor/MainMenu.h"
-#include "editor/PhaseEntry.h"
-#include "editor/SizeCommands.h"
-#include "editor/SizeStepper.h"
-#include "editor/StatusLine.h"
 #include "files/OptionsFile.h"
 #include "line/PortNames.h"
 
-#include <QDialog>
-#include <QHash>
 #include <QMainWindow>
-#include <QToolBar>
-#include <QToolButton>
 
-#include <functional>
+#include <tuple>
+
+class QDialog;
+class QLabel;
 
 namespace nira {
+
+class CamDiagram;
+class FileCommands;
+class LineCommands;
+class PhaseEntry;
+class SizeCommands;
+class SizeStepper;
+class StatusLine;
 
 /// The program's window: menus, toolbar, diagram and phase entry of the selected size and cam.
 class MainWindow : public QMainWindow {
@@ -55,13 +55,15 @@ class MainWindow : public QMainWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void BuildFileMenu();
+  void BuildSizesMenu();
+  void BuildOtherMenus();
+  void AddButton(const char* name, const char* picture, QAction* entry);
   void BuildToolbar();
   void BuildCentre();
-  void BuildHandlers();
   void ConnectAll();
-  QToolButton* AddButton(QToolBar* bar, const char* name, const char* picture);
   void ShowPictures();
-  void Command(const QString& item);
+  void Command(const MainMenu::Handler& handler);
   void FitToScreen();
   void Rescale(double factor);
 
@@ -70,7 +72,10 @@ class MainWindow : public QMainWindow {
   void Form_Unload();
   bool KeyDown(int key);
   void Picture1_Step(int step);
+  void Fu_Set_Click();
   void Al_Msg_Click();
+  void O_Rot_Click();
+  void o_Ant_Click();
   void o_MODC_Click();
   void o_Undo_Click();
   void Select(QDialog&& window);
@@ -79,8 +84,10 @@ class MainWindow : public QMainWindow {
   void OpenRecent(const QString& path);
   bool LoadTexts();
   void ReportWrite(const QString& name, const QString& reason);
+  using TitleParts = std::tuple<QString, int, int, int>;  // what a title is made of
   void ShowTitle(const QString& title);
-  QString FileTitle() const;
+  QString ActiveTitle() const;
+  TitleParts TitleSource() const;
 
   Instance& instance_;
   OptionsFile options_;
@@ -94,8 +101,17 @@ class MainWindow : public QMainWindow {
   QLabel* sizeCam_;
   StatusLine* status_;
   QToolBar* toolbar_;
-  QHash<QString, std::function<void()>> handlers_;  // by the name of the menu item
-  double factor_ = 0;  // scale of the controls; 0 until it is computed, once a run
+  // The entries of the menus that something else shares or switches.
+  QAction* f_newp_;
+  QAction* f_open_;
+  QAction* f_S_;
+  QAction* s_sel_;
+  QAction* s_Clr_;
+  QAction* o_MODC_;
+  QAction* o_Undo_;
+  TitleParts titled_;       // what the title was made of
+  bool returning_ = false;  // the next activation is that of a dialog that a command closed
+  double factor_ = 0;       // scale of the controls; 0 until it is computed, once a run
 };
 
 }  // namespace nira

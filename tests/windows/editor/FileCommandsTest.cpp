@@ -338,6 +338,34 @@ class FileCommandsTest : public QObject {
     }
   }
 
+  /// The closing of a dialog activates the window before the command goes on or after it has ended.
+  void Titles() {
+    WindowFixture f;
+    f.Recent({f.Path(u"gone.CAM"_qs)});
+    QVERIFY(Begin(f));
+    const QString title = u"NIRA-KPL PROGRAMMATORE DI CAMME QX32-22F  255-Msg  "_qs;
+    f.dialog.during = [&f] {
+      WindowFixture::OtherWindow();
+      f.Activate();
+    };
+    f.dialog.Expect(f.Path(u"new"_qs));
+    f.Choose("f_save");
+    QCOMPARE(f.window->windowTitle(), title + u"new.CAM"_qs);
+    std::unique_ptr<QWidget> other;
+    f.dialog.during = [&other] { other = WindowFixture::OtherWindow(); };
+    const QString press = f.Sample(u"press.CAM"_qs);
+    f.dialog.Expect(press);
+    f.Click(u"OP_FIL"_qs);
+    other.reset();
+    f.Activate();
+    QCOMPARE(f.window->windowTitle(), u"PROGRAMMATORE DI CAMME C 32 - 22  [%1]"_qs.arg(press));
+    WindowFixture::OtherWindow();
+    f.Activate();
+    QCOMPARE(f.window->windowTitle(), title + u"press.CAM"_qs);
+    f.Choose("F_Mnu_oldF_2");  // is gone
+    QCOMPARE(f.window->windowTitle(), title);
+  }
+
   /// An operator's first real job, with keys and mouse.
   void FirstJob() {
     WindowFixture f;
