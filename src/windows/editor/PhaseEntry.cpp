@@ -8,6 +8,9 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -56,6 +59,7 @@ PhaseEntry::PhaseEntry(Instance& instance, QWidget* parent) : QWidget(parent), i
   // on the line that is selected already loads it once more.
   connect(fase_, &QListWidget::itemSelectionChanged, this, &PhaseEntry::Fase_Click);
   fase_->installEventFilter(this);
+  fase_->viewport()->installEventFilter(this);
   connect(fase_, &QListWidget::itemClicked, this, &PhaseEntry::Fase_Click);
   connect(fase_, &QListWidget::itemDoubleClicked, this, &PhaseEntry::Fase_DblClick);
   connect(gradiOn_, &DegreeBox::FocusGained, this, [this] { Gained(Box::On); });
@@ -200,6 +204,7 @@ void PhaseEntry::Open() {
 
 /// The first arrow key in the refilled list selects its first line instead of stepping over it.
 bool PhaseEntry::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == fase_->viewport()) return TakeMouse(event);
   if (watched == fase_ && event->type() == QEvent::KeyPress && fase_->selectedItems().isEmpty()) {
     const int key = static_cast<QKeyEvent*>(event)->key();
     if ((key == Qt::Key_Down || key == Qt::Key_Up) && fase_->count() > 0) {
@@ -208,6 +213,53 @@ bool PhaseEntry::eventFilter(QObject* watched, QEvent* event) {
     }
   }
   return QWidget::eventFilter(watched, event);
+}
+
+/// A press that the list does not see goes with all that follows it.
+bool PhaseEntry::TakeMouse(QEvent* event) {
+  switch (event->type()) {
+    case QEvent::MouseButtonPress:
+      redirected_ = TakePress(static_cast<QMouseEvent*>(event)->pos());
+      return redirected_;
+    case QEvent::MouseButtonDblClick:
+      if (redirected_) Fase_DblClick();
+      return redirected_;
+    case QEvent::MouseMove:
+      return redirected_;
+    default:
+      return false;
+  }
+}
+
+/// Leaving the OFF box for the list has rebuilt it between press and click: the phase that was
+/// under the pointer is the one that is meant, wherever it stands now, and none when it is gone.
+/// False where the list itself comes to the same.
+bool PhaseEntry::TakePress(const QPoint& place) {
+  const Pressed before = std::exchange(pressed_, {});
+  if (before.lines.isEmpty() || place.y() < before.top) return false;
+  const QString meant = before.lines.value((place.y() - before.top) / before.height);
+  if (meant.isEmpty()) return false;
+  const auto same = [&meant](const QString& line) {
+    return OnField(line) == OnField(meant) && OffField(line) == OffField(meant);
+  };
+  const QListWidgetItem* under = fase_->itemAt(place);
+  if (under != nullptr && same(under->text())) return false;
+  for (int row = 0; row < fase_->count(); ++row) {
+    if (same(fase_->item(row)->text())) fase_->setCurrentRow(row);
+  }
+  return true;
+}
+
+/// The press that takes the focus to the list comes right after this.
+void PhaseEntry::KeepPressed() {
+  pressed_ = {};
+  for (int row = 0; row < fase_->count(); ++row) pressed_.lines.append(fase_->item(row)->text());
+  if (pressed_.lines.isEmpty()) return;
+  const QRect first = fase_->visualItemRect(fase_->item(0));
+  pressed_.top = first.top();
+  pressed_.height = std::max(1, first.height());
+  QMetaObject::invokeMethod(
+      this, [this] { pressed_ = {}; }, Qt::QueuedConnection);
 }
 
 void PhaseEntry::Fase_Click() {
@@ -252,6 +304,7 @@ void PhaseEntry::Lost(Qt::FocusReason reason) {
     case Qt::ActiveWindowFocusReason:
       return;  // the operator is still at this entry
     default:
+      if (reason == Qt::MouseFocusReason && fase_->hasFocus()) KeepPressed();
       Leave();
   }
 }

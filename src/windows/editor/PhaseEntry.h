@@ -5,11 +5,13 @@
 #include "controls/Instance.h"
 #include "model/PhaseList.h"
 
-#include <QLabel>
-#include <QListWidget>
+#include <QStringList>
 #include <QWidget>
 
 #include <utility>
+
+class QLabel;
+class QListWidget;
 
 namespace nira {
 
@@ -38,8 +40,6 @@ class PhaseEntry : public QWidget {
   /// Sizes for a scale factor of the window: fonts and the fixed width.
   void Rescale(int dataPixels, int entryPixels, int width);
 
-  QListWidget* Fase() const { return fase_; }
-
   void Fase_Click();
   void Fase_DblClick();
 
@@ -54,6 +54,13 @@ class PhaseEntry : public QWidget {
 
  private:
   enum class Box { None, On, Off };
+
+  /// The list as it stood under the pointer when a press took the focus from the OFF box.
+  struct Pressed {
+    QStringList lines;
+    int top = 0;     ///< of the first line in the viewport, pixels
+    int height = 1;  ///< of a line, pixels
+  };
 
   void BuildControls();
   void BuildLayout();
@@ -73,6 +80,9 @@ class PhaseEntry : public QWidget {
   void GRADION_LostFocus();
   void GRADIOFF_LostFocus();
   void StepCam(char16_t code);
+  bool TakeMouse(QEvent* event);
+  bool TakePress(const QPoint& place);
+  void KeepPressed();
 
   Instance& instance_;
   QLabel* lfOnOf_;
@@ -89,7 +99,9 @@ class PhaseEntry : public QWidget {
 
   Box entered_ = Box::None;    // the box that has the focus, menus and other programs aside
   std::pair<int, int> shown_;  // size and cam of the list
-  bool edited_ = false;        // the operator changed a box since the program loaded them
+  Pressed pressed_;
+  bool redirected_ = false;  // the last press on the list went to another line
+  bool edited_ = false;      // the operator changed a box since the program loaded them
 };
 
 }  // namespace nira
