@@ -157,6 +157,7 @@ enum class TextNumber : int {
   StatusNoFile = 335,
   QuitAnswers = 336,
   FileHoldsProgram = 337,
+  FolderNotFound = 338,
   WorkFileInUse = 355,
   FlashTooLarge = 375,
   AskForPermission = 376,

@@ -3,12 +3,14 @@
 
 #include "controls/BusyPointer.h"
 #include "ground/ProgramTitle.h"
+#include "ground/Text.h"
 
 #include <QApplication>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QTimer>
 
 namespace nira {
 
@@ -74,6 +76,17 @@ Answer AnswerOf(int button) {
   }
 }
 
+/// An answer that was refused and comes back is shown with the offending character selected.
+void MarkRefused(QLineEdit* text) {
+  const auto refused = FirstUntypable(text->text());
+  if (!refused) return;
+  const auto select = [text, at = static_cast<int>(refused->At),
+                       length = static_cast<int>(refused->Length)] {
+    text->setSelection(at, length);
+  };
+  QTimer::singleShot(0, text, select);  // a dialog that opens selects the whole text
+}
+
 QString TitleOr(const QString& title) {
   return title.isEmpty() ? QString::fromLatin1(ProgramTitle) : title;
 }
@@ -99,6 +112,7 @@ std::optional<QString> QtPrompts::InputBox(const QString& prompt, const QString&
   box.setTextValue(preset);
   if (auto* text = box.findChild<QLineEdit*>()) {  // room for an answer, and for the title above
     text->setMinimumWidth(box.fontMetrics().averageCharWidth() * longestAnswer);
+    MarkRefused(text);
   }
   if (box.exec() != QDialog::Accepted) return std::nullopt;
   return box.textValue();

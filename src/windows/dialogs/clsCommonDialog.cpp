@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "dialogs/clsCommonDialog.h"
 
-#include <QColorDialog>
-#include <QDesktopServices>
+#include "dialogs/QtPrompts.h"
+
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontDialog>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QUrl>
 
 namespace nira {
 
@@ -29,6 +29,26 @@ std::unique_ptr<QPrinter> CopyOf(const QPrinter& printer) {
   copy->setDuplex(printer.duplex());
   return copy;
 }
+
+/// A file dialog that stays open while the folder of the typed name does not exist, where it must.
+/// One of the platform's own looks after its folders itself.
+class FileDialog : public QFileDialog {
+ public:
+  FileDialog(QWidget* parent, const QString& title, bool folderMustExist, const QString& notFound)
+      : QFileDialog(parent, title), folderMustExist_(folderMustExist), notFound_(notFound) {}
+
+ protected:
+  void accept() override {
+    const bool platform = layout() == nullptr;
+    const QDir folder = QFileInfo(selectedFiles().value(0)).dir();
+    if (!folderMustExist_ || platform || folder.exists()) return QFileDialog::accept();
+    QtPrompts().MsgBox(notFound_ + folder.path(), Buttons::Ok, Icon::Exclamation, {});
+  }
+
+ private:
+  bool folderMustExist_;
+  QString notFound_;
+};
 
 }  // namespace
 
@@ -75,7 +95,7 @@ bool clsCommonDialog::ShowSave(QWidget* parent) {
 }
 
 bool clsCommonDialog::ShowFile(QWidget* parent, bool save) {
-  QFileDialog dialog(parent, DialogTitle);
+  FileDialog dialog(parent, DialogTitle, (Flags & PathMustExist) != 0, FolderNotFound);
   dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   const bool mustExist = (Flags & FileMustExist) != 0;
   dialog.setFileMode(mustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
@@ -91,13 +111,6 @@ bool clsCommonDialog::ShowFile(QWidget* parent, bool save) {
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return false;
   FileName = dialog.selectedFiles().constFirst();
   InitDir = QFileInfo(FileName).absolutePath();
-  return true;
-}
-
-bool clsCommonDialog::ShowColor(QWidget* parent) {
-  const QColor chosen = QColorDialog::getColor(Color, parent, DialogTitle);
-  if (!chosen.isValid()) return false;
-  Color = chosen;
   return true;
 }
 
@@ -119,10 +132,6 @@ bool clsCommonDialog::ShowPrinter(QWidget* parent) {
   if (dialog.exec() != QDialog::Accepted) return false;
   printer_ = std::move(chosen);
   return true;
-}
-
-bool clsCommonDialog::ShowHelp(QWidget*) {
-  return QFileInfo::exists(HelpFile) && QDesktopServices::openUrl(QUrl::fromLocalFile(HelpFile));
 }
 
 }  // namespace nira

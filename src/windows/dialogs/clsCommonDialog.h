@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QColor>
 #include <QFont>
 #include <QString>
 #include <QWidget>
@@ -30,21 +29,18 @@ class clsCommonDialog {
 
   virtual bool ShowOpen(QWidget* parent);
   virtual bool ShowSave(QWidget* parent);
-  virtual bool ShowColor(QWidget* parent);
   virtual bool ShowFont(QWidget* parent);
   /// Chooses the printer of this run and its paper; what is printed is not chosen here.
   virtual bool ShowPrinter(QWidget* parent);
-  /// Opens `HelpFile` with the platform's own reader.
-  virtual bool ShowHelp(QWidget* parent);
 
   QString DialogTitle;
   QString Filter;  ///< "label|pattern|label|pattern"
   int Flags = 0;
   QString FileName;  ///< path
   QString InitDir;   ///< where the file dialogs start while `FileName` is empty
-  QColor Color = Qt::black;
+  /// With `PathMustExist`: what is said before the name of a folder that does not exist.
+  QString FolderNotFound;
   QFont Font;
-  QString HelpFile;
 
   /// `FileName` without folders.
   QString FileTitle() const;

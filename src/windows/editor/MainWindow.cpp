@@ -275,6 +275,7 @@ bool MainWindow::LoadTexts() {
     button->setAccessibleName(text);
   }
   picture1_->setAccessibleName(instance_.Text(TextNumber::SizeWord));
+  instance_.Dialog.FolderNotFound = instance_.Text(TextNumber::FolderNotFound);
   return true;
 }
 

@@ -164,22 +164,33 @@ void SizeCommands::O_ClC_Click() {
   Q_EMIT Shown();
 }
 
+/// Asks until the answer can be a description: what was refused comes back to be mended.
+QString SizeCommands::AskDescription(const QString& prompt, const QString& before) {
+  const auto ask = [&](const QString& preset) {
+    return instance_.Ask.InputBox(prompt, preset).value_or(QString());
+  };
+  QString text = ask(before);
+  while (true) {
+    if (text.size() > LongestDescription) {
+      Tell(TextNumber::DescriptionTooLong, Icon::Information);
+      text = ask(text.left(LongestDescription));
+    } else if (const QString character = UntypableCharacter(text); !character.isEmpty()) {
+      instance_.Ask.MsgBox(instance_.Text(TextNumber::CharacterNotAllowed) + character, Buttons::Ok,
+                           Icon::Exclamation);
+      text = ask(text);
+    } else {
+      return text;
+    }
+  }
+}
+
 void SizeCommands::LDefC_DblClick() {
   CamProgram& program = instance_.Program;
   const int cam = program.CurrentCam();
   const QString before = program.CamText(cam);
-  const QString prompt = instance_.Text(TextNumber::DescriptionOfCam) + QStringLiteral(" N.") +
-                         QString::number(cam + 1);
-  QString text = instance_.Ask.InputBox(prompt, before).value_or(QString());
-  while (text.size() > LongestDescription) {
-    Tell(TextNumber::DescriptionTooLong, Icon::Information);
-    text = instance_.Ask.InputBox(prompt, text.left(LongestDescription)).value_or(QString());
-  }
-  if (const QString character = UntypableCharacter(text); !character.isEmpty()) {
-    instance_.Ask.MsgBox(instance_.Text(TextNumber::CharacterNotAllowed) + character, Buttons::Ok,
-                         Icon::Exclamation);
-    return;
-  }
+  const QString text = AskDescription(instance_.Text(TextNumber::DescriptionOfCam) +
+                                          QStringLiteral(" N.") + QString::number(cam + 1),
+                                      before);
   if (text.isEmpty() && !before.isEmpty() &&
       instance_.Ask.MsgBox(instance_.Text(TextNumber::EraseDescription), Buttons::OkCancel,
                            Icon::Question) != Answer::Ok) {

@@ -40,6 +40,7 @@ class SizeCommands : public QObject {
 
  private:
   std::int64_t AskNumber(const QString& prompt);
+  QString AskDescription(const QString& prompt, const QString& before);
   QString SizePrompt(TextNumber number) const;
   void Tell(TextNumber number, Icon icon);
   void Import(const QString& path);

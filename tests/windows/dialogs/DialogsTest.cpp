@@ -93,17 +93,29 @@ class DialogsTest : public QObject {
     });
     QVERIFY(!dialog.ShowSave(nullptr));
     QCOMPARE(dialog.FileName, path);  // the preset comes back
-    WhenOpens<QFileDialog>([](QFileDialog* box) {
+    dialog.Flags = clsCommonDialog::OverwritePrompt + clsCommonDialog::PathMustExist;
+    dialog.FolderNotFound = u"GONE: "_qs;
+    QString told;
+    WhenOpens<QFileDialog>([&told](QFileDialog* box) {
       auto* edit = box->findChild<QLineEdit*>();
       QVERIFY(QTest::qWaitForWindowActive(box));
-      edit->setFocus();
-      edit->selectAll();
-      QTest::keyClicks(edit, u"new"_qs);
-      QTest::keyClick(edit, Qt::Key_Return);
+      WhenOpens<QMessageBox>([&told](QMessageBox* message) {
+        told = message->text();
+        message->accept();
+      });
+      for (const QString& name : {u"x.y/new"_qs, u"new"_qs}) {  // the first: no such folder
+        edit->setFocus();
+        edit->selectAll();
+        QTest::keyClicks(edit, name);
+        QTest::keyClick(edit, Qt::Key_Return);
+        QCOMPARE(edit->text(), name);
+        QCOMPARE(box->isVisible(), name != u"new"_qs);
+      }
       if (box->isVisible()) box->reject();
     });
     QVERIFY(dialog.ShowSave(nullptr));
     QCOMPARE(dialog.FileTitle(), u"new"_qs);
+    QCOMPARE(told, u"GONE: "_qs + temporary.filePath(u"x.y"_qs));
   }
 
   /// The printer dialog offers what the program does, and only its OK counts.
@@ -156,8 +168,12 @@ class DialogsTest : public QObject {
     });
     const auto answer = QtPrompts().InputBox(u"<b>A</b>"_qs, u"old"_qs, u"SEARCH"_qs);
     QCOMPARE(answer.value_or(u"-"_qs), u"old new"_qs);
-    WhenOpens<QInputDialog>([](QInputDialog* box) { box->reject(); });
-    QVERIFY(!QtPrompts().InputBox(u"A"_qs, u"old"_qs, {}).has_value());
+    WhenOpens<QInputDialog>([](QInputDialog* box) {  // an answer that was refused is marked
+      const auto* text = box->findChild<QLineEdit*>();
+      QTRY_COMPARE(text->selectedText(), u"\u007F"_qs);
+      box->reject();
+    });
+    QVERIFY(!QtPrompts().InputBox(u"A"_qs, u"o\u007Fld"_qs, {}).has_value());
   }
 
   /// The pictures follow the colours of the system.
