@@ -127,15 +127,15 @@ void LoadPress(CamProgram& program) {
   if (result.outcome != LoadResult::Outcome::Loaded) Fail(QStringLiteral("no sample"));
 }
 
-/// `kplctl simulate` as a process of its own, so that its work is not counted as the tool's.
+/// The programmer as a process of its own, so that its work is not counted as the tool's.
 class SimulatorProcess {
  public:
   SimulatorProcess(const QString& folder, int baud) {
     process_.setWorkingDirectory(folder);
     process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    const QString program = QCoreApplication::applicationDirPath() + QStringLiteral("/kplctl");
-    process_.start(program,
-                   {QStringLiteral("simulate"), QStringLiteral("--baud"), QString::number(baud)});
+    const QString program =
+        QCoreApplication::applicationDirPath() + QStringLiteral("/bench-programmer");
+    process_.start(program, {QString::number(baud)});
     if (!process_.waitForReadyRead(10'000)) Fail(QStringLiteral("the simulator does not start"));
   }
   ~SimulatorProcess() {

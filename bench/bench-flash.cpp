@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // How long the sample firmware takes to the programmer at 19200 baud, from its first line to the
 // last acknowledgement, beside what the line needs for these bytes: on the simulator's virtual
-// time, and over a pseudo-terminal on which `kplctl simulate` is the programmer.
+// time, and over a pseudo-terminal on which bench-programmer is the programmer.
 
 #include "Measure.h"
 #include "SimulatedSerial.h"
@@ -81,9 +81,9 @@ int main(int argc, char** argv) {
 
   QProcess programmer;
   programmer.setWorkingDirectory(folder.path());
-  programmer.start(QCoreApplication::applicationDirPath() + QStringLiteral("/kplctl"),
-                   {QStringLiteral("simulate")});
-  if (!programmer.waitForReadyRead()) Fail(QStringLiteral("kplctl simulate does not start"));
+  programmer.start(QCoreApplication::applicationDirPath() + QStringLiteral("/bench-programmer"),
+                   QStringList());
+  if (!programmer.waitForReadyRead()) Fail(QStringLiteral("bench-programmer does not start"));
   MessageTable texts;
   const WorkingFolder working(folder.path());
   const PortNames names(working);

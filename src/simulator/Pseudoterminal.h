@@ -40,10 +40,6 @@ class Pseudoterminal {
   bool HoldOpen();
   void LetGo();
 
-  /// How long bytes take through the system from one side to a program that waits on the other, as
-  /// a rule; measured while the device is held open, in some 20 ms.
-  Instant Passage() const;
-
   /// The speed that the tool has set, in baud; none when it is no speed of the protocol.
   std::optional<int> Baud() const;
 

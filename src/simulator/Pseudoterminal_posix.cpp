@@ -3,18 +3,14 @@
 
 #include <QFile>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
-#include <poll.h>
 #include <system_error>
 #include <termios.h>
-#include <thread>
 #include <unistd.h>
 #include <utility>
-#include <vector>
 
 namespace nira {
 
@@ -94,25 +90,6 @@ bool Pseudoterminal::HoldOpen() {
 
 void Pseudoterminal::LetGo() {
   CloseDescriptor(far_);
-}
-
-Instant Pseudoterminal::Passage() const {
-  constexpr std::size_t probes = 15;
-  constexpr int patience = 100;  // ms
-  std::vector<Instant> times;
-  while (far_ >= 0 && times.size() < probes) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(1));  // as idle as between two frames
-    const Instant begin = std::chrono::steady_clock::now().time_since_epoch();
-    char byte = 0;
-    pollfd waiting{far_, POLLIN, 0};
-    const bool came = ::write(near_, &byte, 1) == 1 && ::poll(&waiting, 1, patience) == 1 &&
-                      ::read(far_, &byte, 1) == 1;
-    if (!came) return {};
-    times.push_back(std::chrono::steady_clock::now().time_since_epoch() - begin);
-  }
-  if (times.empty()) return {};
-  std::nth_element(times.begin(), times.begin() + probes / 2, times.end());
-  return times[probes / 2];
 }
 
 std::optional<int> Pseudoterminal::Baud() const {

@@ -15,9 +15,6 @@ bool Pseudoterminal::HoldOpen() {
   return false;
 }
 void Pseudoterminal::LetGo() {}
-Instant Pseudoterminal::Passage() const {
-  return {};
-}
 std::optional<int> Pseudoterminal::Baud() const {
   return std::nullopt;
 }

@@ -7,9 +7,6 @@
 #include <QFileInfo>
 #include <QThread>
 
-#include <algorithm>
-#include <utility>
-
 namespace nira {
 
 namespace {
@@ -20,16 +17,6 @@ constexpr std::size_t maxUnsent = 4096;
 
 /// What was sent just before the device is closed may get lost otherwise.
 constexpr unsigned long closingPause = 200;  // ms
-
-/// The most of this program's own delay that is made good; less than any byte takes.
-constexpr Instant maxDelay = std::chrono::microseconds(200);
-
-/// The most that bytes are taken to have been on their way through the system: less than they are
-/// on the line.
-constexpr Instant maxPassage = std::chrono::microseconds(300);
-
-/// The most by which an answer of the tool is taken for sent sooner, because it was told late.
-constexpr Instant maxOwed = std::chrono::milliseconds(20);
 
 constexpr int lockPatience = 1000;  // ms; a tool that looks at the mark holds it for a moment
 
@@ -47,7 +34,7 @@ PtyLink::PtyLink(Programmer& programmer, const QString& link, QObject* parent)
   connect(&written_, &QSocketNotifier::activated, this, &PtyLink::Read);
   connect(&due_, &QSocketNotifier::activated, this, [this] {
     timer_.Acknowledge();
-    LearnDelay();
+    Woken();
     Advance();
   });
 }
@@ -78,9 +65,7 @@ QString PtyLink::OpenDevice() {
   if (reason.isEmpty()) reason = PointLink();
   if (!reason.isEmpty()) return reason;
   attended_ = false;
-  owed_ = Instant();
   terminal_.HoldOpen();
-  passage_ = std::min(terminal_.Passage(), maxPassage);
   written_.setSocket(terminal_.Descriptor());
   written_.setEnabled(true);
   due_.setSocket(timer_.Descriptor());
@@ -132,7 +117,7 @@ void PtyLink::Read() {
   if (!attended_) terminal_.LetGo();  // so that its closing shows
   attended_ = true;
   line_.SetBaud(fixedBaud_.value_or(terminal_.Baud().value_or(line_.Baud())));
-  line_.Write(*bytes, LineTimer::Now() - passage_ - std::exchange(owed_, Instant()));
+  line_.Write(*bytes, WrittenAt(LineTimer::Now()));
   Advance();
 }
 
@@ -145,25 +130,10 @@ void PtyLink::Advance() {
   }
   if (attended_ && !bytes.empty()) {
     terminal_.Write(bytes);
-    owed_ = std::clamp(LineTimer::Now() - programmer_.Sent().LastArrival(), Instant(), maxOwed);
+    Told(programmer_.Sent().LastArrival());
   }
   written_.setEnabled(line_.Unsent() < maxUnsent);
-  if (const auto next = line_.NextEvent()) Arm(*next - delay_);
-}
-
-void PtyLink::Arm(Instant at) {
-  armed_.reset();
-  if (at > LineTimer::Now()) armed_ = at;
-  timer_.Arm(at);
-}
-
-/// Follows the median of how late this program learns that the timer has gone off: it has to be set
-/// so much sooner.
-void PtyLink::LearnDelay() {
-  constexpr Instant step = std::chrono::microseconds(1);
-  if (!armed_) return;
-  const bool later = LineTimer::Now() - *armed_ > delay_;
-  delay_ = std::clamp(later ? delay_ + step : delay_ - step, Instant(), maxDelay);
+  if (const auto next = line_.NextEvent()) timer_.Arm(WakeFor(*next));
 }
 
 /// The programmer stays as it is: the wire does not tell it that nobody listens any more.

@@ -49,6 +49,18 @@ class PtyLink : public QObject {
   void PluggedIn();
   void Failed(const QString& reason);  ///< the device is gone and cannot be had again
 
+ protected:
+  // What a measurement sets right, for which a programmer has to be as punctual as the line; as the
+  // common one does it a byte comes a little late.
+
+  /// When to wake up for what is due then.
+  virtual Instant WakeFor(Instant due) { return due; }
+  virtual void Woken() {}
+  /// When the tool wrote what has been read now.
+  virtual Instant WrittenAt(Instant read) { return read; }
+  /// The tool has been told just now what was due then.
+  virtual void Told(Instant /*due*/) {}
+
  private:
   QString LockLink();
   QString OpenDevice();
@@ -57,8 +69,6 @@ class PtyLink : public QObject {
   void CloseDevice();
   void Read();
   void Advance();
-  void Arm(Instant at);
-  void LearnDelay();
   void ToolHasClosed();
   void Unplug();
   void PlugIn();
@@ -74,11 +84,7 @@ class PtyLink : public QObject {
   QSocketNotifier due_{QSocketNotifier::Read};      // the timer
   QTimer replug_;
   std::optional<int> fixedBaud_;
-  std::optional<Instant> armed_;  // what the timer is set to; none when that was past already
-  Instant delay_{};               // of this program, as a rule
-  Instant passage_{};             // what the tool writes has been on the line for so long when read
-  Instant owed_{};                // of what the tool was told last: how late that was
-  bool attended_ = false;         // a tool has the port open
+  bool attended_ = false;  // a tool has the port open
 };
 
 }  // namespace nira
