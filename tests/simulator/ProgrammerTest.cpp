@@ -1,14 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "DeviceFrame.h"
 #include "FrameSending.h"
-#include "SizeSending.h"
-#include "files/CamLines.h"
 #include "support/DeviceFixture.h"
 #include "support/Rows.h"
 
 #include <QTest>
-
-#include <random>
 
 namespace nira {
 
@@ -48,23 +44,6 @@ class ProgrammerTest : public QObject {
              QByteArray("24 07 099  NIRA QX24-07F V1."));
   }
 
-  void SizesIn() {
-    DeviceFixture f(SmallState(32));
-    QCOMPARE(f.Say(sendSizes), QByteArray());
-    for (const QByteArray& frame :
-         {Frame("1110", '"'), Frame("0205D2", 'r'), Frame("0C64", 'r'), Frame("4", '7'),
-          Frame("0509012000", ','), Frame("F01", 'D'), Frame("C 03", 'c'), Frame(" 010 020", ' '),
-          Frame(" 350 005", ' '), Frame("F02", 'G'), Frame("END", 'L'), Frame("END", 'L')}) {
-      QCOMPARE(f.Say(frame), QByteArray("\6"));
-    }
-    const ProgrammerState& state = f.device.State;
-    QCOMPARE(state.Functions.CamFunc[1], std::uint8_t{210});
-    QCOMPARE(RunsOf(state.Row(1, 0)), QString());
-    QCOMPARE(RunsOf(state.Row(1, 2)), u"0-5 10-20 350-360"_qs);
-    QCOMPARE(RunsOf(state.Row(2, 2)), QString());
-    QCOMPARE(state.CamText(0), std::string());
-  }
-
   void FramesThatAreNotTaken() {
     DeviceFixture f;
     QCOMPARE(f.Say(sendSizes + Frame("F01", 'D') + Frame("C 01", 'a') + Frame("C 02", 'x')),
@@ -90,19 +69,12 @@ class ProgrammerTest : public QObject {
       QTest::newRow(name) << cams << records << (*read == '-' ? old : QByteArray(read));
     };
     row("all off", 32, {"0000", scalars}, "0000 0 0 0 0 5 90 1 2000");
-    row("delays alone", 32, {"0100", "0C64", scalars}, "0100 0 12 100 0 5 90 1 2000");
     row("delays like flags", 32, {"0100", "0100", scalars}, "0100 0 1 0 0 5 90 1 2000");
-    row("flags twice", 32, {"0100", "0100", "0C64", scalars}, "0100 0 12 100 0 5 90 1 2000");
     row("all twice", 32, {"0011", "0011", "9", "9", scalars, scalars}, "0011 0 0 0 9 5 90 1 2000");
-    row("long direction", 32, {"0000", "01002123456"}, "0000 0 0 0 0 1 2 12 3456");
     row("index", 16, {"0", scalars}, "0000 0 0 0 0 5 90 1 2000");
     row("entries", 16, {"020A0B", scalars}, "1000 1 0 0 0 5 90 1 2000");
     row("too many entries", 16, {"17" + QByteArray(34, '0'), scalars}, "-");
     row("entries missing", 16, {"020A", scalars}, "-");
-    row("no digits", 32, {"1000", "01-1", scalars}, "-");
-    row("no flags", 32, {"0509012000"}, "-");
-    row("one too many", 32, {"0000", scalars, "x"}, "-");
-    row("nothing", 32, {}, "-");
   }
 
   void Functions() {
@@ -144,34 +116,6 @@ class ProgrammerTest : public QObject {
     bare.Functions.AdvanceLast = 0;
     QVERIFY(
         DeviceFixture(bare).Collect(receiveSizes).contains(QByteArray(Frame("0", '3') + scalars)));
-  }
-
-  /// The device walks a row by itself: its lines are those that the tool writes for the same row.
-  void LinesAreTheTools() {
-    std::mt19937 random(11);
-    CamProgram program;
-    program.SetLimits(40, 1, 255);
-    for (int size = 1; size <= program.NumSizes(); ++size) {
-      CamRow row{};
-      std::uint8_t on = random() % 2;
-      for (auto& cell : row) cell = random() % (size * 4U) == 0 ? on ^= 1 : on;
-      program.SetRow(size, 0, row);
-    }
-    program.SetRow(40, 0, RowOf(u"0-360"_qs));
-    ProgrammerState state(1, 40, 255);
-    state.Load(program);
-    std::vector<std::string> expected;
-    for (int size = 1; size <= program.NumSizes(); ++size) {
-      expected.push_back("FORMATO N. " +
-                         QByteArray::number(size).rightJustified(2, '0').toStdString());
-      BuildCamLines(program, size, 0, true);
-      for (auto line = program.LineBuffer.begin(); !line->empty(); ++line)
-        expected.push_back(*line);
-    }
-    expected.emplace_back("END");
-    std::vector<std::string> records = SizeRecords(state);
-    records.erase(records.begin(), records.begin() + 3);  // header and functions
-    QCOMPARE(records, expected);
   }
 
   /// Without an ACK the next frame follows in the end, and after three of them none.

@@ -44,12 +44,6 @@ class PtyLinkTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void initTestCase() {
-#ifndef Q_OS_LINUX
-    QSKIP("pseudo-terminals are used on Linux alone");
-#endif
-  }
-
   /// Closed and opened again, each time it answers; then all is taken away.
   void Identity() {
     LinkFixture f;
@@ -65,20 +59,6 @@ class PtyLinkTest : public QObject {
     QCOMPARE(QDir(f.folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
              QStringList());
     QCOMPARE(f.link.Open(), QString());
-    QCOMPARE(Ask(f.path, identify, 54).size(), 54);
-  }
-
-  /// What was written before the port was closed arrives.
-  void ClosedAtOnce() {
-    LinkFixture f;
-    QCOMPARE(f.link.Open(), QString());
-    {
-      QSerialPort port(f.path);
-      QVERIFY(port.open(QIODevice::ReadWrite));
-      port.write(sendMessages + "N001\"x\"\rEND\r");
-      port.flush();
-    }
-    QTRY_COMPARE_WITH_TIMEOUT(f.device.State.Message(1), std::string("x"), patience);
     QCOMPARE(Ask(f.path, identify, 54).size(), 54);
   }
 

@@ -40,56 +40,20 @@ class HexFileTest : public QObject {
       QTest::newRow(name) << bytes << found;
     };
     row("CR LF", data + "\r\n" + end + "\r\n", u"2 lines, 3 bytes"_qs);
-    row("LF", data + "\n" + end + "\n", u"2 lines, 3 bytes"_qs);
     row("last line open", data + "\r\n" + end, u"2 lines, 3 bytes"_qs);
-    row("empty last line", data + "\r\n" + end + "\r\n\r\n", u"2 lines, 3 bytes"_qs);
     row("two empty last lines", end + "\n\n\n", u"2 NoRecord"_qs);
     row("empty line", data + "\r\n\r\n" + end, u"2 NoRecord"_qs);
     row("empty file", "", u"0 lines, 0 bytes"_qs);
     row("bytes of every type count", HexOf("\x01\x02", 0, 4) + '\n' + data, u"2 lines, 5 bytes"_qs);
     row("checksum 00", ":01000000FF00\n", u"1 lines, 1 bytes"_qs);
-    row("lower-case data",
-        ":03000000"
-        "01abcd84\n",
-        u"1 lines, 3 bytes"_qs);
-    row("lower-case checksum", ":00000001ff\n", u"1 WrongChecksum"_qs);
+    row("lower-case data", ":0300000001abcd84\n", u"1 lines, 3 bytes"_qs);
     row("wrong checksum", data + '\n' + data.chopped(2) + "85\n", u"2 WrongChecksum"_qs);
-    row("no digit in the checksum", data.chopped(2) + "8G", u"1 WrongChecksum"_qs);
-    row("wrong digit",
-        ":03000000"
-        "01AGCD84",
-        u"1 WrongDigit"_qs);
-    row("code above 127",
-        ":03000000"
-        "01A\xFF"
-        "CD84",
-        u"1 WrongDigit"_qs);
-    row("blank at the end", data + " ", u"1 OddDigit"_qs);
-    row("digit lost",
-        ":03000000"
-        "01ABC84",
-        u"1 OddDigit"_qs);
-    row("count too high",
-        ":04000000"
-        "01ABCD83",
-        u"1 WrongCount"_qs);
-    row("count too low",
-        ":02000000"
-        "01ABCD85",
-        u"1 WrongCount"_qs);
-    row("count 0 with data",
-        ":00000000"
-        "01ABCD87",
-        u"1 WrongCount"_qs);
-    row("shortest", ":0000000000", u"1 lines, 0 bytes"_qs);
+    row("wrong digit", ":0300000001AGCD84", u"1 WrongDigit"_qs);
+    row("count too high", ":0400000001ABCD83", u"1 WrongCount"_qs);
     row("too short", ":00000000", u"1 TooShort"_qs);
-    row("colon alone", ":", u"1 TooShort"_qs);
     row("no colon", data.mid(1), u"1 NoRecord"_qs);
-    row("blank before the colon", " " + data, u"1 NoRecord"_qs);
     row("255 bytes", HexOf(QByteArray(255, 'x')), u"1 lines, 255 bytes"_qs);
     row("256 bytes", ":00" + HexOf(QByteArray(255, 'x')).mid(3) + "00", u"1 WrongCount"_qs);
-    row("line without end", ":" + QByteArray(1 << 20, '0'), u"1 WrongCount"_qs);
-    row("zeros", QByteArray(100, '\0'), u"1 NoRecord"_qs);
   }
 
   void Lines() {
@@ -116,19 +80,9 @@ class HexFileTest : public QObject {
     row("long year", {"FFFFFF01311997"}, u"FFFFFF of JAN 31 1997"_qs);
     row("the last one", {"111111040197", "222222050197", "no program"}, u"222222 of MAY 01 97"_qs);
     row("nothing reads so", {"no program", "0123456789ab"}, none);
-    row("no month 0", {"A1B2C3000597"}, none);
     row("no month 13", {"A1B2C3130597"}, none);
-    row("no day 0", {"A1B2C3120097"}, none);
     row("no day 32", {"A1B2C3123297"}, none);
-    row("three digits of year", {"A1B2C31205997"}, none);
-    row("more behind it", {"A1B2C312051997 "}, none);
     row("blank in the date", {"A1B2C312 597"}, none);
-    row("no text",
-        {"A1B2C\x01"
-         "120597",
-         "A1B2C\xC0"
-         "120597"},
-        none);
   }
 
   void Program() {

@@ -27,12 +27,8 @@ class SETCOMMTest : public QObject {
     QTest::addColumn<QString>("clicks");
     QTest::addColumn<QString>("label");
     QTest::addColumn<QString>("after");  // "port,baud" in memory
-    QTest::newRow("nothing") << u"1,9600"_qs << u"OpCOM_1 Baud96"_qs << QString()
-                             << u"COM1:  9600"_qs << u"1,9600"_qs;
     QTest::newRow("port and speed") << u"1,9600"_qs << u"OpCOM_1 Baud96"_qs << u"OpCOM_8 Baud192"_qs
                                     << u"COM8: 19200"_qs << u"8,19200"_qs;
-    QTest::newRow("lowest") << u"2,19200"_qs << u"OpCOM_2 Baud192"_qs << u"OpCOM_1 Baud3"_qs
-                            << u"COM1:   300"_qs << u"1,300"_qs;
     QTest::newRow("in no list") << u"12,4800"_qs << QString() << QString() << u"COM12:  4800"_qs
                                 << u"12,4800"_qs;
   }
