@@ -40,6 +40,8 @@ class PhaseEntry : public QWidget {
   /// Sizes for a scale factor of the window: fonts and the fixed width.
   void Rescale(int dataPixels, int entryPixels, int width);
 
+  QListWidget* Fase() const { return fase_; }
+
   void Fase_Click();
   void Fase_DblClick();
 
