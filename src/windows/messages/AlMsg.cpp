@@ -107,6 +107,7 @@ void AlMsg::BuildList() {
   note_ = new QLabel;
   note_->setObjectName(QStringLiteral("Note"));
   note_->setTextFormat(Qt::PlainText);
+  note_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
   note_->setWordWrap(true);
 }
 
@@ -125,7 +126,7 @@ QLayout* AlMsg::BuildButtons() {
   grid->setRowMinimumHeight(2, 8);
   grid->addWidget(transmit, 3, 0);
   grid->addWidget(receive, 3, 1);
-  grid->addWidget(note_, 4, 0, 1, 2, Qt::AlignTop);
+  grid->addWidget(note_, 4, 0, 1, 2);
   grid->setRowStretch(4, 1);
   grid->addWidget(state_, 5, 0);
   grid->addWidget(MakeButton("tEX", TextNumber::MsgExit, &AlMsg::tEX_Click), 5, 1);

@@ -43,6 +43,32 @@ struct Place {
 class MessageFileTest : public QObject {
   Q_OBJECT
 
+ private:
+  /// Of a sample, or of a file with each code alone in a text.
+  void Kept(const QString& sample, int messages) {
+    Place p(messages);
+    QByteArray bytes = ReadBytes(QStringLiteral(NIRA_SOURCE_FOLDER "/samples/") + sample);
+    if (sample.isEmpty()) {
+      bytes.clear();
+      for (int code = 1; code < 256; ++code) {  // alone in a text, "\n" left out
+        bytes += "N. " + QByteArray::number(code).rightJustified(3, '0');
+        if (code != '\n' && code != ' ') bytes += " \"" + QByteArray(1, char(code)) + '"';
+        bytes += "\r\n";
+      }
+    }
+    QVERIFY(WriteBytes(p.path, bytes));
+    const auto file = p.Read();
+    QVERIFY(bool(file));
+    ReplaceMessages(p.program, *file);
+    QVERIFY(!p.Write(p.path));
+    QCOMPARE(ReadBytes(p.path), bytes);
+    if (sample.isEmpty()) return;
+    for (int n = 1; n <= messages; ++n) {
+      const QString& text = p.program.MessageText(n);
+      QVERIFY2(text.size() > 20 && text.size() <= 40 && text.at(20) != u' ', qPrintable(text));
+    }
+  }
+
  private Q_SLOTS:
   void Read_data() {
     QTest::addColumn<QByteArray>("bytes");
@@ -98,39 +124,11 @@ class MessageFileTest : public QObject {
     QCOMPARE(p.Write(p.path).value_or(Fault()).What, CannotWrite);
   }
 
-  void OpenedAndSaved_data() {
-    QTest::addColumn<QString>("sample");
-    QTest::addColumn<int>("messages");
-    QTest::newRow("Italian") << u"press_IT.MSG"_qs << 255;
-    QTest::newRow("English") << u"press_EN.MSG"_qs << 180;
-    QTest::newRow("every code") << QString() << 255;
-  }
-
   /// Opening and saving changes no byte.
   void OpenedAndSaved() {
-    QFETCH(QString, sample);
-    QFETCH(int, messages);
-    Place p(messages);
-    QByteArray bytes = ReadBytes(QStringLiteral(NIRA_SOURCE_FOLDER "/samples/") + sample);
-    if (sample.isEmpty()) {
-      bytes.clear();
-      for (int code = 1; code < 256; ++code) {  // alone in a text, "\n" left out
-        bytes += "N. " + QByteArray::number(code).rightJustified(3, '0');
-        if (code != '\n' && code != ' ') bytes += " \"" + QByteArray(1, char(code)) + '"';
-        bytes += "\r\n";
-      }
-    }
-    QVERIFY(WriteBytes(p.path, bytes));
-    const auto file = p.Read();
-    QVERIFY(bool(file));
-    ReplaceMessages(p.program, *file);
-    QVERIFY(!p.Write(p.path));
-    QCOMPARE(ReadBytes(p.path), bytes);
-    if (sample.isEmpty()) return;
-    for (int n = 1; n <= messages; ++n) {
-      const QString& text = p.program.MessageText(n);
-      QVERIFY2(text.size() > 20 && text.size() <= 40 && text.at(20) != u' ', qPrintable(text));
-    }
+    Kept(u"press_IT.MSG"_qs, 255);
+    Kept(u"press_EN.MSG"_qs, 180);
+    Kept(QString(), 255);
   }
 
   /// The model takes nothing that no file could hold.
