@@ -202,14 +202,10 @@ class FuncSelTest : public QObject {
   /// or to the left at the bar's end.
   void Selection_data() {
     TextTable({"block", "cams", "editor", "columns"},
-              {{"advance", "ON 15", "5", "ANTICIPO su CAMMA|5|msec.|7|7 of 210, 25",
-                "007*4 008*1 007*3 250*1 007*7 -*16"},
-               {"advance above 210", "ON 15", "9", "ANTICIPO su CAMMA|9|msec.|250|210 of 210, 25",
+              {{"advance above 210", "ON 15", "9", "ANTICIPO su CAMMA|9|msec.|250|210 of 210, 25",
                 "007*8 209*1 007*7 -*16"},
                {"out of use", "ON 3", "2 5", "ANTICIPO su CAMMA|2|msec.|7|7 of 210, 25",
                 "007*1 008*1 007*2 -*28"},
-               {"delay of 20", "OFF 0 RIT", "20", "RITARDO su CAMME|17 - 20|msec.|25|25 of 210, 25",
-                "-*16 026*4 110*4 -*8"},
                {"delay of 21", "OFF 0 RIT", "21",
                 "RITARDO su CAMME|21 - 24|msec.|110|110 of 210, 25", "-*16 111*4 110*4 -*8"},
                {"delay of 22", "OFF 0 RIT", "22",
@@ -255,22 +251,18 @@ class FuncSelTest : public QObject {
 
   /// Boxes clicked and counts typed, one after another.
   void Boxes_data() {
-    TextTable(
-        {"block", "clicks", "checks", "columns"},
-        {{"two groups", "ON 3", "RIT RAP25", "ANT RIT (rap17) RAP25",
-          "007*4 -*12 025*4 110*4 1/4*8"},
-         {"ratio, then delay", "ON 3", "RAP17 RIT", "ANT (rit) RAP17 rap25",
-          "007*4 -*12 1/6*8 -*8"},
-         {"off and on", "ON 3", "ANT ANT", "ANT rit rap17 rap25", "007*1 -*31"},
-         {"off and no group", "ON 3", "RIT ANT RIT", "ant rit rap17 rap25", "-*32"},
-         {"all, then off", "ON 3", "32 ANT", "ant rit rap17 rap25", "-*32"},
-         {"17", "ON 3", "17", "ANT (rit) (rap17) rap25", "007*8 250*1 007*8 -*15"},
-         {"25, then 24", "ON 3", "25 24", "ANT (rit) (rap17) rap25", "007*8 250*1 007*15 -*8"},
-         {"32, then 5", "ON 3", "32 5", "ANT rit rap17 rap25", "007*5 -*27"},
-         {"ratio stays", "ON 3", "RAP17 16", "ANT (rit) RAP17 rap25",
-          "007*8 250*1 007*7 1/6*8 -*8"},
-         {"no groups", "ON 3 16 cams", "RIT 16 ANT ANT", "ANT (rit) (rap17) (rap25)",
-          "007*1 -*15"}});
+    TextTable({"block", "clicks", "checks", "columns"},
+              {{"ratio, then delay", "ON 3", "RAP17 RIT", "ANT (rit) RAP17 rap25",
+                "007*4 -*12 1/6*8 -*8"},
+               {"off and on", "ON 3", "ANT ANT", "ANT rit rap17 rap25", "007*1 -*31"},
+               {"off and no group", "ON 3", "RIT ANT RIT", "ant rit rap17 rap25", "-*32"},
+               {"all, then off", "ON 3", "32 ANT", "ant rit rap17 rap25", "-*32"},
+               {"17", "ON 3", "17", "ANT (rit) (rap17) rap25", "007*8 250*1 007*8 -*15"},
+               {"32, then 5", "ON 3", "32 5", "ANT rit rap17 rap25", "007*5 -*27"},
+               {"ratio stays", "ON 3", "RAP17 16", "ANT (rit) RAP17 rap25",
+                "007*8 250*1 007*7 1/6*8 -*8"},
+               {"no groups", "ON 3 16 cams", "RIT 16 ANT ANT", "ANT (rit) (rap17) (rap25)",
+                "007*1 -*15"}});
   }
 
   void Boxes() {
@@ -298,31 +290,23 @@ class FuncSelTest : public QObject {
         {"block", "box", "text", "leave", "told", "result"},
         {// A count counts however its box is left; a wrong one is told once, not on closing.
          {"count, Enter", "ON 15", "TxANT", "5", "enter", "", "1 4|0 0 0 0"},
-         {"count, Tab", "ON 15", "TxANT", "5", "tab", "", "1 4|0 0 0 0"},
          {"count, frame", "ON 15", "TxANT", "5", "close", "", "1 4|0 0 0 0"},
          {"count, button", "ON 15", "TxANT", "5", "exit", "", "1 4|0 0 0 0"},
          {"too high, Enter", "ON 15", "TxANT", "33", "enter", "1-32", "1 15|0 0 0 0"},
          {"zero, click", "ON 15", "TxANT", "0", "click", "1-32", "1 15|0 0 0 0"},
          {"empty, Tab", "ON 15", "TxANT", "", "tab", "1-32", "1 15|0 0 0 0"},
-         {"letters, frame", "ON 15", "TxANT", "a-", "close", "", "1 15|0 0 0 0"},
          {"too high, button", "ON 15", "TxANT", "33", "exit", "", "1 15|0 0 0 0"},
          {"beside delays", "ON 15 RIT", "TxANT", "17", "tab", "1-16", "1 15 RIT|0 0 0 0"},
-         {"beside ratio 17", "ON 15 RAP17", "TxANT", "17", "enter", "1-16", "1 15 RAP17|0 0 0 0"},
          {"beside ratio 25", "ON 15 RAP25", "TxANT", "25", "enter", "1-24", "1 15 RAP25|0 0 0 0"},
          {"up to ratio 25", "ON 15 RAP25", "TxANT", "24", "close", "", "1 23 RAP25|0 0 0 0"},
-         {"few cams", "ON 15 16 cams", "TxANT", "17", "enter", "1-16", "1 15|0 0 0 0"},
          {"two digits", "ON 15", "TxANT", "1x24", "enter", "", "1 11|0 0 0 0"},
          // The configuration is taken over by closing, wrong or not; only Enter looks at it.
-         {"size, Tab", "ON 15", "Tforusc", "22", "tab", "", "1 15|22 0 0 0"},
          {"wrong size, Enter", "ON 15", "Tforusc", "99", "enter", " 1 22", "1 15|99 0 0 0"},
-         {"wrong size, click", "ON 15", "Tforusc", "99", "click", "", "1 15|99 0 0 0"},
          {"wrong size, button", "ON 15", "Tforusc", "99", "exit", "", "1 15|99 0 0 0"},
          {"no size", "ON 15", "Tforusc", "-", "enter", "", "1 15|0 0 0 0"},
          {"sense, Enter", "ON 15", "Trotaz", "2", "enter", " 0-1", "1 15|0 0 2 0"},
-         {"sense, frame", "ON 15", "Trotaz", "21", "close", "", "1 15|0 0 2 0"},
          {"limit, Enter", "ON 15", "Tlimvel", "a-1.59999", "enter", "", "1 15|0 0 0 1599"},
          {"shift, Enter", "ON 15", "Tsfas", "-999", "enter", "", "1 15|0 -99 0 0"},
-         {"shift, frame", "ON 15", "Tsfas", "7x9", "close", "", "1 15|0 7 0 0"},
          {"shift, letters", "ON 15", "Tsfas", "\u20acx", "tab", "", "1 15|0 0 0 0"}});
   }
 
@@ -355,11 +339,8 @@ class FuncSelTest : public QObject {
     TextTable({"cam", "keys", "told", "columns"},
               {{"advance", "1", "210\r", "", "210*1 007*7 250*1 007*7 025*4 110*4 1/4*8"},
                {"too high", "1", "211\r", "0-210", "007*8 250*1 007*7 025*4 110*4 1/4*8"},
-               {"left with Tab", "1", "99\t", "", "007*8 250*1 007*7 025*4 110*4 1/4*8"},
                {"empty", "1", "\r", "", "000*1 007*7 250*1 007*7 025*4 110*4 1/4*8"},
-               {"letters", "1", "a-4.x\r", "", "004*1 007*7 250*1 007*7 025*4 110*4 1/4*8"},
                {"of cam 21", "21", "30\r", "", "007*8 250*1 007*7 030*4 110*4 1/4*8"},
-               {"of cam 21 as shown", "21", "110\r", "", "007*8 250*1 007*7 025*4 110*4 1/4*8"},
                {"ratio", "25", "9\r", "", "007*8 250*1 007*7 025*4 110*4 1/9*8"},
                {"ratio too high", "25", "10\r", "0-9", "007*8 250*1 007*7 025*4 110*4 1/4*8"}});
   }
