@@ -161,13 +161,12 @@ struct Tool {
     texts.Read(QStringLiteral(NIRA_SOURCE_FOLDER "/lang/p32qx_EN.SCR"));
   }
 
-  TransferEnd RunJobs() { return TransferJobs(comm, report).Run(); }
+  TransferEnd RunJob(const Job& job) { return TransferJobs(comm, report).Run(job); }
 
   /// A message job as the menu runs it, but for the choice of the file.
   TransferEnd RunMessages(const char* code, const QString& file) {
-    settings.JobCode = QString::fromLatin1(code);
-    settings.JobFile = file;
-    const TransferEnd end = RunJobs();
+    WorkFile into(file);
+    const TransferEnd end = RunJob({code, file, &into});
     return SerialLink(comm).ClosePort() ? end : TransferEnd::PortError;
   }
 
@@ -226,22 +225,24 @@ void MeasureAt(int baud) {
   LoadPress(tool.program);
   const std::vector<std::string> functions = FunctionsRecords(tool.program);
   const CamProgram sent = tool.program;
-  Measure("send sizes", tool,
-          [&] { return SizeTransfer(tool.comm).Tr_Siz([&] { return tool.RunJobs(); }); });
+  Measure("send sizes", tool, [&] {
+    return SizeTransfer(tool.comm).Tr_Siz([&](const Job& job) { return tool.RunJob(job); });
+  });
   tool.program.ResetProgram();
   tool.program.IsSaved = true;
-  Measure("receive sizes", tool,
-          [&] { return SizeTransfer(tool.comm).Rc_Siz([&] { return tool.RunJobs(); }); });
+  Measure("receive sizes", tool, [&] {
+    return SizeTransfer(tool.comm).Rc_Siz([&](const Job& job) { return tool.RunJob(job); });
+  });
   for (int size = 1; size <= sent.NumSizes(); ++size) {
     for (int cam = 0; cam < sent.NumCams(); ++cam) {
       if (sent.CamMap(size, cam) != tool.program.CamMap(size, cam)) Fail(QStringLiteral("lost"));
     }
   }
   Measure("send messages", tool,
-          [&] { return tool.RunMessages(TransferJobs::SendMessages, Sample("press_IT.MSG")); });
+          [&] { return tool.RunMessages(Job::SendMessages, Sample("press_IT.MSG")); });
   const QString received = QDir(folder.path()).filePath(QStringLiteral("received.MSG"));
   Measure("receive messages", tool,
-          [&] { return tool.RunMessages(TransferJobs::ReceiveMessages, received); });
+          [&] { return tool.RunMessages(Job::ReceiveMessages, received); });
   if (LinesOf(received) != 256) Fail(QStringLiteral("messages are missing"));
 }
 
@@ -267,7 +268,7 @@ class FaultyRuns {
   }
 
  private:
-  bool Sends() const { return code_ == QLatin1String(TransferJobs::SendSizes); }
+  bool Sends() const { return code_ == QLatin1String(Job::SendSizes); }
 
   void RunOnce(int seed) {
     Faults faults;
@@ -283,15 +284,17 @@ class FaultyRuns {
     const auto program = std::make_unique<CamProgram>(sample_);
     if (!Sends()) program->ResetProgram();
     Globals settings;
-    settings.JobCode = QString::fromLatin1(code_);
     NoMessages prompts;
     prompts.Quiet = true;
     NoReport report;
     FileWriter writer;
     MessageTable texts;
     Comm comm{serial, serial, *program, settings, texts, writer, working_, prompts};
-    TransferEnd end = TransferJobs(comm, report).Run();
-    if (end == TransferEnd::Done && !Sends()) end = SizeImport(comm).Import();
+    WorkFile into(working_.Find(QString::fromLatin1(WorkFile::Sizes)));
+    TransferEnd end = TransferJobs(comm, report).Run({code_, {}, &into});
+    const bool came = end == TransferEnd::Done && !Sends();
+    if (came && SizeImport(*program).Import(into.Content().toStdString()))
+      end = TransferEnd::BadFile;
     SerialLink(comm).ClosePort();
     ++result_.ends[end];
     // Frames to the programmer are counted there; those from it cost an acknowledgement each.
@@ -344,8 +347,8 @@ void MeasureAllFaults() {
     const QLatin1String name(kind);
     const bool repeated = name == QLatin1String("nak") || name == QLatin1String("noise") ||
                           name == QLatin1String("bad-checksum");
-    MeasureFaults(TransferJobs::SendSizes, kind, repeated);
-    MeasureFaults(TransferJobs::ReceiveSizes, kind, name == QLatin1String("nak"));
+    MeasureFaults(Job::SendSizes, kind, repeated);
+    MeasureFaults(Job::ReceiveSizes, kind, name == QLatin1String("nak"));
   }
 }
 
