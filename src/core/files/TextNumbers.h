@@ -158,6 +158,7 @@ enum class TextNumber : int {
   QuitAnswers = 336,
   FileHoldsProgram = 337,
   FolderNotFound = 338,
+  SizesLeftOut = 339,
   WorkFileInUse = 355,
   FlashTooLarge = 375,
   AskForPermission = 376,

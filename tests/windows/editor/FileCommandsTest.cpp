@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+#include <tuple>
+
 namespace nira {
 
 namespace {
@@ -162,48 +164,36 @@ class FileCommandsTest : public QObject {
     QVERIFY(f.program.IsSaved);
   }
 
-  void SaveAs_data() {
-    QTest::addColumn<QString>("current");
-    QTest::addColumn<QString>("chosen");  // "?" Cancel
-    QTest::addColumn<QString>("stored");  // empty: nothing
-    QTest::addColumn<int>("answer");      // to the question before overwriting, -1 none
-    const auto row = [](const char* name, const char* current, const char* chosen,
-                        const char* stored, int answer = -1) {
-      QTest::newRow(name) << QString(current) << QString(chosen) << QString(stored) << answer;
-    };
-    row("no extension", "old.CAM", "prog", "prog.CAM");
-    row("exists, Yes", "old.CAM", "there", "there.CAM", int(Answer::Yes));
-    row("exists, No", "old.CAM", "there.txt", "", int(Answer::No));
-    row("Cancel with a preset", "old.CAM", "?", "old.CAM");
-    row("Cancel without a preset", "", "?", "");
-  }
-
   void SaveAs() {
-    QFETCH(QString, current);
-    QFETCH(QString, chosen);
-    QFETCH(QString, stored);
-    QFETCH(int, answer);
-    WindowFixture f;
-    QVERIFY(Begin(f));
-    QVERIFY(WriteBytes(f.Path(u"there.CAM"_qs), "there"));
-    const QString before = current.isEmpty() ? QString() : f.Path(current);
-    f.settings.CurrentFile = before;
-    f.program.IsSaved = false;
-    chosen == u"?"_qs ? f.dialog.ExpectCancel() : f.dialog.Expect(f.Path(chosen));
-    if (answer >= 0) f.prompts.Expect(static_cast<Answer>(answer));
-    f.Choose("f_save");
-    QCOMPARE(f.dialog.shown.join(u'|'),
-             u"save; SALVA File di Camma con Nome; "
-             "Cam Files (*.Cam)|*.cam|Tutti i File (*.*)|*.*; 2050; "_qs +
-                 before);
-    QCOMPARE(f.program.IsSaved, !stored.isEmpty());
-    QCOMPARE(f.settings.CurrentFile, stored.isEmpty() ? before : f.Path(stored));
-    if (!stored.isEmpty()) QVERIFY(ReadBytes(f.Path(stored)).contains("C 05\"TEXT\""));
-    QCOMPARE(ReadBytes(f.Path(u"there.CAM"_qs)) != "there", stored == u"there.CAM"_qs);
-    if (answer < 0) return;
-    QCOMPARE(
-        f.prompts.Shown().join(u'|'),
-        u"Exclamation YesNo: IL FILE ESISTE GIA'. SOSTITUIRLO ?\n"_qs + f.Path(u"there.CAM"_qs));
+    // Preset and typed name (none: Cancel), what is stored, the answer before overwriting.
+    using Row = std::tuple<QString, std::optional<QString>, QString, std::optional<Answer>>;
+    for (const auto& [preset, typed, stored, answer] :
+         {Row{u"old.CAM"_qs, u"prog"_qs, u"prog.CAM"_qs, {}},
+          Row{u"old.CAM"_qs, u"there"_qs, u"there.CAM"_qs, Answer::Yes},
+          Row{u"old.CAM"_qs, u"there.txt"_qs, {}, Answer::No},
+          Row{u"old.CAM"_qs, {}, u"old.CAM"_qs, {}}, Row{{}, {}, {}, {}}}) {
+      WindowFixture f;
+      QVERIFY(Begin(f));
+      const QString there = f.Path(u"there.CAM"_qs);
+      QVERIFY(WriteBytes(there, "there"));
+      const QString before = preset.isEmpty() ? QString() : f.Path(preset);
+      f.settings.CurrentFile = before;
+      f.program.IsSaved = false;
+      typed ? f.dialog.Expect(f.Path(*typed)) : f.dialog.ExpectCancel();
+      if (answer) f.prompts.Expect(*answer);
+      f.Choose("f_save");
+      QCOMPARE(f.dialog.shown.join(u'|'),
+               u"save; SALVA File di Camma con Nome; "
+               "Cam Files (*.Cam)|*.cam|Tutti i File (*.*)|*.*; 2050; "_qs +
+                   before);
+      QCOMPARE(f.program.IsSaved, !stored.isEmpty());
+      QCOMPARE(f.settings.CurrentFile, stored.isEmpty() ? before : f.Path(stored));
+      if (!stored.isEmpty()) QVERIFY(ReadBytes(f.Path(stored)).contains("C 05\"TEXT\""));
+      QCOMPARE(ReadBytes(there) != "there", answer == Answer::Yes);
+      QCOMPARE(f.prompts.Shown().join(u'|'),
+               answer ? u"Exclamation YesNo: IL FILE ESISTE GIA'. SOSTITUIRLO ?\n"_qs + there
+                      : QString());
+    }
   }
 
   void ForcedNames() {
@@ -235,44 +225,31 @@ class FileCommandsTest : public QObject {
     QVERIFY(f.window->isVisible());
   }
 
-  void Quit_data() {
-    QTest::addColumn<bool>("saved");
-    QTest::addColumn<int>("answer");
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QString>("more");  // what the box says beside
-    QTest::addColumn<bool>("ends");
-    const QString held = u"\nIL FILE CONTIENE GIA' QUESTO PROGRAMMA"_qs;
-    QTest::newRow("nothing unsaved") << true << -1 << u"old.CAM"_qs << QString() << true;
-    QTest::newRow("Yes") << false << int(Answer::Yes) << u"old.CAM"_qs << held << true;
-    QTest::newRow("Yes, no name given")
-        << false << int(Answer::Yes) << QString() << QString() << false;
-    QTest::newRow("No") << false << int(Answer::No) << u"old.CAM"_qs << held << true;
-    QTest::newRow("Cancel, changed")
-        << false << int(Answer::Cancel) << u"old.CAM"_qs << QString() << false;
-  }
-
   void Quit() {
-    QFETCH(bool, saved);
-    QFETCH(int, answer);
-    QFETCH(QString, file);
-    QFETCH(QString, more);
-    QFETCH(bool, ends);
-    WindowFixture f;
-    f.Recent({u"/a.CAM"_qs});
-    QVERIFY(Begin(f));
-    if (file.isEmpty()) f.settings.CurrentFile.clear();
-    f.program.IsSaved = saved;
-    if (answer >= 0) f.prompts.Expect(static_cast<Answer>(answer));
-    if (file.isEmpty()) f.dialog.ExpectCancel();
-    if (answer == int(Answer::Cancel)) f.program.SetCamText(0, u"MORE"_qs);
-    f.Choose("F_quit");
-    QCOMPARE(f.window->isVisible(), !ends);
-    QCOMPARE(f.prompts.Shown().join(u'|'),
-             answer < 0 ? QString()
-                        : u"Exclamation YesNoCancel: "_qs + notSaved +
-                              u"\nSI: SALVA E CHIUDE - NO: CHIUDE SENZA SALVARE"_qs + more);
-    QCOMPARE(ReadBytes(f.OptionsPath()), QByteArray("\"p32qx_IT.SCR\",1,9600\r\n"));
-    QCOMPARE(ReadBytes(f.Path(u"old.CAM"_qs)) != "old", ends && answer == int(Answer::Yes));
+    const QString asked = u"Exclamation YesNoCancel: "_qs + notSaved +
+                          u"\nSI: SALVA E CHIUDE - NO: CHIUDE SENZA SALVARE"_qs;
+    const QString held = asked + u"\nIL FILE CONTIENE GIA' QUESTO PROGRAMMA"_qs;
+    using Row = std::tuple<std::optional<Answer>, bool, QString, bool>;  // has a file; told; ends
+    for (const auto& [answer, hasFile, told, ends] :
+         {Row{{}, true, {}, true}, Row{Answer::Yes, true, held, true},
+          Row{Answer::Yes, false, asked, false}, Row{Answer::No, true, held, true},
+          Row{Answer::Cancel, true, asked, false}}) {
+      WindowFixture f;
+      f.Recent({u"/a.CAM"_qs});
+      QVERIFY(Begin(f));
+      if (!hasFile) {
+        f.settings.CurrentFile.clear();
+        f.dialog.ExpectCancel();
+      }
+      f.program.IsSaved = !answer;
+      if (answer) f.prompts.Expect(*answer);
+      if (answer == Answer::Cancel) f.program.SetCamText(0, u"MORE"_qs);
+      f.Choose("F_quit");
+      QCOMPARE(f.window->isVisible(), !ends);
+      QCOMPARE(f.prompts.Shown().join(u'|'), told);
+      QCOMPARE(ReadBytes(f.OptionsPath()), QByteArray("\"p32qx_IT.SCR\",1,9600\r\n"));
+      QCOMPARE(ReadBytes(f.Path(u"old.CAM"_qs)) != "old", ends && answer == Answer::Yes);
+    }
   }
 
   void Recent() {
@@ -300,6 +277,7 @@ class FileCommandsTest : public QObject {
     f.dialog.Expect(f.Path(u"press.CAM"_qs));
     f.Choose("f_open");
     QCOMPARE(captions(), u"press b&b a gone bad"_qs);
+    QCOMPARE(f.Item("F_Mnu_oldF_2")->text(), u"&2 "_qs + f.Path(u"b&&b.CAM"_qs));
     f.Drop({QUrl::fromLocalFile(paths.at(4))});
     QCOMPARE(captions(), u"e press b&b a gone"_qs);
     f.Drop({QUrl(u"http://localhost/x.CAM"_qs)});  // no file of this machine

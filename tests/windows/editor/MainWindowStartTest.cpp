@@ -52,8 +52,6 @@ class MainWindowStartTest : public QObject {
     }
     QCOMPARE(f.Text("StatusPort"), u"COM1  9600  /nodev/ttyS0  programmatore non pronto"_qs);
     QCOMPARE(f.Text("StatusModel"), u"32 camme  22 formati  255 messaggi"_qs);
-    QCOMPARE(Shown(f.Find(u"GoPrCam"_qs)->toolTip()), u"Programmazione Camma"_qs);
-    QCOMPARE(Shown(f.Find(u"Azz_Form"_qs)->toolTip()), u"Azzera Formato"_qs);
   }
 
   void Menus() {
@@ -111,18 +109,6 @@ class MainWindowStartTest : public QObject {
       QCOMPARE(f.Text("StatusPort"), u"COM3  19200  /nodev/ttyS2  programmer not ready"_qs);
       QCOMPARE(f.Text("SizeCam"), u"S01 C02"_qs);
     }
-  }
-
-  void Recent() {
-    WindowFixture f;
-    f.Options("\"p32qx_IT.SCR\",1,9600\r\n/a b.cam\r\n\r\n/c&d.CAM\r\n/4\r\n/5\r\n/6\r\n/7\r\n");
-    QVERIFY(f.Start());
-    const QList<QAction*> file = f.window->menuBar()->actions().at(0)->menu()->actions();
-    QStringList captions;
-    for (const QAction* action : file.mid(file.indexOf(f.Item("Pr_size")))) {
-      if (!action->isSeparator()) captions.append(action->text());
-    }
-    QCOMPARE(captions.join(u'|'), u"&Print|&1 /a b.cam|&2 |&3 /c&&d.CAM|&4 /4|&5 /5|&Exit"_qs);
   }
 
   void StartFile_data() {

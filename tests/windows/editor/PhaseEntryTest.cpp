@@ -27,6 +27,15 @@ void ChooseFromBoxMenu(QWidget* box, const QString& caption) {
   QApplication::sendEvent(box, &event);
 }
 
+void Paste(WindowFixture& f, const QString& way, const QString& box, const QString& clip) {
+  if (way == u"Ctrl+V"_qs) f.Press(Qt::Key_V, Qt::ControlModifier);
+  if (way == u"menu"_qs) ChooseFromBoxMenu(f.Find(box), u"Paste"_qs);
+  if (way != u"composed"_qs) return;
+  QInputMethodEvent event;  // as an input method brings it
+  event.setCommitString(clip);
+  QApplication::sendEvent(f.Find(box), &event);
+}
+
 }  // namespace
 
 /// Entering, changing and deleting phases in the two boxes.
@@ -76,48 +85,27 @@ class PhaseEntryTest : public QObject {
     QVERIFY(!f.program.IsSaved);
   }
 
-  void Pasting_data() {
-    QTest::addColumn<QString>("way");
-    QTest::addColumn<QString>("clip");
-    QTest::addColumn<QString>("on");
-    QTest::addColumn<QString>("off");
-    const auto rows = [](const QString& clip, const char* on, const char* off) {
-      for (const char* way : {"Ctrl+V", "menu", "composed"}) {
-        QTest::addRow("%s [%s]", way, qPrintable(clip.simplified()))
-            << QString(way) << clip << QString(on) << QString(off);
-      }
-    };
-    rows(u"12345"_qs, "123", "123");
-    rows(u"-5,x"_qs, "050", "050");
-    rows(u"77\n88"_qs, "077", "077");
-    rows(u"\u0663\U0001F600\u00E8"_qs, "000", "000");
-    rows(u"#"_qs, "00#", "00#");
-    rows(QString(), "100", "110");
-  }
-
+  /// However a text comes in: as typed, a character that is no digit is a zero.
   void Pasting() {
-    QFETCH(QString, way);
-    QFETCH(QString, clip);
-    WindowFixture f;
-    QVERIFY(f.StartWith(u"100-110"_qs));
-    QApplication::clipboard()->setText(clip);
-    const auto paste = [&](const char* box) {
-      if (way == u"Ctrl+V"_qs) f.Press(Qt::Key_V, Qt::ControlModifier);
-      if (way == u"composed"_qs) {  // as an input method brings it
-        QInputMethodEvent event;
-        event.setCommitString(clip);
-        QApplication::sendEvent(f.Find(QString::fromLatin1(box)), &event);
+    using Row = std::tuple<QString, const char*, const char*>;
+    for (const QString& way : {u"Ctrl+V"_qs, u"menu"_qs, u"composed"_qs}) {
+      for (const auto& [clip, on, off] :
+           {Row{u"12345"_qs, "123", "123"}, Row{u"-5,x"_qs, "050", "050"},
+            Row{u"77\n88"_qs, "077", "077"}, Row{u"\u0663\U0001F600\u00E8"_qs, "000", "000"},
+            Row{u"#"_qs, "00#", "00#"}, Row{QString(), "100", "110"}}) {
+        WindowFixture f;
+        QVERIFY(f.StartWith(u"100-110"_qs));
+        QApplication::clipboard()->setText(clip);
+        f.Enter({});
+        Paste(f, way, u"GRADION"_qs, clip);
+        f.Type(u"\r"_qs);
+        QCOMPARE(f.Box("GRADION"), QString(on));
+        Paste(f, way, u"GRADIOFF"_qs, clip);
+        QCOMPARE(f.program.CurrentCam(), clip == u"#"_qs ? 31 : 0);
+        f.Type(u"\r"_qs);
+        QCOMPARE(f.Box("GRADIOFF"), QString(off));
       }
-      if (way == u"menu"_qs) ChooseFromBoxMenu(f.Find(QString::fromLatin1(box)), u"Paste"_qs);
-    };
-    f.Enter({});
-    paste("GRADION");
-    f.Type(u"\r"_qs);
-    QTEST(f.Box("GRADION"), "on");
-    paste("GRADIOFF");
-    QCOMPARE(f.program.CurrentCam(), clip == u"#"_qs ? 31 : 0);
-    f.Type(u"\r"_qs);
-    QTEST(f.Box("GRADIOFF"), "off");
+    }
   }
 
   void EveryCharacterIsFiltered() {
@@ -164,39 +152,29 @@ class PhaseEntryTest : public QObject {
     QCOMPARE(f.Boxes(), u"200 015"_qs);  // the ON text is the list's, the OFF text the last one
   }
 
-  void Steps_data() {
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<int>("from");
-    QTest::addColumn<int>("to");
-    using Row = std::tuple<const char*, int, int>;
-    for (const auto& [key, from, to] :
-         {Row{"!", 5, 4}, Row{"!", 30, 29}, Row{"!", 31, 31}, Row{"!", 0, 0}, Row{"\"", 5, 6},
-          Row{"\"", 31, 31}, Row{"\"", 30, 31}, Row{"\"", 0, 0}, Row{"#", 5, 31}, Row{"$", 5, 0}}) {
-      const QString code = QString::fromLatin1(key);
-      QTest::newRow(qPrintable(code + QString::number(from))) << code << from << to;
-    }
-  }
-
   void Steps() {
-    QFETCH(QString, key);
-    QFETCH(int, from);
-    QFETCH(int, to);
-    WindowFixture f;
-    QVERIFY(f.StartWith(u"100-110"_qs, from));
-    const QString label = f.Text("SizeCam");
-    f.Enter(u"200\r"_qs + key);
-    QCOMPARE(f.program.CurrentCam(), to);
-    QCOMPARE(f.Text("SizeCam"), label);
-    QCOMPARE(f.Lines(), u"F001 100 110"_qs);  // nothing is drawn before the commit
-    f.Type(u"\r"_qs);
-    QCOMPARE(f.Box("GRADIOFF"), u"00"_qs + key);
-    QCOMPARE(f.Runs(1, to), to == from ? u"100-110 200-360"_qs : u"200-360"_qs);
-    QCOMPARE(f.Runs(1, from), to == from ? u"100-110 200-360"_qs : u"100-110"_qs);
-    QCOMPARE(f.Text("SizeCam"), u"F01 C%1"_qs.arg(to + 1, 2, 10, QChar(u'0')));
-    QVERIFY(f.Lines().contains(u"200 000"_qs));
-    f.Type(key);  // in the ON box it is a character
-    QCOMPARE(f.program.CurrentCam(), to);
-    QCOMPARE(f.Box("GRADION"), key);
+    using Row = std::tuple<char, int, int>;
+    for (const auto& [key, from, to] :
+         {Row{'!', 5, 4}, Row{'!', 30, 29}, Row{'!', 31, 31}, Row{'!', 0, 0}, Row{'"', 5, 6},
+          Row{'"', 31, 31}, Row{'"', 30, 31}, Row{'"', 0, 0}, Row{'#', 5, 31}, Row{'$', 5, 0}}) {
+      const QString code(QLatin1Char{key});
+      WindowFixture f;
+      QVERIFY(f.StartWith(u"100-110"_qs, from));
+      const QString label = f.Text("SizeCam");
+      f.Enter(u"200\r"_qs + code);
+      QCOMPARE(f.program.CurrentCam(), to);
+      QCOMPARE(f.Text("SizeCam"), label);
+      QCOMPARE(f.Lines(), u"F001 100 110"_qs);  // nothing is drawn before the commit
+      f.Type(u"\r"_qs);
+      QCOMPARE(f.Box("GRADIOFF"), u"00"_qs + code);
+      QCOMPARE(f.Runs(1, to), to == from ? u"100-110 200-360"_qs : u"200-360"_qs);
+      QCOMPARE(f.Runs(1, from), to == from ? u"100-110 200-360"_qs : u"100-110"_qs);
+      QCOMPARE(f.Text("SizeCam"), u"F01 C%1"_qs.arg(to + 1, 2, 10, QChar(u'0')));
+      QVERIFY(f.Lines().contains(u"200 000"_qs));
+      f.Type(code);  // in the ON box it is a character
+      QCOMPARE(f.program.CurrentCam(), to);
+      QCOMPARE(f.Box("GRADION"), code);
+    }
   }
 
   void Undo() {
@@ -240,18 +218,11 @@ class PhaseEntryTest : public QObject {
     QCOMPARE(f.Boxes(), u"350 010"_qs);
   }
 
-  /// The ways into phase entry.
-  void Opens_data() { NameRows("way", {"LabCam_3", "GoPrCam"}); }
-
   void Opens() {
-    QFETCH(QString, way);
-    const auto open = [&way](WindowFixture& f) {
-      way == u"GoPrCam"_qs ? f.Click(way) : f.DoubleClick(way);
-    };
     WindowFixture f;
     QVERIFY(f.StartWith(u"100-110 200-210"_qs, 3));
     f.Find(u"GRADIOFF"_qs)->setEnabled(false);
-    open(f);
+    f.DoubleClick(u"LabCam_3"_qs);
     QCOMPARE(f.Boxes(), u"100 110"_qs);
     QCOMPARE(f.Focus(), u"GRADION"_qs);
     QCOMPARE(f.Find<DegreeBox>(u"GRADION"_qs)->selectedText(), u"100"_qs);
@@ -259,7 +230,7 @@ class PhaseEntryTest : public QObject {
     QVERIFY(!f.program.IsSaved);
     f.program.SetRow(1, 3, {});
     f.window->ShowSizeCam();
-    open(f);
+    f.Choose("o_MODC");
     QCOMPARE(f.Boxes(), u" "_qs);  // nothing to load
     f.Type(u"\r10\r"_qs);
     QCOMPARE(f.Runs(1, 3), u"0-10"_qs);
