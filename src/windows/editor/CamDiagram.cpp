@@ -3,6 +3,7 @@
 
 #include "ground/Text.h"
 
+#include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -57,7 +58,7 @@ void CamDiagram::BuildRow(int cam) {
   }
   connect(row.number, &CamLabel::Click, this, [this, cam] { Q_EMIT LabCam_Click(cam); });
   connect(row.number, &CamLabel::DblClick, this, [this, cam] { Q_EMIT LabCam_DblClick(cam); });
-  connect(row.description, &CamLabel::Click, this, &CamDiagram::Pressed);
+  connect(row.description, &CamLabel::Click, this, [this, cam] { Q_EMIT LabCam_Click(cam); });
   connect(row.description, &CamLabel::DblClick, this, [this, cam] { Q_EMIT LDefC_DblClick(cam); });
 }
 
@@ -252,9 +253,36 @@ bool CamDiagram::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::MouseMove) {
     PointAt(static_cast<QWidget*>(watched)->pos() + static_cast<QMouseEvent*>(event)->pos());
   }
-  const int cam = event->type() == QEvent::ToolTip ? CamOf(watched) : -1;
-  if (cam >= 0) ShowTip(cam, *static_cast<QHelpEvent*>(event));
-  return cam >= 0;
+  const int cam = CamOf(watched);
+  if (cam < 0) return false;
+  switch (event->type()) {
+    case QEvent::ToolTip:
+      ShowTip(cam, *static_cast<QHelpEvent*>(event));
+      return true;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      return BarPressed(cam, *static_cast<QMouseEvent*>(event));
+    default:
+      return false;
+  }
+}
+
+/// A run takes its phase, the empty part of a bar its cam. Other buttons are the diagram's.
+bool CamDiagram::BarPressed(int cam, const QMouseEvent& event) {
+  if (event.button() != Qt::LeftButton) return false;
+  const bool again = event.type() == QEvent::MouseButtonDblClick;
+  if (const Phase* found = PhaseUnder(cam, event.pos().x())) {
+    const Phase phase = *found;  // the handlers draw anew
+    again ? Q_EMIT Run_DblClick(cam, phase) : Q_EMIT Run_Click(cam, phase);
+  } else if (!again) {
+    Q_EMIT LabCam_Click(cam);
+  }
+  return true;
+}
+
+void CamDiagram::contextMenuEvent(QContextMenuEvent* event) {
+  const int cam = event->reason() == QContextMenuEvent::Mouse ? place_.CamAt(event->pos()) : -1;
+  if (cam >= 0) Q_EMIT MenuWanted(cam, event->globalPos());
 }
 
 /// Keys that move a pinned line; every other one goes on to the window.
@@ -314,24 +342,25 @@ int CamDiagram::CamOf(const QObject* bar) const {
   return found == rows_.end() ? -1 : static_cast<int>(found - rows_.begin());
 }
 
-/// The drawn phase at a place in the bar of a cam, from 0; -1 beside the runs.
-int CamDiagram::PhaseUnder(int cam, int x) const {
+/// The drawn phase at a place in the bar of a cam, none beside the runs.
+const Phase* CamDiagram::PhaseUnder(int cam, int x) const {
   const Row& row = RowOf(cam);
   const std::optional<Run> run = row.bar->RunAt(x);
-  return run ? PhaseAt(row.phases, run->on) : -1;
+  const int index = run ? PhaseAt(row.phases, run->on) : -1;
+  return index < 0 ? nullptr : &row.phases[static_cast<std::size_t>(index)];
 }
 
 void CamDiagram::ShowTip(int cam, const QHelpEvent& event) const {
   const Row& row = RowOf(cam);
-  const int index = PhaseUnder(cam, event.x());
-  if (index < 0) return QToolTip::hideText();
-  const Phase& phase = row.phases[static_cast<std::size_t>(index)];
-  const auto digits = [](int value, int width) { return ZeroFilled(value, width); };
+  const Phase* phase = PhaseUnder(cam, event.x());
+  if (phase == nullptr) return QToolTip::hideText();
+  const auto number = phase - row.phases.data() + 1;
+  const auto digits = [](std::int64_t value, int width) { return ZeroFilled(value, width); };
   const QString title = u'C' + digits(cam + 1, 2) + u' ' + row.description->text();
   const QString text =
       QStringLiteral("<p style='white-space:pre'><b>%1   F%2</b><br>ON %3  OFF %4   %5°</p>")
-          .arg(title.toHtmlEscaped(), digits(index + 1, 3), digits(phase.on, 3),
-               digits(phase.off, 3), QString::number(phase.Length()));
+          .arg(title.toHtmlEscaped(), digits(number, 3), digits(phase->on, 3),
+               digits(phase->off, 3), QString::number(phase->Length()));
   QToolTip::showText(event.globalPos(), text, row.bar, row.bar->BoxOf(*row.bar->RunAt(event.x())));
 }
 

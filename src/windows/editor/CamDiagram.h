@@ -45,7 +45,12 @@ class CamDiagram : public QWidget {
   void LabCam_Click(int cam);
   void LabCam_DblClick(int cam);
   void LDefC_DblClick(int cam);
-  /// A press anywhere else in the diagram.
+  /// A press on a drawn run of a cam, and the second one of a quick pair.
+  void Run_Click(int cam, const Phase& phase);
+  void Run_DblClick(int cam, const Phase& phase);
+  /// The menu of the row of a cam is wanted there on the screen.
+  void MenuWanted(int cam, const QPoint& place);
+  /// A press that selects nothing.
   void Pressed();
   /// What the line reads: its degree 0..359 (-1: there is none), the degrees from the first pin to
   /// the second (-1: there are not two), and the cams whose picture is ON there, "2 FEED  6 LIFT".
@@ -60,6 +65,7 @@ class CamDiagram : public QWidget {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void leaveEvent(QEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -84,7 +90,8 @@ class CamDiagram : public QWidget {
   void Read();
   void ShowTip(int cam, const QHelpEvent& event) const;
   int CamOf(const QObject* bar) const;
-  int PhaseUnder(int cam, int x) const;
+  const Phase* PhaseUnder(int cam, int x) const;
+  bool BarPressed(int cam, const QMouseEvent& event);
   QString CamsOn(int degree) const;
   const Row& RowOf(int cam) const { return rows_[static_cast<std::size_t>(cam)]; }
 

@@ -147,6 +147,9 @@ void MainWindow::ConnectAll() {
   connect(picture1_, &SizeStepper::Next, this, [this] { Picture1_Step(1); });
   connect(diagram_, &CamDiagram::LabCam_Click, this, &MainWindow::LabCam_Click);
   connect(diagram_, &CamDiagram::LabCam_DblClick, this, &MainWindow::LabCam_DblClick);
+  connect(diagram_, &CamDiagram::Run_Click, this, &MainWindow::Run_Click);
+  connect(diagram_, &CamDiagram::Run_DblClick, this, &MainWindow::Run_DblClick);
+  connect(diagram_, &CamDiagram::MenuWanted, this, &MainWindow::ShowRowMenu);
   connect(diagram_, &CamDiagram::LDefC_DblClick, sizes_, &SizeCommands::LDefC_DblClick);
   connect(sizes_, &SizeCommands::Shown, this, &MainWindow::ShowSizeCam);
   connect(sizes_, &SizeCommands::Described, this, [this](int cam) {
@@ -327,6 +330,28 @@ void MainWindow::LabCam_Click(int cam) {
 void MainWindow::LabCam_DblClick(int cam) {
   entry_->LeaveForCommand();
   if (cam == instance_.Program.CurrentCam()) entry_->Open();
+}
+
+void MainWindow::Run_Click(int cam, const Phase& phase) {
+  LabCam_Click(cam);
+  entry_->Select(phase);
+}
+
+void MainWindow::Run_DblClick(int cam, const Phase& phase) {
+  Run_Click(cam, phase);
+  entry_->OpenSelected();
+}
+
+/// The entries of the Sizes menu that act on a cam, for the cam of the row.
+void MainWindow::ShowRowMenu(int cam, const QPoint& place) {
+  if (instance_.Busy) return;
+  LabCam_Click(cam);
+  auto* menu = new QMenu(this);
+  for (const char* item : {"O_CopyC", "o_Shc", "O_ClC", "o_MODC", "o_Undo"}) {
+    menu->addAction(menuBar()->findChild<QAction*>(QString::fromLatin1(item)));
+  }
+  connect(menu, &QMenu::aboutToHide, menu, &QObject::deleteLater);
+  menu->popup(place);
 }
 
 void MainWindow::Al_Msg_Click() {

@@ -43,6 +43,10 @@ class MainWindow : public QMainWindow {
   void LabCam_Click(int cam);
   void LabCam_DblClick(int cam);
 
+  /// A drawn run of a cam: the cam is selected, then the line of the phase, if there still is one.
+  void Run_Click(int cam, const Phase& phase);
+  void Run_DblClick(int cam, const Phase& phase);
+
   /// Lets the operator choose another script and takes its texts.
   void SelectLanguage();
 
@@ -78,6 +82,7 @@ class MainWindow : public QMainWindow {
   void o_Ant_Click();
   void o_MODC_Click();
   void o_Undo_Click();
+  void ShowRowMenu(int cam, const QPoint& place);
   void Select(QDialog&& window);
   void ProgramReplaced();
   void ExchangeEnded(bool received);

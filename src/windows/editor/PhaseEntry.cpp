@@ -155,6 +155,7 @@ void PhaseEntry::ShowPhases(const PhaseList& phases) {
   const int scrolled = sameCam ? fase_->verticalScrollBar()->value() : 0;
   fase_->clear();
   fase_->addItems(phases.Lines());
+  phases_ = phases.phases;
   if (scrolled > 0) {  // the press that caused a commit goes on to the line under the pointer
     fase_->doItemsLayout();
     fase_->verticalScrollBar()->setValue(scrolled);
@@ -194,6 +195,22 @@ void PhaseEntry::Open() {
   ShowBoxes();
   gradiOff_->setEnabled(true);
   LoadFirstLine();
+  FocusOnBox();
+}
+
+void PhaseEntry::Select(const Phase& phase) {
+  const auto found = std::find(phases_.begin(), phases_.end(), phase);
+  if (found == phases_.end()) return;
+  fase_->setFocus(Qt::MouseFocusReason);
+  fase_->setCurrentRow(static_cast<int>(found - phases_.begin()));
+}
+
+void PhaseEntry::OpenSelected() {
+  Fase_DblClick();
+  FocusOnBox();
+}
+
+void PhaseEntry::FocusOnBox() {
   entered_ = Box::None;  // the ON box is entered anew, also when it has the focus already
   if (gradiOn_->hasFocus()) {
     Gained(Box::On);

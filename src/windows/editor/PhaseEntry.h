@@ -30,6 +30,11 @@ class PhaseEntry : public QWidget {
   void Open();
   void HideBoxes();
 
+  /// Selects the line of a phase, as a click on it does; nothing when the list has no such line.
+  void Select(const Phase& phase);
+  /// Opens phase entry with the selected phase.
+  void OpenSelected();
+
   /// Another program is in memory and shown: no pair of the old one may be entered into it.
   void StartAnew();
 
@@ -67,6 +72,7 @@ class PhaseEntry : public QWidget {
   void BuildControls();
   void BuildLayout();
   void ShowBoxes();
+  void FocusOnBox();
   void LoadFirstLine();
   void LoadFromLine(const QString& line);
   std::pair<int, int> Selected() const;
@@ -100,6 +106,7 @@ class PhaseEntry : public QWidget {
   bool OnTyped = false;
 
   Box entered_ = Box::None;    // the box that has the focus, menus and other programs aside
+  std::vector<Phase> phases_;  // of the list, line by line
   std::pair<int, int> shown_;  // size and cam of the list
   Pressed pressed_;
   bool redirected_ = false;  // the last press on the list went to another line

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/WindowFixture.h"
 
+#include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QTest>
@@ -237,6 +238,41 @@ class DiagramTest : public QObject {
     QCOMPARE(f.Text("StatusDegree"), u"grado 020"_qs);
     QCOMPARE(f.Focus(), u"Fase"_qs);
     QCOMPARE(f.program.CurrentCam(), 4);
+  }
+
+  /// A press on a run selects its phase, one on the empty part of a bar its cam.
+  void Clicks() {
+    WindowFixture f;
+    QVERIFY(f.StartWith(u"0-10 100-110 350-360"_qs, 3));
+    f.program.SetRow(1, 5, RowOf(u"20-30 200-210"_qs));
+    f.window->ShowSizeCam();
+    const auto click = [&f](int cam, int degree, bool twice = false) {
+      QWidget* bar = f.Find(u"Barra_%1"_qs.arg(cam));
+      const QPoint place(qRound((degree + 0.5) * bar->width() / 359.0), 3);
+      QTest::mouseClick(bar, Qt::LeftButton, {}, place);
+      if (twice) QTest::mouseDClick(bar, Qt::LeftButton, {}, place);
+    };
+    click(5, 205);
+    QCOMPARE(f.Text("SizeCam") + u' ' + f.Boxes() + u' ' + f.Focus(), u"F01 C06 200 210 Fase"_qs);
+    QVERIFY(f.Find<QListWidget>(u"Fase"_qs)->item(1)->isSelected());
+    click(5, 100, true);
+    click(3, 5, true);
+    QCOMPARE(f.Text("SizeCam") + u' ' + f.Boxes() + u' ' + f.Focus(),
+             u"F01 C04 350 010 GRADION"_qs);
+    f.Type(u"\r15"_qs);
+    click(5, 25);  // what was typed goes to the cam it was typed for
+    QCOMPARE(f.Runs(1, 3), u"0-15 100-110 350-360"_qs);
+    QCOMPARE(f.Boxes(), u"020 030"_qs);
+    f.program.ClearSize(1);
+    click(3, 105);  // drawn, and there no more
+    QCOMPARE(f.Text("SizeCam") + u' ' + f.Boxes() + f.Lines(), u"F01 C04 020 030"_qs);
+    f.prompts.Expect(Answer::No);
+    WhenOpens<QMenu>([&f](QMenu* menu) {
+      QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(f.Item("O_ClC")).center());
+    });
+    QContextMenuEvent wanted(QContextMenuEvent::Mouse, QPoint(5, 5), QCursor::pos());
+    QApplication::sendEvent(f.Find(u"LDefC_9"_qs), &wanted);
+    QTRY_COMPARE(f.prompts.Shown().value(0), u"Question YesNo: AZZERARE LA CAMMA N. 10 ?"_qs);
   }
 
   void StatusBar() {

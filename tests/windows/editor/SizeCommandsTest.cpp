@@ -70,11 +70,6 @@ class SizeCommandsTest : public QObject {
     f.window->resize(f.window->size() + QSize(40, 40));
     WindowFixture::OtherWindow();
     f.Activate();
-    for (const auto& answer : {std::optional<QString>(), std::optional(u"NEW"_qs)}) {
-      f.prompts.ExpectInput(answer);
-      f.DoubleClick(u"LDefC_7"_qs);
-    }
-    QCOMPARE(f.Text("LDefC_4"), u"NEW"_qs);
     QCOMPARE(f.Lines(), lines);
     QCOMPARE(f.Find<CamBar>(u"Barra_4"_qs)->Shown().runs.size(), std::size_t(2));
     f.Press(Qt::Key_PageDown);
@@ -135,11 +130,11 @@ class SizeCommandsTest : public QObject {
     QFETCH(QString, told);
     const bool cancels = QByteArray(QTest::currentDataTag()).endsWith("Cancel");
     WindowFixture f;
-    QVERIFY(f.StartWith(u"10-20"_qs, 4));
+    QVERIFY(f.StartWith(u"10-20"_qs, 6));
     f.program.SetCamText(4, u"OLD"_qs);
     for (const QString& answer : answers) f.prompts.ExpectInput(answer);
     if (!told.isEmpty()) f.prompts.Expect(cancels ? Answer::Cancel : Answer::Ok);
-    f.DoubleClick(u"LDefC_7"_qs);
+    f.DoubleClick(u"LDefC_4"_qs);
     QCOMPARE(f.prompts.inputs.at(0).prompt, u"DESCRIZIONE CAMMA N.5"_qs);
     QCOMPARE(f.prompts.inputs.at(0).preset, u"OLD"_qs);
     if (answers.size() > 1) QCOMPARE(f.prompts.inputs.at(1).preset, answers.at(0).left(20));
