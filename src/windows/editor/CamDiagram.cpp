@@ -31,7 +31,8 @@ QString Indexed(const char* name, int index) {
 
 }  // namespace
 
-CamDiagram::CamDiagram(QWidget* parent) : QWidget(parent), line_(new HoverLine(this)) {
+CamDiagram::CamDiagram(QWidget* parent)
+    : QWidget(parent), phaseMarks_(new PhaseMarks(this)), line_(new HoverLine(this)) {
   setMouseTracking(true);
   BuildScale();
   for (int cam = 0; cam < CamProgram::MaxCams; ++cam) BuildRow(cam);
@@ -123,6 +124,10 @@ void CamDiagram::ShowDescription(int cam, const QString& text) {
   rows_.at(static_cast<std::size_t>(cam)).description->ShowText(text);
 }
 
+void CamDiagram::MarkPhase(int cam, const std::optional<Phase>& phase) {
+  phaseMarks_->Select(RowOf(cam).bar, phase);
+}
+
 void CamDiagram::Rescale(int rowPixels, int scalePixels) {
   rowPixels_ = rowPixels;
   scalePixels_ = scalePixels;
@@ -132,6 +137,7 @@ void CamDiagram::Rescale(int rowPixels, int scalePixels) {
 void CamDiagram::SetScale() {
   place_.unitsPerDegree = place_.bars.width() / 359.0;
   for (const Row& row : rows_) row.bar->SetScale(place_.unitsPerDegree);
+  phaseMarks_->Arrange(place_, scalePixels_);
   line_->Arrange(place_, scalePixels_);
   update();
 }

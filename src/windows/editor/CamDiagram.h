@@ -4,6 +4,7 @@
 #include "controls/CamBar.h"
 #include "controls/CamLabel.h"
 #include "editor/HoverLine.h"
+#include "editor/PhaseMarks.h"
 #include "model/PhaseList.h"
 
 #include <QFrame>
@@ -32,6 +33,9 @@ class CamDiagram : public QWidget {
 
   /// Its description alone.
   void ShowDescription(int cam, const QString& text);
+
+  /// Marks a phase of a cam as the selected one; none takes the marks away.
+  void MarkPhase(int cam, const std::optional<Phase>& phase);
 
   /// Computes the units per degree from the width that is drawn on.
   void SetScale();
@@ -99,6 +103,7 @@ class CamDiagram : public QWidget {
   std::array<QLabel*, Quarters> marks_{};    // Lab_0 .. Lab_4_4
   std::array<QFrame*, FrameLines> frame_{};  // Line5 .. Line11
   DiagramPlace place_;
+  PhaseMarks* phaseMarks_;
   HoverLine* line_;
   int rowPixels_ = 12;
   int scalePixels_ = 11;

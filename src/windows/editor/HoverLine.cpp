@@ -2,6 +2,7 @@
 #include "editor/HoverLine.h"
 
 #include "controls/CamBar.h"
+#include "controls/Shades.h"
 
 #include <QPaintEvent>
 #include <QPainter>
@@ -19,13 +20,6 @@ constexpr QRgb lampRing = 0xff7a1a14;
 constexpr double lineWidth = 1.5;
 constexpr int outlineWidth = 2;
 constexpr int overEdge = 4;  // pixels right of the bars that still are degree 359
-
-/// Halfway between text and ground: seen on every ground, quieter than text.
-QColor Quiet(const QPalette& palette) {
-  const QColor a = palette.color(QPalette::WindowText);
-  const QColor b = palette.color(QPalette::Window);
-  return {(a.red() + b.red()) / 2, (a.green() + b.green()) / 2, (a.blue() + b.blue()) / 2};
-}
 
 }  // namespace
 
@@ -186,7 +180,8 @@ void HoverLine::paintEvent(QPaintEvent* event) {
 /// Lit or not is told by the form as well: a disc with a dark ring, or an empty ring.
 void HoverLine::PaintLamps(QPainter& painter, const QRegion& where) const {
   const QPen dark(QColor::fromRgb(lampRing), 1);
-  const QPen quiet(Quiet(palette()), 1);
+  const QPalette& own = palette();
+  const QPen quiet(Mixed(own.color(QPalette::WindowText), own.color(QPalette::Window), 0.5), 1);
   for (int cam = 0; cam < place_.numCams; ++cam) {
     const QRect lamp = place_.Lamp(cam);
     if (!where.intersects(lamp)) continue;

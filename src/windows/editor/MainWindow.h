@@ -15,6 +15,7 @@ class QLabel;
 
 namespace nira {
 
+struct Phase;
 class CamDiagram;
 class FileCommands;
 class LineCommands;

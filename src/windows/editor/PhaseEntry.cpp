@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "editor/PhaseEntry.h"
 
+#include "editor/PhaseDelegate.h"
 #include "ground/Text.h"
 
 #include <QFontDatabase>
@@ -58,6 +59,7 @@ PhaseEntry::PhaseEntry(Instance& instance, QWidget* parent) : QWidget(parent), i
   // A selection made with mouse or arrow keys is a click; the list's own refilling is not. A click
   // on the line that is selected already loads it once more.
   connect(fase_, &QListWidget::itemSelectionChanged, this, &PhaseEntry::Fase_Click);
+  connect(fase_, &QListWidget::itemSelectionChanged, this, &PhaseEntry::TellMarked);
   fase_->installEventFilter(this);
   fase_->viewport()->installEventFilter(this);
   connect(fase_, &QListWidget::itemClicked, this, &PhaseEntry::Fase_Click);
@@ -82,6 +84,7 @@ void PhaseEntry::BuildControls() {
   fase_ = named(new QListWidget(this), "Fase");
   tFasi_ = named(new QLabel(this), "t_fasi");
   totFasi_ = named(new QLabel(QStringLiteral("000"), this), "Tot_fasi");
+  onSum_ = named(new QLabel(this), "OnSum");
   lGrad_ = named(new QLabel(QStringLiteral(" ON    DEGR  OFF"), this), "LGrad");
   constexpr int width = PhaseList::EntryWidth;
   const auto onFilter = [this](char16_t& code) { return GRADION_KeyPress(code); };
@@ -94,6 +97,7 @@ void PhaseEntry::BuildControls() {
   gradiOn_->setAccessibleName(QStringLiteral("ON"));
   gradiOff_->setAccessibleName(QStringLiteral("OFF"));
   fase_->setUniformItemSizes(true);
+  fase_->setItemDelegate(new PhaseDelegate(fase_));
   fase_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   for (QLabel* label : {tFasi_, totFasi_}) label->setTextFormat(Qt::PlainText);
   lGrad_->setAlignment(Qt::AlignCenter);
@@ -108,8 +112,9 @@ void PhaseEntry::BuildControls() {
 void PhaseEntry::BuildLayout() {
   auto* count = new QHBoxLayout;
   count->addWidget(tFasi_);
-  count->addStretch();
   count->addWidget(totFasi_);
+  count->addStretch();
+  count->addWidget(onSum_);
   auto* line = new QFrame;
   line->setFrameShape(QFrame::HLine);
   line->setFrameShadow(QFrame::Sunken);
@@ -141,6 +146,7 @@ void PhaseEntry::Rescale(int dataPixels, int entryPixels, int width) {
   QFont heading = font();
   heading.setPixelSize(dataPixels);
   tFasi_->setFont(heading);
+  onSum_->setFont(heading);
   for (DegreeBox* box : {gradiOn_, gradiOff_}) {
     box->setFont(entry);
     box->setFixedHeight(QFontMetrics(entry).height() + 12);
@@ -161,6 +167,39 @@ void PhaseEntry::ShowPhases(const PhaseList& phases) {
     fase_->verticalScrollBar()->setValue(scrolled);
   }
   totFasi_->setText(ZeroFilled(static_cast<std::int64_t>(phases.phases.size()), 3));
+  ShowLengths();
+  TellMarked();
+}
+
+/// For how many degrees each phase is ON, and all of them with their part of the cycle.
+void PhaseEntry::ShowLengths() {
+  int sum = 0;
+  for (int row = 0; row < fase_->count(); ++row) {
+    const int length = phases_[static_cast<std::size_t>(row)].Length();
+    fase_->item(row)->setData(PhaseDelegate::Length, QString(QString::number(length) + u'°'));
+    sum += length;
+  }
+  const int percent = qRound(sum * 100.0 / CamProgram::Degrees);
+  onSum_->setText(QStringLiteral("ON %1°  %2 %").arg(sum).arg(percent));
+}
+
+void PhaseEntry::TellMarked() {
+  const int row = fase_->selectedItems().isEmpty() ? -1 : fase_->currentRow();
+  std::optional<Phase> phase;
+  if (row >= 0) phase = phases_[static_cast<std::size_t>(row)];
+  Q_EMIT Marked(shown_.second, phase);
+}
+
+/// The phase that was just written is selected, but not loaded: the boxes keep what they hold. A
+/// press on the list finds it where it was.
+void PhaseEntry::SelectWritten(int on, int off) {
+  const int row = on == off ? -1 : PhaseAt(phases_, on);
+  if (row < 0 || shown_ != Selected()) return;
+  const QSignalBlocker quiet(fase_);
+  const int scrolled = fase_->verticalScrollBar()->value();
+  fase_->setCurrentRow(row);
+  if (fase_->hasFocus()) fase_->verticalScrollBar()->setValue(scrolled);
+  TellMarked();
 }
 
 void PhaseEntry::ShowBoxes() {
@@ -262,7 +301,9 @@ bool PhaseEntry::TakePress(const QPoint& place) {
   const QListWidgetItem* under = fase_->itemAt(place);
   if (under != nullptr && same(under->text())) return false;
   for (int row = 0; row < fase_->count(); ++row) {
-    if (same(fase_->item(row)->text())) fase_->setCurrentRow(row);
+    if (!same(fase_->item(row)->text())) continue;
+    fase_->setCurrentRow(row);
+    Fase_Click();  // also when it is the one that was just written
   }
   return true;
 }
@@ -419,13 +460,15 @@ void PhaseEntry::GRADIOFF_LostFocus() {
   CamProgram& program = instance_.Program;
   const std::uint64_t before = program.Revision();
   program.KeepUndoRow();
-  program.SetPhase(program.CurrentSize(), program.CurrentCam(), DegreeOf(*gradiOn_),
-                   DegreeOf(*gradiOff_));
+  const int on = DegreeOf(*gradiOn_);
+  const int off = DegreeOf(*gradiOff_);
+  program.SetPhase(program.CurrentSize(), program.CurrentCam(), on, off);
   // Entering the ON box has said so already, unless a save came between or the OFF box was entered
   // by itself.
   if (program.Revision() != before) program.IsSaved = false;
   edited_ = false;
   Q_EMIT Committed();
+  SelectWritten(on, off);
 }
 
 }  // namespace nira

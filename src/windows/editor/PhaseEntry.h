@@ -8,7 +8,9 @@
 #include <QStringList>
 #include <QWidget>
 
+#include <optional>
 #include <utility>
+#include <vector>
 
 class QLabel;
 class QListWidget;
@@ -53,6 +55,8 @@ class PhaseEntry : public QWidget {
  Q_SIGNALS:
   /// A phase was committed; the row as it was before is in the program's undo row.
   void Committed();
+  /// The phase of the selected line of the list, none without one, and its cam.
+  void Marked(int cam, const std::optional<Phase>& phase);
   /// The selected cam is not the one that is drawn.
   void SelectionMoved();
 
@@ -88,6 +92,9 @@ class PhaseEntry : public QWidget {
   void GRADION_LostFocus();
   void GRADIOFF_LostFocus();
   void StepCam(char16_t code);
+  void ShowLengths();
+  void SelectWritten(int on, int off);
+  void TellMarked();
   bool TakeMouse(QEvent* event);
   bool TakePress(const QPoint& place);
   void KeepPressed();
@@ -97,6 +104,7 @@ class PhaseEntry : public QWidget {
   QListWidget* fase_;
   QLabel* tFasi_;
   QLabel* totFasi_;
+  QLabel* onSum_;
   QLabel* lGrad_;
   DegreeBox* gradiOn_;
   DegreeBox* gradiOff_;

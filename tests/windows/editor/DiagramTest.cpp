@@ -275,6 +275,41 @@ class DiagramTest : public QObject {
     QTRY_COMPARE(f.prompts.Shown().value(0), u"Question YesNo: AZZERARE LA CAMMA N. 10 ?"_qs);
   }
 
+  /// The selected phase is framed and flagged; the one that was written is selected, not loaded.
+  void Marks() {
+    WindowFixture f;
+    QVERIFY(f.StartWith(u"100-110 200-230"_qs, 3));
+    const auto flags = [&f] {
+      const QImage shown = Picture(f, u"Diagram"_qs);
+      const QRect mark = f.Find(u"Lab_1_4"_qs)->geometry();
+      QStringList found;
+      for (int x = 0; x < shown.width(); ++x) {
+        const bool flag = shown.pixel(x, mark.top() - 1) == lightBlue;
+        if (flag && shown.pixel(x - 1, mark.top() - 1) != lightBlue)
+          found.append(QString::number(x));
+      }
+      return found.size();
+    };
+    QCOMPARE(flags(), 0);
+    f.ClickLine(1);
+    QCOMPARE(flags(), 2);
+    const auto* bar = f.Find<CamBar>(u"Barra_3"_qs);
+    const QRect box = bar->BoxOf({200, 230});
+    const QImage framed = Picture(f, u"Barra_3"_qs);
+    QCOMPARE(QColor(framed.pixel(box.left(), box.top() + 1)), QColor(black));
+    QCOMPARE(QColor(framed.pixel(box.left(), box.center().y())), QColor(white));  // a handle
+    QCOMPARE(QColor(framed.pixel(box.center())), QColor(lightBlue));
+    f.Enter(u"300\r310\r"_qs);
+    const QList<QListWidgetItem*> chosen = f.Find<QListWidget>(u"Fase"_qs)->selectedItems();
+    QCOMPARE(chosen.value(0)->text(), u"F003 300 310"_qs);
+    QCOMPARE(chosen.value(0)->data(Qt::UserRole).toString(), u"10°"_qs);
+    QCOMPARE(f.Boxes(), u"100 310"_qs);
+    QCOMPARE(f.Text("OnSum"), u"ON 50°  14 %"_qs);
+    QCOMPARE(flags(), 2);
+    f.Press(Qt::Key_PageDown);
+    QCOMPARE(flags(), 0);
+  }
+
   void StatusBar() {
     WindowFixture f;
     QVERIFY(f.StartWith(u"10-20"_qs));

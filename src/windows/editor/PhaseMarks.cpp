@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "editor/PhaseMarks.h"
+
+#include <QPainter>
+#include <QPolygon>
+
+#include <algorithm>
+
+namespace nira {
+
+namespace {
+
+constexpr QRgb flagText = 0xffffffff;
+constexpr int frame = 2;
+constexpr QSize handle(5, 7);
+constexpr int flagGap = 6;  // from the end of the phase to its flag
+constexpr int pointer = 4;  // half the width of what points from a flag to the bar
+constexpr int slack = 5;    // of frame and handles around a box
+
+/// The boxes of a phase: two when it goes across the end of the cycle.
+std::vector<Run> RunsOf(const Phase& phase) {
+  constexpr int cycle = CamProgram::Degrees;
+  if (phase.on < phase.off) return {{phase.on, phase.off, false, phase.off == cycle}};
+  std::vector<Run> runs = {{phase.on, cycle, true, true}};
+  if (phase.off > 0) runs.push_back({0, phase.off, true, false});
+  return runs;
+}
+
+void PaintHandle(QPainter& painter, int x, const QRect& box) {
+  QRect place({}, handle.boundedTo({handle.width(), box.height()}));
+  place.moveCenter({x, box.center().y()});
+  painter.fillRect(place, QColor::fromRgb(colours::text));
+  painter.fillRect(place.adjusted(1, 1, -1, -1), QColor::fromRgb(colours::bar));
+}
+
+}  // namespace
+
+PhaseMarks::PhaseMarks(QWidget* diagram) : QWidget(diagram) {
+  setObjectName(QStringLiteral("PhaseMarks"));
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void PhaseMarks::Arrange(const DiagramPlace& place, int scalePixels) {
+  place_ = place;
+  font_ = font();
+  font_.setPixelSize(scalePixels);
+  font_.setBold(true);
+  setGeometry(parentWidget()->rect());
+  raise();
+  update();
+}
+
+void PhaseMarks::Select(const CamBar* bar, const std::optional<Phase>& phase) {
+  if (bar == bar_ && phase == phase_) return;
+  const QRegion before = Places();
+  bar_ = bar;
+  phase_ = phase;
+  update(before + Places());
+}
+
+/// From the ON end on.
+std::vector<QRect> PhaseMarks::Boxes() const {
+  std::vector<QRect> boxes;
+  for (const Run& run : RunsOf(*phase_)) boxes.push_back(bar_->BoxOf(run).translated(bar_->pos()));
+  return boxes;
+}
+
+/// The flags stand outside the phase, and beside each other where there is no room.
+PhaseMarks::Flags PhaseMarks::FlagPlaces() const {
+  const QFontMetrics metrics(font_);
+  const int width = metrics.horizontalAdvance(QStringLiteral("000")) + 8;
+  const int height = metrics.height() + 2;
+  const int top = std::max(0, place_.bars.top() - DiagramPlace::Tick - 2 - height);
+  const std::vector<QRect> boxes = Boxes();
+  Flags flags;
+  flags.onX = boxes.front().left();
+  flags.offX = boxes.back().right();
+  const int right = std::min(flags.offX + flagGap, this->width() - width);
+  const int left = std::max(0, flags.onX - flagGap - width);
+  flags.off = QRect(right, top, width, height);
+  flags.on = QRect(left, top, width, height);
+  if (flags.on.intersects(flags.off)) flags.on.moveRight(flags.off.left() - 2);
+  return flags;
+}
+
+QRegion PhaseMarks::Places() const {
+  if (!phase_) return {};
+  QRegion places;
+  for (const QRect& box : Boxes()) places += box.adjusted(-slack, -slack, slack, slack);
+  const Flags flags = FlagPlaces();
+  for (const QRect& flag : {flags.on, flags.off}) {
+    places += flag.adjusted(-1, -1, 1, 1);
+  }
+  for (const int x : {flags.onX, flags.offX}) {
+    places +=
+        QRect(QPoint(x - pointer - 1, flags.on.top()), QPoint(x + pointer + 1, place_.bars.top()));
+  }
+  return places;
+}
+
+void PhaseMarks::paintEvent(QPaintEvent*) {
+  if (!phase_) return;
+  QPainter painter(this);
+  PaintFrame(painter);
+  PaintFlags(painter);
+}
+
+void PhaseMarks::PaintFrame(QPainter& painter) const {
+  const std::vector<QRect> boxes = Boxes();
+  painter.setPen(
+      QPen(QColor::fromRgb(colours::text), frame, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+  for (const QRect& box : boxes) painter.drawRect(box.adjusted(0, 0, 1, 1));
+  PaintHandle(painter, boxes.front().left(), boxes.front());
+  PaintHandle(painter, boxes.back().right(), boxes.back());
+}
+
+void PhaseMarks::PaintFlags(QPainter& painter) const {
+  const Flags flags = FlagPlaces();
+  const auto paint = [&](const QRect& flag, int x, int degree) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor::fromRgb(colours::selectedRun));
+    painter.drawRoundedRect(flag, 2, 2);
+    const int tip = place_.bars.top() - 2;
+    const int top = tip - DiagramPlace::Tick + 2;
+    painter.drawPolygon(QPolygon({{x - pointer, top}, {x + pointer, top}, {x, tip}}));
+    painter.setPen(QColor::fromRgb(flagText));
+    painter.drawText(flag, Qt::AlignCenter, QString::number(degree));
+  };
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setFont(font_);
+  paint(flags.on, flags.onX, phase_->on);
+  paint(flags.off, flags.offX, phase_->off);
+}
+
+}  // namespace nira

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "controls/CamBar.h"
+#include "editor/HoverLine.h"
+
+#include <QWidget>
+
+#include <optional>
+
+namespace nira {
+
+/// What is marked over the bar of the selected cam: the phase that is selected in the list, framed,
+/// with a handle at either end and its degrees as two flags on the upper scale.
+class PhaseMarks : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit PhaseMarks(QWidget* diagram);
+
+  /// New places, and the pixels of the numbers on the scale.
+  void Arrange(const DiagramPlace& place, int scalePixels);
+
+  /// The selected phase, in the bar in which it is drawn; none takes the marks away.
+  void Select(const CamBar* bar, const std::optional<Phase>& phase);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  struct Flags {
+    QRect on;
+    QRect off;
+    int onX = 0;  // where the phase begins and ends
+    int offX = 0;
+  };
+
+  std::vector<QRect> Boxes() const;
+  Flags FlagPlaces() const;
+  QRegion Places() const;
+  void PaintFrame(QPainter& painter) const;
+  void PaintFlags(QPainter& painter) const;
+
+  DiagramPlace place_;
+  QFont font_;
+  const CamBar* bar_ = nullptr;
+  std::optional<Phase> phase_;
+};
+
+}  // namespace nira
