@@ -4,12 +4,14 @@
 
 #include "controls/ProgramStyle.h"
 #include "dialogs/QtPrompts.h"
+#include "dialogs/clsCommonDialog.h"
 #include "functions/FuncSel.h"
 #include "ground/SystemClock.h"
 #include "line/QtSerialControl.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QScrollBar>
 #include <QTextStream>
 
 #include <algorithm>

@@ -4,6 +4,7 @@
 
 #include "ListingPainter.h"
 #include "Programs.h"
+#include "listing/Listing.h"
 
 #include <QElapsedTimer>
 #include <QFile>

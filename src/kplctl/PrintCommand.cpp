@@ -3,6 +3,7 @@
 #include "Commands.h"
 #include "ListingPainter.h"
 #include "Printable.h"
+#include "listing/Listing.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>

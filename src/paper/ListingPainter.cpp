@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ListingPainter.h"
 
+#include "listing/Listing.h"
+
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>

@@ -2,13 +2,15 @@
 #pragma once
 
 #include "PagedDocument.h"
-#include "listing/Listing.h"
 
 #include <QFont>
+#include <QStringList>
 
 #include <vector>
 
 namespace nira {
+
+class Listing;
 
 /// A listing on paper, in black on white: a heading on every page, the functions block in columns,
 /// then size by size a table of the cams and the diagram below it. A size that fits on one page is

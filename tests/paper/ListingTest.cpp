@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ListingPainter.h"
 #include "ground/Text.h"
+#include "listing/Listing.h"
 #include "support/PaintRecorder.h"
 
 #include <QTest>

@@ -3,9 +3,17 @@
 
 #include "controls/CamLabel.h"
 #include "controls/Digits.h"
+#include "controls/FocusScrollBar.h"
+#include "files/MessageTable.h"
+#include "functions/ShiftDiagram.h"
 #include "ground/Text.h"
+#include "model/AdvanceCalculator.h"
 
+#include <QHBoxLayout>
+#include <QLabel>
 #include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
 
 #include <algorithm>
 

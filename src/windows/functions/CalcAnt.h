@@ -1,18 +1,20 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "controls/FocusScrollBar.h"
-#include "files/MessageTable.h"
-#include "functions/ShiftDiagram.h"
-#include "model/AdvanceCalculator.h"
+#include "model/CamProgram.h"
 
 #include <QDialog>
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QTimer>
-#include <QVBoxLayout>
+
+class QHBoxLayout;
+class QLabel;
+class QTimer;
+class QVBoxLayout;
 
 namespace nira {
+
+class FocusScrollBar;
+class MessageTable;
+class ShiftDiagram;
 
 /// The advance calculator: what an advance time means in degrees at a speed, which time gives a
 /// wanted angle, and the selected cam shifted by the result. It changes nothing in the program.

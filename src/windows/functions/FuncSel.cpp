@@ -1,15 +1,22 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "functions/FuncSel.h"
 
+#include "functions/ValueColumns.h"
+#include "functions/ValueScroll.h"
 #include "ground/Text.h"
 
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QGridLayout>
+#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QScreen>
 #include <QSignalBlocker>
 #include <QVBoxLayout>

@@ -3,20 +3,23 @@
 
 #include "controls/Instance.h"
 #include "controls/NumberBox.h"
-#include "functions/ValueColumns.h"
-#include "functions/ValueScroll.h"
 #include "model/FunctionRules.h"
 
-#include <QCheckBox>
 #include <QDialog>
-#include <QGroupBox>
-#include <QPushButton>
-#include <QRadioButton>
 
 #include <array>
 #include <functional>
 
+class QCheckBox;
+class QGroupBox;
+class QLabel;
+class QPushButton;
+class QRadioButton;
+
 namespace nira {
+
+class ValueColumns;
+class ValueScroll;
 
 /// The functions window: which functions work, the value of each cam or group, and the
 /// configuration. Values are in the program as soon as they are changed; the boxes are taken over

@@ -5,15 +5,17 @@
 #include "listing/Listing.h"
 #include "printing/PrintPane.h"
 
-#include <QCheckBox>
-#include <QComboBox>
 #include <QDialog>
-#include <QRadioButton>
-#include <QSpinBox>
-#include <QTimer>
+#include <QPageSize>
 
 #include <memory>
 #include <vector>
+
+class QCheckBox;
+class QComboBox;
+class QRadioButton;
+class QSpinBox;
+class QTimer;
 
 namespace nira {
 

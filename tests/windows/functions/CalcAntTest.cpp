@@ -3,6 +3,7 @@
 #include "support/Tables.h"
 #include "support/WindowFixture.h"
 
+#include <QScrollBar>
 #include <QTest>
 
 namespace nira {

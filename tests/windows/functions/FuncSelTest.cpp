@@ -4,6 +4,10 @@
 #include "support/Tables.h"
 #include "support/WindowFixture.h"
 
+#include <QCheckBox>
+#include <QRadioButton>
+#include <QScrollBar>
+
 #include <random>
 
 namespace nira {

@@ -5,6 +5,7 @@
 
 #include <QComboBox>
 #include <QPrinter>
+#include <QSpinBox>
 
 namespace nira {
 
