@@ -59,14 +59,19 @@ std::optional<QString> QuotedText(std::string_view line) {
 }
 
 MessagesToSend LookThrough(LineReader& lines) {
+  const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 127; };
   MessagesToSend found;
   for (auto line = lines.Next(); line && !line->starts_with(EndWord); line = lines.Next()) {
     if (lines.LineNumber() == 1) found.Sendable = IsMessageLine(*line);
-    const QString text = QuotedText(*line).value_or(QString());
-    found.HasText = found.HasText || !TrimLeft(text).isEmpty();
-    found.Control = UntypableCharacter(text);
-    found.Number = NumberInLine(*line);
-    if (!found.Control.isEmpty() || lines.Overlong()) break;
+    const std::string_view text = QuotedBytes(*line).value_or(std::string_view());
+    found.HasText = found.HasText || text.find_first_not_of(' ') != std::string_view::npos;
+    const auto control = std::find_if(text.begin(), text.end(), isControl);
+    if (control != text.end()) {
+      found.Control = UntypableCharacter(FromBytes({&*control, 1}));
+      found.Number = NumberInLine(*line);
+      break;
+    }
+    if (lines.Overlong()) break;
   }
   return found;
 }
