@@ -157,6 +157,15 @@ class OnLineTest : public QObject {
     LineFixture damaged({u"bad-checksum=9"_qs});
     QCOMPARE(damaged.Run(receive), 1);
     QVERIFY2(damaged.err.contains(u"NOT received: not all of it came"_qs), qPrintable(damaged.err));
+    const QString kept = damaged.err.section(u"what came is kept in "_qs, 1).trimmed();
+    QVERIFY2(ReadBytes(kept).endsWith("END\r\n"), qPrintable(damaged.err));
+    QVERIFY(QDir(QFileInfo(kept).path()).removeRecursively());
+    LineFixture nowhere;
+    QCOMPARE(nowhere.Run([&nowhere](LineSession& session) {
+      return ReceiveMessages(session, nowhere.Path(u"none/back.msg"_qs));
+    }),
+             1);
+    QCOMPARE(nowhere.serial.BytesSent(), 0);
     QCOMPARE(ReadBytes(back), ReadBytes(sample));
     const auto sendAll = [&sample](LineSession& session) { return SendMessages(session, sample); };
     LineFixture silent({u"no-answer"_qs});
