@@ -7,10 +7,13 @@
 #include "ground/SystemClock.h"
 #include "line/QtSerialControl.h"
 #include "line/SerialLink.h"
+#include "line/WorkFile.h"
+#include "messages/MessageFile.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QSaveFile>
 
 #include <algorithm>
 #include <array>
@@ -54,11 +57,13 @@ LineSession::LineSession(Console& console, const Arguments& arguments, const Wor
                          PortNames& names, SerialControl& port, Clock& clock)
     : console_(console),
       arguments_(arguments),
+      folder_(folder),
+      work_(private_.path()),
       trace_(clock),
       progress_(console.Err, IsTerminal(console.Err)),
       prompts_(console.Ask, progress_),
       port_(port, clock, trace_, interrupt_),
-      comm_{port_, clock, Program, Settings, console.Texts, console.Writer, folder, prompts_} {
+      comm_{port_, clock, Program, Settings, console.Texts, console.Writer, work_, prompts_} {
   OptionsFile(folder, Settings, prompts_, console.Writer).ReadQuietly();
   ChoosePort(names);
   Settings.BaudRate = arguments.Number("baud").value_or(Settings.BaudRate);
@@ -80,6 +85,26 @@ void LineSession::ChoosePort(PortNames& names) {
   }
 }
 
+void LineSession::Remark(const QString& file, const QString& text) {
+  if (text.isEmpty()) return;
+  console_.Err << Printable(file) << ": " << Printable(text) << Qt::endl;
+}
+
+bool LineSession::CanWrite(const QString& file) {
+  const QFileInfo target(file);
+  const bool other = target.exists() && !target.isFile();
+  QSaveFile probe(file);  // gone again without a commit
+  if (!other && probe.open(QIODevice::WriteOnly)) return true;
+  Remark(file, QStringLiteral("cannot be written: ") +
+                   (other ? QStringLiteral("is not a file") : probe.errorString()));
+  return false;
+}
+
+void LineSession::KeepReceived(const QString& file, const char* name) {
+  private_.setAutoRemove(false);
+  Remark(file, QStringLiteral("what came is kept in ") + work_.Find(QString::fromLatin1(name)));
+}
+
 void LineSession::TellPort() {
   if (told_) return;
   told_ = true;
@@ -88,18 +113,27 @@ void LineSession::TellPort() {
                << (port_.IsSimulated() ? ", a simulated programmer" : "") << Qt::endl;
 }
 
+/// True for the files that the command names, what is kept of them, and the work files of the
+/// windows.
+bool LineSession::IsOwn(const QString& path) const {
+  QStringList own;
+  for (const QString& word : arguments_.Words) own << word << word + QStringLiteral(".bak");
+  for (const char* name : {WorkFile::Sizes, MessageFile::WorkName}) {
+    own << folder_.Find(QString::fromLatin1(name));
+  }
+  return std::any_of(own.begin(), own.end(), [&path](const QString& file) {
+    return SameFile(QFileInfo(path), QFileInfo(file));
+  });
+}
+
 /// Begins the trace that was asked for; returns what is in the way. A file is replaced only after
 /// asking, and never one that the command itself works with.
 QString LineSession::BeginTrace() {
   const QString path = arguments_.Text("trace");
   if (path.isEmpty() || trace_.IsOpen()) return {};
-  const QFileInfo file(path);
-  const bool own =
-      std::any_of(arguments_.Words.begin(), arguments_.Words.end(),
-                  [&file](const QString& word) { return SameFile(file, QFileInfo(word)); });
   const QString shown = QStringLiteral("trace ") + path + QStringLiteral(": ");
-  if (own) return QString(shown + QStringLiteral("that is the file of the command itself"));
-  if (file.isFile() && !MayReplace(console_, {}, path)) {
+  if (IsOwn(path)) return QString(shown + QStringLiteral("that is the file of the command itself"));
+  if (QFileInfo(path).isFile() && !MayReplace(console_, {}, path)) {
     return QString(shown + QStringLiteral("not replaced"));
   }
   const QString reason = trace_.Open(path);

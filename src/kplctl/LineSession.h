@@ -10,6 +10,8 @@
 #include "line/Comm.h"
 #include "line/PortNames.h"
 
+#include <QTemporaryDir>
+
 #include <functional>
 #include <optional>
 
@@ -56,7 +58,8 @@ class LinePrompts : public Prompts {
 /// program, where it shows how far it is, the trace, and an orderly end at Ctrl+C.
 class LineSession {
  public:
-  /// The working folder gives the options file, when it has one, and takes the work files.
+  /// The working folder gives the options file, when it has one. The work files stand in a folder
+  /// that no other command shares.
   LineSession(Console& console, const Arguments& arguments, const WorkingFolder& folder,
               PortNames& names, SerialControl& port, Clock& clock);
 
@@ -67,6 +70,16 @@ class LineSession {
   /// Ends the trace; false, after a line about it, when something is missing in it.
   bool EndTrace();
 
+  /// Prints a line about a file, unless it is empty.
+  void Remark(const QString& file, const QString& text);
+
+  /// True when a file can be written there; otherwise that is told.
+  bool CanWrite(const QString& file);
+
+  /// What came was taken over but could not be written to the file: the work file of that name is
+  /// kept, and told.
+  void KeepReceived(const QString& file, const char* name);
+
   Console& Terminal() { return console_; }
   Comm& Line() { return comm_; }
   TransferReport& Report() { return progress_; }
@@ -75,6 +88,7 @@ class LineSession {
 
  private:
   void ChoosePort(PortNames& names);
+  bool IsOwn(const QString& path) const;
   QString BeginTrace();
   std::optional<QString> Closed(const std::function<TransferEnd()>& exchange);
   QString Reason(TransferEnd end) const;
@@ -82,7 +96,10 @@ class LineSession {
 
   Console& console_;
   const Arguments& arguments_;
+  const WorkingFolder& folder_;
   Interrupt interrupt_;
+  QTemporaryDir private_;
+  WorkingFolder work_;
   LineTrace trace_;
   LineProgress progress_;
   LinePrompts prompts_;

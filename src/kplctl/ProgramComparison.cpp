@@ -2,11 +2,11 @@
 #include "ProgramComparison.h"
 
 #include "ground/Text.h"
-#include "line/WireFunctions.h"
 #include "model/FunctionFields.h"
+#include "model/FunctionRules.h"
+#include "model/PhaseList.h"
 
 #include <algorithm>
-#include <functional>
 
 namespace nira {
 
@@ -37,11 +37,6 @@ QString Quoted(const QString& text) {
   return TrimLeft(text).isEmpty() ? QStringLiteral("none") : QString(u'"' + text + u'"');
 }
 
-/// A cam that is never or always on has no phase to send.
-bool HasPhase(const CamRow& row) {
-  return std::adjacent_find(row.begin(), row.end(), std::not_equal_to<>()) != row.end();
-}
-
 QString DegreesText(int first, int last) {
   if (first == last) return QStringLiteral("degree ") + QString::number(first);
   return QStringLiteral("degrees %1 to %2").arg(first).arg(last);
@@ -54,7 +49,9 @@ ProgramComparison::ProgramComparison(const CamProgram& sent, const CamProgram& b
     Add(QStringLiteral("model"), ModelText(sent), ModelText(back));
     return;
   }
-  CompareFunctions(sent.Functions(), back.Functions(), sent.NumCams());
+  FunctionsBlock carried = sent.Functions();
+  carried.AdvanceLast = static_cast<std::int16_t>(sent.LastAdvance());
+  CompareFunctions(carried, back.Functions(), sent.NumCams());
   CompareTexts(sent, back);
   CompareSizes(sent, back);
 }
@@ -72,7 +69,7 @@ void ProgramComparison::CompareFunctions(const FunctionsBlock& sent, const Funct
     for (int cam = 0; cam < (field.IsPerCam() ? cams : 1); ++cam) {
       if (!IsCarried(field, sent, cams, cam)) continue;
       int expected = field.Value(sent, cam);
-      if (field.IsPerCam()) expected = std::min(expected, WireFunctions::LongestAdvance);
+      if (field.IsPerCam()) expected = std::min(expected, HighestTime);
       const int found = field.Value(back, cam);
       if (expected == found) continue;
       QString where = QLatin1String(field.name);

@@ -6,6 +6,7 @@
 #include "ProgramTransfer.h"
 #include "line/SizeTransfer.h"
 #include "line/TransferJobs.h"
+#include "line/WorkFile.h"
 
 #include <QFileInfo>
 
@@ -23,21 +24,27 @@ int RunReceive(Console& console, const Arguments& arguments) {
 int ReceiveProgram(LineSession& session, const Arguments& arguments) {
   Console& console = session.Terminal();
   const QString& file = arguments.Words.first();
+  // Before minutes on the line.
   const bool replaces = QFileInfo::exists(file);
-  if (!MayReplace(console, {}, file)) return Console::Failed;  // before minutes on the line
-  const auto reason = session.Run([&session] {
-    return SizeTransfer(session.Line()).Rc_Siz([&session](const Job& job) {
+  if (!MayReplace(console, {}, file) || !session.CanWrite(file)) return Console::Failed;
+  SizeTransfer transfer(session.Line());
+  const auto reason = session.Run([&session, &transfer] {
+    return transfer.Rc_Siz([&session](const Job& job) {
       return TransferJobs(session.Line(), session.Report()).Run(job);
     });
   });
   if (reason) {
-    console.Err << Printable(file) << ": NOT received: " << Printable(*reason) << Qt::endl;
+    session.Remark(file, QStringLiteral("NOT received: ") + *reason);
     return Console::Failed;
   }
   const int status = SaveCamFile(console, replaces ? file : QString(), file, session.Program);
-  if (status != Console::Good) return status;
+  if (status != Console::Good) {
+    session.KeepReceived(file, WorkFile::Sizes);
+    return status;
+  }
+  session.Remark(file, transfer.Remark());
   for (const QString& lost : NotKept(session.Program, ReadBack(session.Program))) {
-    console.Err << Printable(file) << ": " << lost << '\n';
+    session.Remark(file, lost);
   }
   return Console::Good;
 }

@@ -28,7 +28,7 @@ void TellDifferences(Console& console, const QString& file, const ProgramCompari
 int VerifySent(LineSession& session, const QString& file) {
   Console& console = session.Terminal();
   const auto sent = std::make_unique<CamProgram>(session.Program);
-  session.Program.IsSaved = true;  // nobody has to be asked: the file holds it
+  session.Program.TakeAsSaved();  // nobody has to be asked: the file holds it
   const auto reason = session.Run([&session] {
     return SizeTransfer(session.Line()).Rc_Siz([&session](const Job& job) {
       return TransferJobs(session.Line(), session.Report()).Run(job);
@@ -60,17 +60,20 @@ int SendProgram(LineSession& session, const Arguments& arguments) {
   const QString& file = arguments.Words.first();
   if (!OpenCamFile(console, file, {}, session.Program)) return Console::Failed;
   bool begun = false;
-  const auto reason = session.Run([&session, &begun] {
-    return SizeTransfer(session.Line()).Tr_Siz([&session, &begun](const Job& job) {
+  SizeTransfer transfer(session.Line());
+  const auto reason = session.Run([&session, &transfer, &begun] {
+    return transfer.Tr_Siz([&session, &begun](const Job& job) {
       begun = true;
       return TransferJobs(session.Line(), session.Report()).Run(job);
     });
   });
   if (reason) {
-    console.Err << Printable(file) << ": NOT sent: " << Printable(*reason)
-                << (begun ? "; the programmer may hold a part of it" : "") << Qt::endl;
+    session.Remark(
+        file, QStringLiteral("NOT sent: ") + *reason +
+                  (begun ? QStringLiteral("; the programmer may hold a part of it") : QString()));
     return Console::Failed;
   }
+  session.Remark(file, transfer.Remark());
   console.Out << Printable(file) << ": sent: " << Summary(session.Program) << Qt::endl;
   return arguments.Has("verify") ? VerifySent(session, file) : Console::Good;
 }

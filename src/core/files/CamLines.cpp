@@ -85,8 +85,8 @@ void WriteFunctionsBlock(const CamProgram& program, std::string& file) {
   AddLine(file, std::string(FunctionsWord) + " " + Num(program.NumCams()) + "-" +
                     Num(program.NumSizes()));
   if (f.AdvanceOn == 1) {
-    AddLine(file, "ANTICIPI ON   " + Num(f.AdvanceLast));
-    for (int i = 1; i <= f.AdvanceLast; ++i) {
+    AddLine(file, "ANTICIPI ON   " + Num(program.LastAdvance()));
+    for (int i = 1; i <= program.LastAdvance(); ++i) {
       AddLine(file, "ANTICIPO CAMS  " + ZeroFill(i, 2) + " ms  " +
                         Num(f.CamFunc[static_cast<std::size_t>(i)]));
     }

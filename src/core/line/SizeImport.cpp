@@ -29,14 +29,6 @@ Refusal ReadSizes(CamProgram& program, LineReader& lines, std::string line) {
   return std::nullopt;
 }
 
-Refusal ReadInto(CamProgram& program, LineReader& lines) {
-  FunctionsBlock block = program.Functions();
-  WireFunctions functions(lines, block, program.NumCams());
-  if (!functions.Read()) return BadLine(functions.Line());
-  program.SetFunctions(block);
-  return ReadSizes(program, lines, functions.Line());
-}
-
 }  // namespace
 
 Refusal SizeImport::Import(std::string_view received) {
@@ -48,6 +40,16 @@ Refusal SizeImport::Import(std::string_view received) {
   program->IsSaved = false;
   program_ = *program;
   return std::nullopt;
+}
+
+Refusal SizeImport::ReadInto(CamProgram& program, LineReader& lines) {
+  FunctionsBlock block = program.Functions();
+  WireFunctions functions(lines, block, program.NumCams());
+  if (Refusal refusal = functions.Read()) return refusal;
+  program.SetFunctions(block);
+  remarks_ = OutOfRange(program);
+  if (!functions.Doubtful().empty()) remarks_.append(ShownLine(functions.Doubtful()));
+  return ReadSizes(program, lines, functions.Line());
 }
 
 /// The programmer's header, "FUNZIONI 32-22", names the cams before its "-".

@@ -5,6 +5,8 @@
 #include "ground/Result.h"
 #include "model/CamProgram.h"
 
+#include <QStringList>
+
 #include <string_view>
 
 namespace nira {
@@ -20,10 +22,15 @@ class SizeImport {
   /// characters that should be the number in `Text`, or `BadLine`.
   Refusal Import(std::string_view received);
 
+  /// What of the program that was taken over the operator should look at, as `OutOfRange` puts it.
+  const QStringList& Remarks() const { return remarks_; }
+
  private:
   Refusal CheckHeader(LineReader& lines) const;
+  Refusal ReadInto(CamProgram& program, LineReader& lines);
 
   CamProgram& program_;
+  QStringList remarks_;
 };
 
 }  // namespace nira

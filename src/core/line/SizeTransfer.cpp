@@ -5,7 +5,10 @@
 #include "line/SerialLink.h"
 #include "line/SizeImport.h"
 #include "line/TransferFault.h"
+#include "line/WireFunctions.h"
 #include "line/WorkFile.h"
+#include "model/FunctionRules.h"
+#include "model/PhaseList.h"
 
 #include <QDir>
 
@@ -18,10 +21,25 @@ namespace {
 bool UsesFunctionsAbove(const CamProgram& program, int cams) {
   const FunctionsBlock& f = program.Functions();
   const bool groups = f.DelayOn != 0 || f.Ratio17On != 0 || f.Ratio25On != 0;
-  const bool lost = cams < program.NumCams() && program.NumCams() == FunctionsBlock::MaxCams;
+  const bool lost = cams < program.NumCams() && HasGroups(program.NumCams());
   if (groups && lost) return true;
-  for (int cam = cams; f.AdvanceOn != 0 && cam <= f.AdvanceLast; ++cam) {
+  for (int cam = cams; f.AdvanceOn != 0 && cam <= program.LastAdvance(); ++cam) {
     if (f.CamFunc[static_cast<std::size_t>(cam)] != 0) return true;
+  }
+  return false;
+}
+
+/// True when the limits of `now` leave something out that `before` uses.
+bool Hides(const CamProgram& now, const CamProgram& before) {
+  return UsesMore(before, now.NumSizes(), now.NumCams());
+}
+
+/// True when there is a phase to send in any size.
+bool HasPhases(const CamProgram& program) {
+  for (int size = 1; size <= program.NumSizes(); ++size) {
+    for (int cam = 0; cam < program.NumCams(); ++cam) {
+      if (HasPhase(program.CamMap(size, cam))) return true;
+    }
   }
   return false;
 }
@@ -41,41 +59,73 @@ bool UsesMore(const CamProgram& program, int sizes, int cams) {
 }
 
 TransferEnd SizeTransfer::Tr_Siz(const JobMonitor& showMonitor) {
-  return RunJob({Job::SendSizes}, showMonitor);
+  const CommLock lock(comm_);
+  if (!lock.Taken()) return TransferEnd::Busy;
+  if (!MaySendNothing()) return TransferEnd::Cancelled;
+  const TransferEnd end = RunJob({Job::SendSizes}, showMonitor);
+  Remark(TextNumber::SentOtherwise, ChangedOnTheLine(comm_.Program.Functions()));
+  return end;
 }
 
 TransferEnd SizeTransfer::Rc_Siz(const JobMonitor& showMonitor) {
-  if (!comm_.Busy && !comm_.Program.IsSaved &&
-      comm_.Ask.MsgBox(comm_.Text(TextNumber::NotSaved), Buttons::OkCancel, Icon::Exclamation) !=
-          Answer::Ok) {
-    return TransferEnd::Cancelled;
-  }
+  const CommLock lock(comm_);
+  if (!lock.Taken()) return TransferEnd::Busy;
+  if (!MayReplace()) return TransferEnd::Cancelled;
   WorkFile file(QDir(comm_.Folder.Path()).filePath(QString::fromLatin1(WorkFile::Sizes)));
-  const TransferEnd end = RunJob({.JobCode = Job::ReceiveSizes, .Into = &file}, showMonitor);
-  if (end != TransferEnd::Done) return end;
-  const Refusal refusal = SizeImport(comm_.Program).Import(file.Content().toStdString());
-  return refusal ? TellFault(comm_, *refusal) : end;
+  const auto before = std::make_unique<CamProgram>(comm_.Program);
+  bool accepted = false;
+  TransferEnd end = RunJob({.JobCode = Job::ReceiveSizes, .Into = &file}, [&](const Job& job) {
+    accepted = true;
+    return showMonitor(job);
+  });
+  if (end == TransferEnd::Done) end = Import(file.Content().toStdString());
+  if (end == TransferEnd::Done) {
+    if (Hides(comm_.Program, *before)) comm_.Settings.CurrentFile.clear();
+  } else if (accepted) {
+    comm_.Program = *before;
+  }
+  return end;
+}
+
+/// Takes over what came; the fault is told.
+TransferEnd SizeTransfer::Import(std::string_view received) {
+  SizeImport import(comm_.Program);
+  if (const Refusal refusal = import.Import(received)) return TellFault(comm_, *refusal);
+  Remark(TextNumber::ReceivedOutOfRange, import.Remarks());
+  return TransferEnd::Done;
+}
+
+void SizeTransfer::Remark(TextNumber text, const QStringList& values) {
+  if (!values.isEmpty()) remark_ = comm_.Text(text) + values.join(QStringLiteral(", "));
+}
+
+bool SizeTransfer::MayReplace() {
+  return !comm_.Program.HasUnsavedWork() ||
+         comm_.Ask.MsgBox(comm_.Text(TextNumber::NotSaved), Buttons::OkCancel, Icon::Exclamation) ==
+             Answer::Ok;
+}
+
+bool SizeTransfer::MaySendNothing() {
+  return HasPhases(comm_.Program) ||
+         comm_.Ask.MsgBox(comm_.Text(TextNumber::NothingToSend), Buttons::NoYes,
+                          Icon::Exclamation) == Answer::Yes;
 }
 
 /// The exchange around a job; the port is closed afterwards.
 TransferEnd SizeTransfer::RunJob(const Job& job, const JobMonitor& showMonitor) {
-  const CommLock lock(comm_);
-  if (!lock.Taken()) return TransferEnd::Busy;
-  TransferEnd end = Prepare();
-  if (end == TransferEnd::Done) {
-    end = showMonitor(job);
-  }
+  TransferEnd end = Prepare(job);
+  if (end == TransferEnd::Done) end = showMonitor(job);
   const bool closed = SerialLink(comm_).ClosePort();
   return closed || end != TransferEnd::Done ? end : TransferEnd::PortError;
 }
 
 /// Opens the port, asks the programmer who it is and takes its limits over.
-TransferEnd SizeTransfer::Prepare() {
+TransferEnd SizeTransfer::Prepare(const Job& job) {
   if (!SerialLink(comm_).OpenPort()) return TransferEnd::PortError;
   std::string reply;
   switch (AskIdentity(comm_, reply)) {
     case Identity::Accepted:
-      return TakeLimits(reply);
+      return TakeLimits(job, reply);
     case Identity::Cancelled:
       return TransferEnd::Cancelled;
     case Identity::Rejected:
@@ -85,18 +135,24 @@ TransferEnd SizeTransfer::Prepare() {
   return TransferEnd::PortError;
 }
 
-/// A programmer that is smaller than the program: the operator decides before anything is sent, and
-/// Save must not put the cut program over the whole one.
-TransferEnd SizeTransfer::TakeLimits(const std::string& reply) {
+/// What a programmer says that is none of ours must not hide anything of the program. One that is
+/// smaller than the program gets it after the operator's word, and Save must not put the cut
+/// program over the whole one then.
+TransferEnd SizeTransfer::TakeLimits(const Job& job, const std::string& reply) {
   const auto before = std::make_unique<CamProgram>(comm_.Program);
   const Identity identity = TakeIdentity(comm_, reply);
-  const bool cut = UsesMore(*before, comm_.Program.NumSizes(), comm_.Program.NumCams());
-  if (cut && identity == Identity::Accepted && !MayCut(*before)) {
+  const bool cut = Hides(comm_.Program, *before);
+  if (identity != Identity::Accepted) {
+    if (cut) comm_.Program = *before;
+    return TransferEnd::NotIdentified;
+  }
+  if (job.Into != nullptr || !cut) return TransferEnd::Done;
+  if (!MayCut(*before)) {
     comm_.Program = *before;
     return TransferEnd::Cancelled;
   }
-  if (cut) comm_.Settings.CurrentFile.clear();
-  return identity == Identity::Accepted ? TransferEnd::Done : TransferEnd::NotIdentified;
+  comm_.Settings.CurrentFile.clear();
+  return TransferEnd::Done;
 }
 
 bool SizeTransfer::MayCut(const CamProgram& before) {

@@ -3,7 +3,10 @@
 
 #include "line/Job.h"
 
+#include <QStringList>
+
 #include <string>
+#include <string_view>
 
 namespace nira {
 
@@ -15,20 +18,29 @@ class SizeTransfer {
  public:
   explicit SizeTransfer(Comm& comm) : comm_(comm) {}
 
-  /// Size transmit.
+  /// Size transmit: asks first when there is no phase to send.
   TransferEnd Tr_Siz(const JobMonitor& showMonitor);
 
   /// Size receive: asks first when unsaved work would be replaced. Only a program that came whole
-  /// replaces the present one.
+  /// replaces the present one; until then its limits and its file stay.
   TransferEnd Rc_Siz(const JobMonitor& showMonitor);
+
+  /// What the operator should know of a `Done` transfer: values that went out changed, or that came
+  /// outside their ranges.
+  const QString& Remark() const { return remark_; }
 
  private:
   TransferEnd RunJob(const Job& job, const JobMonitor& showMonitor);
-  TransferEnd Prepare();
-  TransferEnd TakeLimits(const std::string& reply);
+  TransferEnd Prepare(const Job& job);
+  TransferEnd TakeLimits(const Job& job, const std::string& reply);
+  TransferEnd Import(std::string_view received);
+  bool MayReplace();
+  bool MaySendNothing();
   bool MayCut(const CamProgram& before);
+  void Remark(TextNumber text, const QStringList& values);
 
   Comm& comm_;
+  QString remark_;
 };
 
 /// True when the program uses a size above `sizes` or a cam above `cams`: a phase, a description,

@@ -1,55 +1,59 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "line/WireFunctions.h"
 
+#include "files/CamFile.h"
 #include "files/CamWords.h"
 #include "ground/Text.h"
+#include "model/FunctionFields.h"
+#include "model/FunctionRules.h"
 
 #include <algorithm>
 #include <charconv>
+#include <limits>
 #include <optional>
 
 namespace nira {
 
 namespace {
 
-/// Delays and ratios exist only on the model of the most cams.
-bool HasGroups(int cams) {
-  return cams == FunctionsBlock::MaxCams;
-}
+/// A value that a program can hold although no operator can give it, by its name in the cam file.
+struct NamedField {
+  const char* field;
+  const char* words;
+  int digits = 0;  ///< that its record has for it; 0: as many as it takes
+};
+
+constexpr NamedField namedFields[] = {
+    {"Delay17to20", "RITARDO CAMS 17-20"},     {"Delay21to24", "RITARDO CAMS 21-24"},
+    {"Ratio25to32", "RAPPORTO CAMS 25-32"},    {"OutputSize", "FORMATO IN USCITA", 2},
+    {"EncoderShift", "SFASAMENTO ENCODER", 3}, {"RotationSense", "SENSO DI ROTAZIONE"},
+    {"SpeedLimit", "LIMITE DI VELOCITA'", 4},
+};
 
 std::string PairOf(unsigned value) {
   constexpr const char* digits = "0123456789ABCDEF";
   return {digits[value / 16 % 16], digits[value % 16]};
 }
 
-/// The number that `count` characters at `position` (from 0) are, digits and nothing else; none
-/// when the record is too short or holds something else there.
-std::optional<int> Field(std::string_view record, std::size_t position, std::size_t count,
-                         int base) {
+/// The number that `count` hexadecimal digits at `position` (from 0) are; none when the record is
+/// too short or holds something else there.
+std::optional<int> Hexadecimal(std::string_view record, std::size_t position, std::size_t count) {
   if (record.size() < position + count) return std::nullopt;
   const char* first = record.data() + position;
   const char* last = first + count;
   int value = 0;
-  const auto [end, error] = std::from_chars(first, last, value, base);
-  if (error != std::errc() || end != last || value < 0 || *first == '-') return std::nullopt;
+  const auto [end, error] = std::from_chars(first, last, value, 16);
+  if (error != std::errc() || end != last || *first == '-') return std::nullopt;
   return value;
 }
 
 std::optional<int> PairAt(std::string_view record, std::size_t position) {
-  return Field(record, position, 2, 16);
+  return Hexadecimal(record, position, 2);
 }
 
-/// A record that is one decimal number of at most three digits, blanks around it allowed.
-std::optional<int> Decimal(std::string_view record) {
-  const std::size_t first = record.find_first_not_of(' ');
-  if (first == std::string_view::npos) return std::nullopt;
-  const std::size_t count = record.find_last_not_of(' ') + 1 - first;
-  return count > 3 ? std::nullopt : Field(record, first, count, 10);
-}
-
-std::string EntriesRecord(const FunctionsBlock& f) {
-  std::string record = ZeroFill(f.AdvanceLast + 1, 2);
-  for (int i = 0; i <= f.AdvanceLast; ++i) record += PairOf(f.CamFunc[static_cast<std::size_t>(i)]);
+std::string EntriesRecord(const FunctionsBlock& f, int last) {
+  std::string record = ZeroFill(last + 1, 2);
+  for (int i = 0; i <= last; ++i) record += PairOf(f.CamFunc[static_cast<std::size_t>(i)]);
   return record;
 }
 
@@ -58,41 +62,65 @@ std::string ConfigurationRecord(const FunctionsBlock& f) {
          ZeroFill(f.SpeedLimit, 4);
 }
 
+/// How many entries the record has for a number that it announces. It is hexadecimal; but a program
+/// of this tool that was never stored in the programmer's own form announces its entries in
+/// decimal, which shows when there are just as many.
+int EntryCount(std::string_view record, int announced) {
+  const auto there = static_cast<int>(record.size() / 2) - 1;
+  const bool decimal = there < announced && NumericValue(record.substr(0, 2)) == there;
+  return decimal ? there : announced;
+}
+
 }  // namespace
 
 std::vector<std::string> FunctionsRecords(const CamProgram& program) {
   const FunctionsBlock& f = program.Functions();
+  const int last = program.LastAdvance();
   std::vector<std::string> records;
   if (HasGroups(program.NumCams())) {
     records.push_back(std::to_string(f.AdvanceOn) + std::to_string(f.DelayOn) +
                       std::to_string(f.Ratio25On) + std::to_string(f.Ratio17On));
-    if (f.AdvanceOn != 0) records.push_back(EntriesRecord(f));
+    if (f.AdvanceOn != 0) records.push_back(EntriesRecord(f, last));
     if (f.DelayOn != 0) records.push_back(PairOf(f.Delay17to20) + PairOf(f.Delay21to24));
     if (f.Ratio25On != 0) records.push_back(std::to_string(f.Ratio25to32));
   } else {
-    records.push_back(f.AdvanceLast < 1 ? std::to_string(f.AdvanceLast) : EntriesRecord(f));
+    records.push_back(last < 1 ? std::to_string(last) : EntriesRecord(f, last));
   }
   records.push_back(ConfigurationRecord(f));
   return records;
 }
 
-bool WireFunctions::Read() {
-  return Collect() && Parse();
-}
-
-/// Takes the lines up to the first size line, as many as a functions block can have.
-bool WireFunctions::Collect() {
-  constexpr std::size_t most = 5;
-  while (const auto line = lines_.Next()) {
-    line_ = *line;
-    if (lines_.Overlong()) return false;
-    if (line->find(SizeWords) != std::string_view::npos) return true;
-    if (records_.size() < most) records_.emplace_back(*line);
+QStringList ChangedOnTheLine(const FunctionsBlock& functions) {
+  QStringList changed;
+  for (const NamedField& named : namedFields) {
+    const int value = FindFunctionField(QLatin1String(named.field))->Value(functions);
+    const QString text = QString::number(value);
+    if (named.digits == 0 || (value >= 0 && text.size() <= named.digits)) continue;
+    changed.append(QLatin1String(named.words) + u' ' + text + QStringLiteral(" -> ") +
+                   ZeroFilled(value, named.digits));
   }
-  return false;
+  return changed;
 }
 
-bool WireFunctions::Parse() {
+QStringList OutOfRange(const CamProgram& program) {
+  QStringList values;
+  for (const NamedField& named : namedFields) {
+    const FunctionField* field = FindFunctionField(QLatin1String(named.field));
+    const int value = field->Value(program.Functions());
+    const int largest = field->Largest(program);
+    if (value >= 0 && value <= largest) continue;
+    values.append(QLatin1String(named.words) +
+                  QStringLiteral(" %1 (0-%2)").arg(value).arg(largest));
+  }
+  return values;
+}
+
+Refusal WireFunctions::Read() {
+  if (ReadRecords() && Next() && AtSize()) return std::nullopt;
+  return Fault{.What = Fault::Kind::BadLine, .Text = ShownLine(line_)};
+}
+
+bool WireFunctions::ReadRecords() {
   if (!HasGroups(numCams_)) {
     return Take(&WireFunctions::EntriesOrIndex) && Take(&WireFunctions::Configuration);
   }
@@ -102,13 +130,18 @@ bool WireFunctions::Parse() {
          Take(&WireFunctions::Configuration);
 }
 
-/// Gives the next record to its parser; a block that ended early is no fault.
+bool WireFunctions::Next() {
+  const auto line = lines_.Next();
+  if (line) line_ = *line;
+  return line && !lines_.Overlong();
+}
+
+bool WireFunctions::AtSize() const {
+  return line_.find(SizeWords) != std::string::npos;
+}
+
 bool WireFunctions::Take(Parser parser) {
-  if (next_ == records_.size()) return true;
-  const std::string& record = records_[next_++];
-  if ((this->*parser)(record)) return true;
-  line_ = record;
-  return false;
+  return Next() && !AtSize() && (this->*parser)(line_);
 }
 
 /// One hexadecimal digit each at characters 1, 3, 5 and 7; the lowest bit is the flag.
@@ -116,7 +149,7 @@ bool WireFunctions::Flags(std::string_view record) {
   std::size_t position = 0;
   for (std::uint8_t* flag :
        {&block_.AdvanceOn, &block_.DelayOn, &block_.Ratio25On, &block_.Ratio17On}) {
-    const auto digit = Field(record, position, 1, 16);
+    const auto digit = Hexadecimal(record, position, 1);
     if (!digit) return false;
     *flag = static_cast<std::uint8_t>(*digit & 1);
     position += 2;
@@ -124,23 +157,23 @@ bool WireFunctions::Flags(std::string_view record) {
   return true;
 }
 
-void WireFunctions::SetLast(int index) {
-  block_.AdvanceLast = static_cast<std::int16_t>(std::clamp(index, 0, numCams_ - 1));
+void WireFunctions::SetLast(std::int64_t index) {
+  block_.AdvanceLast = static_cast<std::int16_t>(std::clamp<std::int64_t>(index, 0, numCams_ - 1));
 }
 
-/// The number of entries and then each entry, a hexadecimal pair each.
+/// The number of entries and then each entry, a hexadecimal pair each. No entry beyond the cams is
+/// asked for.
 bool WireFunctions::Entries(std::string_view record) {
-  const auto count = PairAt(record, 0);
-  if (!count) return false;
-  const int last = std::min(*count - 1, numCams_);
-  for (int i = 0; i <= last; ++i) {
+  const auto announced = PairAt(record, 0);
+  if (!announced) return false;
+  const int count = EntryCount(record, *announced);
+  for (int i = 0; i < std::min(count, numCams_); ++i) {
     const auto entry = PairAt(record, 2 * static_cast<std::size_t>(i) + 2);
     if (!entry) return false;
-    if (i == numCams_) break;  // the one entry beyond the cams has no place
     block_.CamFunc[static_cast<std::size_t>(i)] =
-        static_cast<std::uint8_t>(std::min(*entry, LongestAdvance));
+        static_cast<std::uint8_t>(std::min(*entry, HighestTime));
   }
-  SetLast(last);
+  SetLast(count - 1);
   return true;
 }
 
@@ -150,9 +183,9 @@ bool WireFunctions::EntriesOrIndex(std::string_view record) {
   if (record.size() >= shortestEntries) {
     if (!Entries(record)) return false;
   } else {
-    const auto index = Decimal(record);
-    if (!index) return false;
-    SetLast(*index);
+    std::int16_t index = 0;
+    if (!Store(index, record)) return false;
+    SetLast(index);
   }
   block_.AdvanceOn = block_.AdvanceLast > 0 ? 1 : 0;
   return true;
@@ -168,23 +201,33 @@ bool WireFunctions::Delays(std::string_view record) {
 }
 
 bool WireFunctions::Ratio(std::string_view record) {
-  const auto ratio = Decimal(record);
-  if (!ratio || *ratio > 255) return false;
-  block_.Ratio25to32 = static_cast<std::uint8_t>(*ratio);
-  return true;
+  return Store(block_.Ratio25to32, record);
 }
 
-/// Output size, encoder shift, direction and speed limit: 2, 3, 1 and 4 digits.
+/// Output size, encoder shift, direction and speed limit: 2 and 3 characters, what the others
+/// leave, and the last 4.
 bool WireFunctions::Configuration(std::string_view record) {
-  const auto size = Field(record, 0, 2, 10);
-  const auto shift = Field(record, 2, 3, 10);
-  const auto sense = Field(record, 5, 1, 10);
-  const auto limit = Field(record, 6, 4, 10);
-  if (!size || !shift || !sense || !limit) return false;
-  block_.OutputSize = static_cast<std::uint8_t>(*size);
-  block_.EncoderShift = static_cast<std::int16_t>(*shift);
-  block_.RotationSense = static_cast<std::uint8_t>(*sense);
-  block_.SpeedLimit = static_cast<std::int16_t>(*limit);
+  constexpr std::size_t others = 2 + 3 + 4;
+  record = record.substr(0, record.find_last_not_of(' ') + 1);
+  if (record.size() <= others) return false;
+  return Store(block_.OutputSize, record.substr(0, 2)) &&
+         Store(block_.EncoderShift, record.substr(2, 3)) &&
+         Store(block_.RotationSense, record.substr(5, record.size() - others)) &&
+         Store(block_.SpeedLimit, Tail(record, 4));
+}
+
+/// Takes a number by the one rule for numbers; false when there is none, or none that the field can
+/// hold.
+template <typename Number>
+bool WireFunctions::Store(Number& field, std::string_view text) {
+  const std::string number = NumberPart(text);
+  if (number.find_first_of("0123456789") == std::string::npos) return false;
+  const std::int64_t value = NumericValue(text);
+  using Limits = std::numeric_limits<Number>;
+  if (value < Limits::min() || value > Limits::max()) return false;
+  field = static_cast<Number>(value);
+  const auto blanks = static_cast<std::size_t>(std::count(text.begin(), text.end(), ' '));
+  if (number.size() + blanks < text.size()) doubtful_ = line_;
   return true;
 }
 

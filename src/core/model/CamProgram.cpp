@@ -63,7 +63,6 @@ void CamProgram::SetLimits(int sizes, int cams, int messages) {
   numMessages_ = messages;
   currentSize_ = std::min(currentSize_, sizes);
   currentCam_ = std::min(currentCam_, cams - 1);
-  functions_.AdvanceLast = std::min(functions_.AdvanceLast, static_cast<std::int16_t>(cams - 1));
 }
 
 void CamProgram::DimensionModel() {
@@ -198,8 +197,13 @@ void CamProgram::SetMessageText(int number, const QString& text) {
   messageText_[static_cast<std::size_t>(number - 1)] = text;
 }
 
+int CamProgram::LastAdvance() const {
+  return std::min<int>(functions_.AdvanceLast, numCams_ - 1);
+}
+
 void CamProgram::SetFunctions(const FunctionsBlock& functions) {
-  CheckCam(functions.AdvanceLast);
+  const int last = functions.AdvanceLast;
+  if (last < 0 || last >= MaxCams) Outside("last cam with an advance", last);
   if (functions_ == functions) return;
   functions_ = functions;
   ++revision_;

@@ -41,7 +41,8 @@ class CamProgram {
   int NumSizes() const { return numSizes_; }
   int NumCams() const { return numCams_; }
   int NumMessages() const { return numMessages_; }
-  /// Sets the limits (1..99, 1..32, 1..255) and keeps selection and `AdvanceLast` inside them.
+  /// Sets the limits (1..99, 1..32, 1..255) and keeps the selection inside them. The functions stay
+  /// as they are: what a smaller model hides is there again in the larger one.
   void SetLimits(int sizes, int cams, int messages);
 
   /// Empties the map for the present limits; texts and advances of the cams that exist are kept.
@@ -82,7 +83,9 @@ class CamProgram {
   void SetMessageText(int number, const QString& text);
 
   const FunctionsBlock& Functions() const { return functions_; }
-  /// Takes a block over; raises `IndexError` when its `AdvanceLast` is no cam of this model.
+  /// `AdvanceLast` as far as there are cams.
+  int LastAdvance() const;
+  /// Takes a block over; raises `IndexError` when its `AdvanceLast` is no cam of any model.
   void SetFunctions(const FunctionsBlock& functions);
 
   /// Counts every change of what a cam file keeps: equal numbers, equal content.

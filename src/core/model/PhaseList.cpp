@@ -4,6 +4,7 @@
 #include "ground/Text.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace nira {
 
@@ -50,6 +51,10 @@ int PhaseAt(const std::vector<Phase>& phases, int degree) {
   const auto found = std::find_if(phases.begin(), phases.end(),
                                   [degree](const Phase& phase) { return phase.Contains(degree); });
   return found == phases.end() ? -1 : static_cast<int>(found - phases.begin());
+}
+
+bool HasPhase(const CamRow& row) {
+  return std::adjacent_find(row.begin(), row.end(), std::not_equal_to<>()) != row.end();
 }
 
 QStringList PhaseList::Lines() const {

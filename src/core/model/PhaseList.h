@@ -50,6 +50,9 @@ struct PhaseList {
 /// Which of these phases is ON at a degree 0..359, from 0; -1 when none is.
 int PhaseAt(const std::vector<Phase>& phases, int degree);
 
+/// False for a cam that is never ON, and for one that is always: neither is written or sent.
+bool HasPhase(const CamRow& row);
+
 /// "F" and the number (from 1) as three digits, the ON and the OFF degree, blanks between.
 QString PhaseLine(int number, const Phase& phase);
 

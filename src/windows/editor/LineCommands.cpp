@@ -8,7 +8,6 @@
 #include "line/Monit_Com.h"
 #include "line/SETCOMM.h"
 #include "line/SerialLink.h"
-#include "line/SizeTransfer.h"
 #include "line/UpdFlsh.h"
 
 #include <QApplication>
@@ -53,15 +52,22 @@ TransferEnd LineCommands::ShowMonitor(const Job& job) {
 }
 
 void LineCommands::Tr_Siz_Click() {
-  Exchange(Moves::ProgramOut, TextNumber::Transmitted, [this] {
-    return SizeTransfer(instance_).Tr_Siz([this](const Job& job) { return ShowMonitor(job); });
-  });
+  TransferSizes(Moves::ProgramOut, TextNumber::Transmitted, &SizeTransfer::Tr_Siz);
 }
 
 void LineCommands::Rc_Siz_Click() {
-  Exchange(Moves::ProgramIn, TextNumber::Received, [this] {
-    return SizeTransfer(instance_).Rc_Siz([this](const Job& job) { return ShowMonitor(job); });
+  TransferSizes(Moves::ProgramIn, TextNumber::Received, &SizeTransfer::Rc_Siz);
+}
+
+/// A remark of the transfer stands beside `done` until another command takes its place.
+void LineCommands::TransferSizes(Moves what, TextNumber done,
+                                 TransferEnd (SizeTransfer::*command)(const JobMonitor&)) {
+  SizeTransfer transfer(instance_);
+  const TransferEnd end = Exchange(what, done, [this, &transfer, command] {
+    return (transfer.*command)([this](const Job& job) { return ShowMonitor(job); });
   });
+  if (end != TransferEnd::Done || transfer.Remark().isEmpty()) return;
+  Q_EMIT LastingNote(instance_.Text(done) + QStringLiteral("  ") + transfer.Remark());
 }
 
 void LineCommands::Msg_Trans_Click() {

@@ -4,6 +4,7 @@
 #include "controls/Instance.h"
 #include "line/Job.h"
 #include "line/PortNames.h"
+#include "line/SizeTransfer.h"
 
 #include <QObject>
 #include <QWidget>
@@ -48,10 +49,14 @@ class LineCommands : public QObject {
   void PortChosen();
   /// Worth a line in the status bar.
   void Note(const QString& text);
+  /// The same, to stand there until something else does.
+  void LastingNote(const QString& text);
 
  private:
   enum class Moves { Messages, Firmware, ProgramOut, ProgramIn };
   TransferEnd Exchange(Moves what, TextNumber done, const std::function<TransferEnd()>& exchange);
+  void TransferSizes(Moves what, TextNumber done,
+                     TransferEnd (SizeTransfer::*command)(const JobMonitor&));
   TransferEnd ShowMonitor(const Job& job);
   QString ChooseMessages(TextNumber title, bool save);
 

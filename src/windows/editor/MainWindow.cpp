@@ -176,6 +176,8 @@ void MainWindow::ConnectAll() {
   const auto note = [this](const QString& text) { statusBar()->showMessage(text, 5000); };
   connect(files_, &FileCommands::Note, statusBar(), note);
   connect(lines_, &LineCommands::Note, statusBar(), note);
+  connect(lines_, &LineCommands::LastingNote, statusBar(),
+          [this](const QString& text) { statusBar()->showMessage(text); });
 }
 
 // The menus: what each entry is called, its caption, and what it does. A button of the toolbar

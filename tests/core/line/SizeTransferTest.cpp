@@ -34,6 +34,7 @@ struct TransferFixture : CommFixture {
     program.SelectSize(2);
     program.SelectCam(4);
     settings.CurrentFile = u"press.CAM"_qs;
+    program.TakeAsSaved();
   }
 
   QString Limits() const {
@@ -297,14 +298,79 @@ class SizeTransferTest : public QObject {
     }
   }
 
-  void RejectedProgrammerCuts() {
+  /// Another programmer's numbers must not hide what is in use: sent to the right one afterwards
+  /// the program would lose it. Where they hide nothing they stay.
+  void RejectedProgrammer() {
+    for (const bool receive : {false, true}) {
+      TransferFixture f;
+      f.prompts.AnswerEverything(true);
+      f.Identify({"16 89 255  NIRA\r"});
+      SizeTransfer transfer(f.comm);
+      const auto run = receive ? &SizeTransfer::Rc_Siz : &SizeTransfer::Tr_Siz;
+      FunctionsBlock functions;
+      functions.AdvanceOn = 1;
+      functions.AdvanceLast = 31;
+      functions.CamFunc.fill(9);
+      f.program.SetFunctions(functions);
+      f.program.TakeAsSaved();
+      QCOMPARE((transfer.*run)(f.Monitor()), TransferEnd::NotIdentified);
+      QCOMPARE(f.Limits() + f.settings.CurrentFile, u"32 22 255press.CAM"_qs);
+      QVERIFY(!f.program.Differs() && f.program.CurrentCam() == 4);
+      f.program.SetFunctions({});
+      QCOMPARE((transfer.*run)(f.Monitor()), TransferEnd::NotIdentified);
+      QCOMPARE(f.Limits(), u"16 22 255"_qs);
+      f.program.SetFunctions(functions);
+      f.program.SetLimits(22, 32, 255);
+      QCOMPARE(f.program.LastAdvance(), 31);
+    }
+  }
+
+  /// A program of 44 sizes and a reception from a programmer of 22: asked is about unsaved work
+  /// alone, and limits and file stay until what came was taken over.
+  void ReceivesFromSmaller() {
     TransferFixture f;
-    f.program.SetCamText(31, u"LAST"_qs);
-    f.Identify({"16 89 255  NIRA\r"});
-    f.prompts.Expect();
-    QCOMPARE(SizeTransfer(f.comm).Tr_Siz(f.Monitor()), TransferEnd::NotIdentified);
-    QCOMPARE(f.Limits(), u"16 22 255"_qs);
-    QCOMPARE(f.settings.CurrentFile, QString());
+    f.program.SetLimits(44, 32, 255);
+    f.program.SetRow(44, 0, RowOf(u"1-2"_qs));
+    f.program.TakeAsSaved();
+    for (const QByteArray& records : {QByteArray("FUNZIONI 32-22|0 0 0 0|END"), reception}) {
+      const bool whole = records == reception;
+      f.Receive(records);
+      if (!whole) f.prompts.Expect();
+      QCOMPARE(SizeTransfer(f.comm).Rc_Siz(f.Monitor()) == TransferEnd::Done, whole);
+      QCOMPARE(f.Limits() + f.settings.CurrentFile,
+               whole ? u"32 22 255"_qs : u"32 44 255press.CAM"_qs);
+      QCOMPARE(f.program.Differs(), whole);
+    }
+  }
+
+  void SendsNothingOnlyWhenAsked() {
+    TransferFixture f;
+    f.program.SetRow(1, 0, RowOf(u"0-360"_qs));  // always ON: never sent
+    f.Acknowledge(qx32);
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+      f.prompts.Expect(answer);
+      QCOMPARE(SizeTransfer(f.comm).Tr_Siz(f.Monitor()),
+               answer == Answer::Yes ? TransferEnd::Done : TransferEnd::Cancelled);
+      QVERIFY(f.serial.Written.isEmpty() == (answer == Answer::No));
+    }
+    QVERIFY(f.prompts.Shown().constFirst().startsWith(u"Exclamation NoYes: NO SIZE HOLDS"_qs));
+  }
+
+  /// Values that no operator can give are taken, and told, and so is what goes out changed.
+  void Remarks() {
+    TransferFixture f;
+    f.Receive("FUNZIONI 32-22|0 0 0 0|050-592000|FORMATO N. 01|C 01| 001 002|END");
+    SizeTransfer in(f.comm);
+    QCOMPARE(in.Rc_Siz(f.Monitor()), TransferEnd::Done);
+    QCOMPARE(in.Remark(),
+             u"RECEIVED VALUES OUT OF RANGE: SENSO DI ROTAZIONE 9 (0-1), 050-592000"_qs);
+    FunctionsBlock functions;
+    functions.EncoderShift = -5;
+    f.program.SetFunctions(functions);
+    f.Acknowledge(qx32);
+    SizeTransfer out(f.comm);
+    QCOMPARE(out.Tr_Siz(f.Monitor()), TransferEnd::Done);
+    QCOMPARE(out.Remark(), u"VALUES THAT WENT OUT CHANGED: SFASAMENTO ENCODER -5 -> 0-5"_qs);
   }
 
   void Receives() {
@@ -325,7 +391,7 @@ class SizeTransferTest : public QObject {
 
   void AsksAboutUnsavedWork() {
     TransferFixture f;
-    f.program.IsSaved = false;
+    f.program.SetCamText(0, u"NEWER"_qs);
     f.Receive(reception);
     f.prompts.Expect(Answer::Cancel);
     QCOMPARE(SizeTransfer(f.comm).Rc_Siz(f.Monitor()), TransferEnd::Cancelled);
@@ -351,12 +417,17 @@ class SizeTransferTest : public QObject {
     row("no dash", "FUNZIONI 32|END", u"None Ok: WRONG DSP  C."_qs);
     row("blank before the dash", "FUNZIONI 32 -22|END", u"None Ok: WRONG DSP  C.2 "_qs);
     row("bad functions", "FUNZIONI 32-22|1 0 0 0|XX|FORMATO N. 01|END", bad(u"XX"_qs));
+    row("no functions", "FUNZIONI 32-22|FORMATO N. 01|END", bad(u"FORMATO N. 01"_qs));
     row("no size", "FUNZIONI 32-22|0 0 0 0|END", bad(u"END"_qs));
-    row("size above", "FUNZIONI 32-22|FORMATO N. 23|C 01| 001 002|END", bad(u" 001 002"_qs));
-    row("cam above", "FUNZIONI 32-22|FORMATO N. 01|C 33| 001 002|END", bad(u" 001 002"_qs));
-    row("phase without cam", "FUNZIONI 32-22|FORMATO N. 01| 001 002|END", bad(u" 001 002"_qs));
-    row("degree above", "FUNZIONI 32-22|FORMATO N. 01|C 01| 001 360|END", bad(u" 001 360"_qs));
-    row("cut", "FUNZIONI 32-22|0 0 0 0|FORMATO N. 01|C 01", timeout);
+    row("size above", "FUNZIONI 32-22|0 0 0 0|0000000000|FORMATO N. 23|C 01| 001 002|END",
+        bad(u" 001 002"_qs));
+    row("cam above", "FUNZIONI 32-22|0 0 0 0|0000000000|FORMATO N. 01|C 33| 001 002|END",
+        bad(u" 001 002"_qs));
+    row("phase without cam", "FUNZIONI 32-22|0 0 0 0|0000000000|FORMATO N. 01| 001 002|END",
+        bad(u" 001 002"_qs));
+    row("degree above", "FUNZIONI 32-22|0 0 0 0|0000000000|FORMATO N. 01|C 01| 001 360|END",
+        bad(u" 001 360"_qs));
+    row("cut", "FUNZIONI 32-22|0 0 0 0|0000000000|FORMATO N. 01|C 01", timeout);
     row("nothing", "", timeout);
   }
 
@@ -369,7 +440,7 @@ class SizeTransferTest : public QObject {
     QTEST(f.prompts.Shown().join(u'|'), "told");
     QCOMPARE(ContentOf(f.program), u"1.1: 10-20; 1 = OLD"_qs);
     QCOMPARE(f.program.CurrentSize() * 100 + f.program.CurrentCam(), 204);
-    QVERIFY(f.program.IsSaved && !f.serial.PortOpen());
+    QVERIFY(!f.program.HasUnsavedWork() && !f.serial.PortOpen());
   }
 
   void PortGone() {

@@ -91,6 +91,10 @@ class WireFunctionsTest : public QObject {
     const std::vector<std::string> records = FunctionsRecords(program);
     QCOMPARE(records.at(1), "32" + std::string(64, '0'));
     QCOMPARE(records.at(2), std::string("550-502767"));
+    QCOMPARE(ChangedOnTheLine(f).join(u'|'),
+             u"FORMATO IN USCITA 255 -> 55|SFASAMENTO ENCODER -5 -> 0-5"
+             "|LIMITE DI VELOCITA' 32767 -> 2767"_qs);
+    QVERIFY(OutOfRange(program).contains(u"SFASAMENTO ENCODER -5 (0-999)"_qs));
   }
 
   void Receives_data() {
@@ -107,23 +111,31 @@ class WireFunctionsTest : public QObject {
     row("lowest bits", 32, u"E 3 f-2|FFFF|9|0000000000"_qs, u"0110 7:0 0 0 255 255 9 0,0,0,0"_qs);
     row("hexadecimal count", 32, u"1 0 0 0|0B"_qs + u"0102030405060708090A0B|0000000000"_qs,
         u"1000 10:1 2 3 0 0 0 0,0,0,0"_qs);
-    row("count beyond the cams", 16, u"FF0102030405060708090A0B0C0D0E0F1011|0000000000"_qs,
+    // As this program sends them: hexadecimal the numbers are 50, 32 and 22.
+    row("32 entries", 32, u"1 0 0 0|32"_qs + u"010203" + u"00"_qs.repeated(29) + u"|0000000000",
+        u"1000 31:1 2 3 0 0 0 0,0,0,0"_qs);
+    row("20 entries", 32, u"1 0 0 0|20"_qs + u"010203" + u"00"_qs.repeated(17) + u"|0000000000",
+        u"1000 19:1 2 3 0 0 0 0,0,0,0"_qs);
+    row("16 of 16", 16, u"16010203"_qs + u"00"_qs.repeated(13) + u"|0000000000",
         u"1000 15:1 2 3 0 0 0 0,0,0,0"_qs);
     row("no entry", 32, u"1 0 0 0|00|0000000000"_qs, u"1000 0:"_qs + none);
-    row("16 cams, entries", 16, u"020508|0509012000"_qs, u"1000 1:5 8 0 0 0 0 5,90,1,2000"_qs);
     row("16 cams, one entry", 16, u"0108|0509012000"_qs, u"0000 0:8 0 0 0 0 0 5,90,1,2000"_qs);
-    row("16 cams, index", 16, u"0|0509012000"_qs, u"0000 0:0 0 0 0 0 0 5,90,1,2000"_qs);
+    row("16 cams, index", 16, u" 0|0509012000"_qs, u"0000 0:0 0 0 0 0 0 5,90,1,2000"_qs);
     row("16 cams, index above", 16, u"99|0509012000"_qs, u"1000 15:0 0 0 0 0 0 5,90,1,2000"_qs);
-    row("ends early", 32, u"1 0 0 0"_qs, u"1000 7:"_qs + none);
-    row("nothing", 32, QString(), u"0000 7:"_qs + none);
-    row("more behind", 32, u"0 0 0 0|0000000000|x|y"_qs, u"0000 7:"_qs + none);
-    row("flags short", 32, u"1 0 0"_qs, u"!1 0 0"_qs);
-    row("flags are text", 32, u"1 0 X 0"_qs, u"!1 0 X 0"_qs);
-    row("entry missing", 32, u"1 0 0 0|0305AB|0000000000"_qs, u"!0305AB"_qs);
-    row("delay missing", 32, u"0 1 0 0|0C"_qs, u"!0C"_qs);
-    row("ratio is text", 32, u"0 0 1 0|R"_qs, u"!R"_qs);
-    row("ratio beyond a byte", 32, u"0 0 1 0|256"_qs, u"!256"_qs);
-    row("rest signed", 32, u"0 0 0 0|05-9012000"_qs, u"!05-9012000"_qs);
+    row("signs and blanks", 32, u"0 0 1 0| 7|05-901+ 20"_qs, u"0010 7:0 0 0 0 0 7 5,-90,1,20"_qs);
+    row("as sent", 32, u"0 0 0 0|550-5122767"_qs, u"0000 7:0 0 0 0 0 0 55,0,12,2767"_qs);
+    row("only nines", 32, u"0 0 0 0|9999999999"_qs, u"0000 7:0 0 0 0 0 0 99,999,9,9999"_qs);
+    for (const QString& bad :
+         {u"1 0 0"_qs, u"1 0 X 0"_qs, u"1 0 0 0|0305AB"_qs, u"0 1 0 0|0C"_qs, u"0 0 1 0|R"_qs,
+          u"0 0 1 0|256"_qs, u"0 0 0 0|050901200"_qs, u"0 0 0 0|XX09012000"_qs,
+          u"0 0 0 0|-109012000"_qs, u"0 0 0 0|050902562000"_qs, u"0 0 0 0|0000000000|x"_qs,
+          u"0 0 0 0|0000000000|0 0 0 0"_qs}) {
+      row(qPrintable(bad), 32, bad, u'!' + bad.section(u'|', -1));
+    }
+    for (const QString& early :
+         {u""_qs, u"1 0 0 0 "_qs, u"0 0 0 0"_qs, u"1 1 1 1 |0108|0101|4"_qs}) {
+      row(qPrintable(u"ends after "_qs + early), 32, early, u"!FORMATO N. 01"_qs);
+    }
   }
 
   void Receives() {
@@ -138,7 +150,7 @@ class WireFunctionsTest : public QObject {
     FunctionsBlock f;
     f.AdvanceLast = 7;
     WireFunctions reader(lines, f, cams);
-    const bool good = reader.Read();
+    const bool good = !reader.Read();
     QCOMPARE(good ? Shown(f) : QString(u'!' + QString::fromStdString(reader.Line())), block);
     if (good) QCOMPARE(reader.Line(), std::string("FORMATO N. 01"));
   }

@@ -75,9 +75,9 @@ class CamProgramTest : public QObject {
     row("messages", {0, 256}, [](CamProgram& p, int i) { p.SetLimits(1, 1, i); });
     row("sizes", {0, 100}, [](CamProgram& p, int i) { p.SetLimits(i, 1, 1); });
     row("cams", {0, 33}, [](CamProgram& p, int i) { p.SetLimits(1, i, 1); });
-    row("advances", {4}, [](CamProgram& p, int i) {
+    row("advances", {32}, [](CamProgram& p, int i) {
       FunctionsBlock block;
-      block.AdvanceLast = static_cast<std::int16_t>(i == 4 ? 4 : -1);
+      block.AdvanceLast = static_cast<std::int16_t>(i == 32 ? 32 : -1);
       p.SetFunctions(block);
     });
   }
@@ -107,9 +107,10 @@ class CamProgramTest : public QObject {
     program.SetLimits(1, 1, 1);
     QCOMPARE(program.CurrentSize(), 1);
     QCOMPARE(program.CurrentCam(), 0);
-    QCOMPARE(program.Functions().AdvanceLast, 0);
+    QCOMPARE(program.LastAdvance(), 0);
     QVERIFY_EXCEPTION_THROWN((void)program.CamMap(2, 0), IndexError);
     program.SetLimits(3, 4, 10);
+    QCOMPARE(program.Functions(), before.Functions());
     QCOMPARE(ContentOf(program), ContentOf(before));
     QCOMPARE(program.MessageText(200), u"message"_qs);
   }
