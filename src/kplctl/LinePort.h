@@ -43,6 +43,7 @@ class LinePort : public SerialControl {
   bool WaitForInput(std::int64_t deadline, Yield yield) override;
   QString DeviceName() const override { return port_.DeviceName(); }
   bool IsSimulated() const override { return port_.IsSimulated(); }
+  QString OtherHolder() const override { return port_.OtherHolder(); }
 
  private:
   void CheckInterrupt() const;

@@ -16,14 +16,12 @@
 #include <QSaveFile>
 
 #include <algorithm>
-#include <array>
 
 namespace nira {
 
 namespace {
 
 constexpr int highestPort = 255;
-constexpr std::array speeds = {300, 600, 1200, 2400, 9600, 19200};
 
 /// The number in "3" or "COM3"; none when the text is the name of a device.
 std::optional<int> PortNumberOf(const QString& text) {
@@ -46,7 +44,7 @@ QString LineFault(const Arguments& arguments) {
     return QStringLiteral("--port: ports are numbered from 1 to ") + QString::number(highestPort);
   }
   const auto baud = arguments.Number("baud");
-  if (baud && std::find(speeds.begin(), speeds.end(), *baud) == speeds.end()) {
+  if (baud && std::find(LineSpeeds.begin(), LineSpeeds.end(), *baud) == LineSpeeds.end()) {
     return QStringLiteral("--baud %1: the speeds are 300, 600, 1200, 2400, 9600 and 19200")
         .arg(*baud);
   }

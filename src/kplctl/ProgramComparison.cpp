@@ -20,7 +20,7 @@ QString ModelText(const CamProgram& program) {
 /// so many cams.
 bool IsCarried(const FunctionField& field, const FunctionsBlock& block, int cams, int cam) {
   const QLatin1String name(field.name);
-  const bool groups = cams == FunctionsBlock::MaxCams;
+  const bool groups = HasGroups(cams);
   const bool advances = groups ? block.AdvanceOn == 1 : block.AdvanceLast > 0;
   if (field.IsPerCam()) return advances && cam <= block.AdvanceLast;
   if (name == QLatin1String("AdvanceOn")) return groups;

@@ -8,6 +8,7 @@
 #include "files/CamLines.h"
 #include "support/CamFileFixture.h"
 #include "support/DeviceFixture.h"
+#include "support/ScriptedSerial.h"
 
 #include <csignal>
 
@@ -133,6 +134,23 @@ class OnLineTest : public QObject {
     QTextStream none(&f.out);
     QCOMPARE(RunKplctl({u"kplctl"_qs, u"check"_qs, back}, none, none), 0);
     QVERIFY(!f.serial.PortOpen());
+    QVERIFY(!QFile::exists(f.Path(u"_._"_qs)));  // that one is the windows'
+  }
+
+  /// What cannot be written is told before the line is used; what came all the same is kept.
+  void NowhereToWrite() {
+    LineFixture f;
+    QCOMPARE(f.Receive(f.Path(u"none/back.cam"_qs)), 1);
+    QVERIFY2(f.err.contains(u"cannot be written: "_qs), qPrintable(f.err));
+    QCOMPARE(f.serial.BytesSent(), 0);
+    const QString back = f.Path(u"back.cam"_qs);
+    f.device.Finished = [&back](const Programmer::Job& job) {
+      if (job.command == "?FR") QDir().mkpath(back);
+    };
+    QCOMPARE(f.Receive(back), 1);
+    const QString kept = f.err.section(u"what came is kept in "_qs, 1).trimmed();
+    QVERIFY2(ReadBytes(kept).startsWith("FUNZIONI 32-22\r\n"), qPrintable(f.err));
+    QVERIFY(QDir(QFileInfo(kept).path()).removeRecursively());
   }
 
   void MessagesThereAndBack() {
@@ -237,10 +255,31 @@ class OnLineTest : public QObject {
     QCOMPARE(next.Send(Press()), 0);  // the next command is a new one
   }
 
+  /// While nothing comes, and nothing goes out.
+  void InterruptedInAWait() {
+#ifndef Q_OS_UNIX
+    QSKIP("signals are for Unix");
+#endif
+    struct Silent : ScriptedSerial {
+      bool WaitForInput(std::int64_t deadline, Yield yield) override {
+        std::raise(SIGINT);
+        return ScriptedSerial::WaitForInput(deadline, yield);
+      }
+    } serial;
+    const Interrupt interrupt;
+    LineTrace trace(serial);
+    LinePort port(serial, serial, trace, interrupt);
+    port.PortOpen(true);
+    const std::int64_t begun = serial.Now();
+    QVERIFY_EXCEPTION_THROWN(port.WaitForInput(begun + 3000, Yield::Painting), Interrupted);
+    QVERIFY(serial.Now() - begun <= LinePort::Patience);
+  }
+
   void TraceRefused() {
     LineFixture f;
     QVERIFY(WriteBytes(f.Path(u"in.cam"_qs), ReadBytes(Press())));
-    for (const QString& trace : {f.Path(u"in.cam"_qs), f.Path(u"none/t"_qs), u"/dev/full"_qs}) {
+    for (const QString& trace : {f.Path(u"in.cam"_qs), f.Path(u"in.cam.bak"_qs), f.Path(u"_._"_qs),
+                                 f.Path(u"none/t"_qs), u"/dev/full"_qs}) {
       f.arguments.SetOption("trace", trace);
       QCOMPARE(f.Send(f.Path(u"in.cam"_qs)), 1);
       QVERIFY2(f.err.contains(u"NOT sent: trace "_qs), qPrintable(f.err));
@@ -293,6 +332,10 @@ class OnLineTest : public QObject {
                  .Settings.PortNumber,
              0);
     QCOMPARE(f.names.Device(0), u"/dev/ttyNone"_qs);
+    LineFixture silent({u"no-answer"_qs});
+    silent.arguments = f.arguments;
+    QCOMPARE(silent.Run(IdentifyProgrammer), 1);
+    QVERIFY(silent.prompts.Shown().constFirst().contains(u" Errore su Porta simulator\r"_qs));
   }
 
   void Bar() {

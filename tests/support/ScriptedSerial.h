@@ -9,11 +9,13 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <utility>
 
 namespace nira {
 
 /// A serial control on virtual time with a scripted device at its other end. Time passes in pauses
-/// and waits alone, so that a test takes none.
+/// and waits alone, so that a test takes none. As on a line, output is held while the device does
+/// not hold CTS under RTS/CTS, and what the input buffer has no room for is lost.
 class ScriptedSerial : public SerialControl, public Clock {
  public:
   /// Called with each output; answers with `Send`.
@@ -33,6 +35,7 @@ class ScriptedSerial : public SerialControl, public Clock {
   bool Holding = true;                 ///< the CTS line
   std::optional<SerialError> Refusal;  ///< what opening raises
   bool Gone = false;                   ///< `GoneAfter` has struck
+  QString Holder;                      ///< another program that reads the port
   qsizetype MostWaiting = 0;           ///< bytes that ever waited to be read
 
   std::int64_t Now() const override { return now_; }
@@ -43,14 +46,19 @@ class ScriptedSerial : public SerialControl, public Clock {
 
   int CommPort() const override { return port_; }
   void CommPort(int number) override { port_ = number; }
-  void InBufferSize(int bytes) override { Log.append(QStringLiteral("buffer %1").arg(bytes)); }
+  void InBufferSize(int bytes) override {
+    Log.append(QStringLiteral("buffer %1").arg(bytes));
+    room_ = 2 * bytes;  // as much again is read ahead
+  }
   bool PortOpen() const override { return open_; }
+  QString OtherHolder() const override { return Holder; }
   void PortOpen(bool open) override {
     Log.append(open ? QStringLiteral("open %1").arg(port_) : QStringLiteral("close"));
     if (open && Refusal) throw SerialError(*Refusal);
     if (!open) Step();
     open_ = open;
     input_.clear();
+    if (!std::exchange(held_, {}).isEmpty()) throw SerialError(8020, QStringLiteral("not taken"));
   }
   QString Settings() const override { return settings_; }
   void Settings(const QString& settings) override {
@@ -61,7 +69,10 @@ class ScriptedSerial : public SerialControl, public Clock {
     inputLen_ = characters;
     Log.append(QStringLiteral("length %1").arg(characters));
   }
-  void Handshaking(int handshake) override { Ask(QStringLiteral("handshake %1").arg(handshake)); }
+  void Handshaking(int handshake) override {
+    Ask(QStringLiteral("handshake %1").arg(handshake));
+    handshake_ = handshake;
+  }
   bool CTSHolding() override {
     Step();
     return Holding;
@@ -76,7 +87,10 @@ class ScriptedSerial : public SerialControl, public Clock {
     Arrive();
     input_.clear();
   }
-  void DiscardOutput() override { Ask(QStringLiteral("discard output")); }
+  void DiscardOutput() override {
+    Ask(QStringLiteral("discard output"));
+    held_.clear();
+  }
   QByteArray Input() override {
     Step();
     Arrive();
@@ -87,6 +101,10 @@ class ScriptedSerial : public SerialControl, public Clock {
   }
   void Output(const QByteArray& bytes) override {
     Ask(QStringLiteral("out ") + QString::fromLatin1(bytes.toHex(' ')));
+    if (handshake_ == HandshakeRts && !Holding) {
+      held_ += bytes;
+      return;
+    }
     Written += bytes;
     Device(bytes);
   }
@@ -105,6 +123,7 @@ class ScriptedSerial : public SerialControl, public Clock {
     if (open_ && left_ && (*left_)-- == 0) {
       left_.reset();
       due_.clear();
+      held_.clear();
       open_ = false;
       Gone = true;
     }
@@ -120,7 +139,7 @@ class ScriptedSerial : public SerialControl, public Clock {
   }
   void Arrive() {
     while (!due_.empty() && due_.begin()->first <= now_) {
-      if (open_) input_ += due_.begin()->second;
+      if (open_) input_ += due_.begin()->second.left(std::max<qsizetype>(room_ - input_.size(), 0));
       due_.erase(due_.begin());
     }
     if (!flood_.isEmpty() && input_.isEmpty()) {
@@ -134,6 +153,9 @@ class ScriptedSerial : public SerialControl, public Clock {
   std::int64_t now_ = 1000;
   QByteArray input_;
   QByteArray flood_;
+  QByteArray held_;  // output that waits for CTS
+  qsizetype room_ = 1024;
+  int handshake_ = HandshakeNone;
   std::optional<int> left_;
   bool open_ = false;
   int port_ = 0;

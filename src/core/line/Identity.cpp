@@ -55,7 +55,7 @@ Identity AskUntilAnswered(Comm& comm, std::string& identity) {
       }
       if (comm.Time.Now() - since >= Timings::LineReply) {
         reply.Ended = Reply::End::NoAnswer;
-        reply.Said = wire.TellNoAnswer(Buttons::RetryCancel);
+        reply.Said = wire.TellNoAnswer(Buttons::RetryCancel, reply.Text);
       }
     }
     if (reply.Ended == Reply::End::NoAnswer) {
@@ -130,7 +130,13 @@ std::optional<ProgrammerLimits> AutSelQuery(Comm& comm) {
   if (!lock.Taken()) return std::nullopt;
   const Reply reply = AskOnce(comm);
   SerialLink(comm).ClosePort();
-  return reply.Ended == Reply::End::Answered ? ModelOf(reply.Text) : std::nullopt;
+  if (reply.Ended != Reply::End::Answered) return std::nullopt;
+  const auto model = ModelOf(reply.Text);
+  if (!model) {
+    comm.Ask.MsgBox(comm.Text(TextNumber::AnswerOfNoUse) + ShownAnswer(reply.Text), Buttons::Ok,
+                    Icon::Exclamation);
+  }
+  return model;
 }
 
 std::optional<QString> AskBeforeMessages(Comm& comm) {

@@ -42,8 +42,8 @@ Identity IdentityQuery(Comm& comm);
 Identity AskIdentity(Comm& comm, std::string& reply);
 Identity TakeIdentity(Comm& comm, std::string_view reply);
 
-/// Asks the programmer for its model and closes the port; none when it did not answer (told) or its
-/// numbers make no sense.
+/// Asks the programmer for its model and closes the port; none, after a message, when it did not
+/// answer or its numbers make no sense.
 std::optional<ProgrammerLimits> AutSelQuery(Comm& comm);
 
 /// Asks the programmer for its identity before messages are exchanged. The reply without its last

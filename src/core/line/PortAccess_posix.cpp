@@ -76,15 +76,16 @@ bool IsInGroup(gid_t group) {
 
 }  // namespace
 
-QString PortHolder(const QString& device) {
+QString PortHolder(const QString& device, qint64 except) {
   const auto status = StatusOf(device);
   if (!status || !S_ISCHR(status->st_mode)) return {};
-  if (const pid_t locking = LockingProcess(device); locking > 0) {
+  if (const pid_t locking = LockingProcess(device); locking > 0 && locking != except) {
     if (QString holder = ProcessName(QString::number(locking)); !holder.isEmpty()) return holder;
   }
   const QStringList processes = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs);
   for (const QString& pid : processes) {
-    if (pid.at(0).isDigit() && HasOpen(pid, *status)) return ProcessName(pid);
+    const bool counts = pid.at(0).isDigit() && pid.toLongLong() != except;
+    if (counts && HasOpen(pid, *status)) return ProcessName(pid);
   }
   return {};
 }

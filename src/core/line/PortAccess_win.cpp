@@ -3,7 +3,7 @@
 
 namespace nira {
 
-QString PortHolder(const QString& /*device*/) {
+QString PortHolder(const QString& /*device*/, qint64 /*except*/) {
   return {};
 }
 

@@ -2,8 +2,11 @@
 #include "line/QtSerialControl.h"
 
 #include "ground/SystemClock.h"
+#include "line/PortAccess.h"
 #include "line/SimulatedMark.h"
 #include "line/Timings.h"
+
+#include <QCoreApplication>
 
 #include <algorithm>
 #include <chrono>
@@ -254,6 +257,10 @@ bool QtSerialControl::WaitUntilSent() {
 
 bool QtSerialControl::IsSimulated() const {
   return IsSimulatedPort(names_.Link(number_));
+}
+
+QString QtSerialControl::OtherHolder() const {
+  return PortHolder(device_, QCoreApplication::applicationPid());
 }
 
 }  // namespace nira

@@ -40,6 +40,7 @@ class QtSerialControl : public SerialControl {
 
   QString DeviceName() const override { return device_; }
   bool IsSimulated() const override;
+  QString OtherHolder() const override;
 
  private:
   using LineClock = std::chrono::steady_clock;

@@ -73,6 +73,9 @@ class SerialControl {
   /// What the port is, for the operator: the device, and whether it is a simulated programmer.
   virtual QString DeviceName() const { return {}; }
   virtual bool IsSimulated() const { return false; }
+  /// Another program that has the port open beside this one and takes what comes; empty when none
+  /// is known.
+  virtual QString OtherHolder() const { return {}; }
 };
 
 }  // namespace nira

@@ -48,8 +48,13 @@ void SerialLink::Report(const SerialError& error) {
   }
   comm_.Ask.MsgBox(QStringLiteral("Errore ") + QString::number(error.Number) +
                        QStringLiteral(" generato da ") + error.Source + u'\r' + error.Description,
-                   Buttons::Ok, Icon::Critical,
-                   QStringLiteral("Errore su COM") + QString::number(comm_.Settings.PortNumber));
+                   Buttons::Ok, Icon::Critical, QStringLiteral("Errore su ") + PortName());
+}
+
+QString SerialLink::PortName() const {
+  const int number = comm_.Settings.PortNumber;
+  return number > 0 ? QString(QStringLiteral("COM") + QString::number(number))
+                    : comm_.Port.DeviceName();
 }
 
 }  // namespace nira

@@ -3,7 +3,12 @@
 
 #include "line/Comm.h"
 
+#include <array>
+
 namespace nira {
+
+/// The speeds that a programmer knows, baud.
+inline constexpr std::array LineSpeeds = {300, 600, 1200, 2400, 9600, 19200};
 
 /// Opens and closes the port of the settings, and tells the operator when the platform fails.
 class SerialLink {
@@ -23,6 +28,9 @@ class SerialLink {
 
   /// Shows the platform's error, takes its number into `PortErrorFlag` and closes the port.
   void Report(const SerialError& error);
+
+  /// "COM3"; the device itself when it was named without a number.
+  QString PortName() const;
 
  private:
   void Configure();

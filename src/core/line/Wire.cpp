@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "line/Wire.h"
 
+#include "ground/Text.h"
 #include "line/Checksum.h"
 #include "line/SerialLink.h"
 #include "line/Timings.h"
@@ -46,6 +47,11 @@ std::string Trimmed(std::string_view text) {
 }
 
 }  // namespace
+
+QString ShownAnswer(std::string_view answer) {
+  constexpr std::size_t most = 80;
+  return FromBytes(answer.substr(0, most)).simplified();
+}
 
 void Wire::SendCommand(std::string_view command) {
   std::string bytes(command);
@@ -140,12 +146,18 @@ void Wire::TakeLineFeed(std::string& line) {
   line.append(rest.constData(), static_cast<std::size_t>(rest.size()));
 }
 
-Answer Wire::TellNoAnswer(Buttons buttons) {
-  const Answer said = comm_.Ask.MsgBox(QStringLiteral("    Errore su Porta COM") +
-                                           QString::number(comm_.Settings.PortNumber) +
-                                           QStringLiteral("\rVerificare le connessioni"),
-                                       buttons, Icon::Critical);
-  SerialLink(comm_).ClosePort();
+Answer Wire::TellNoAnswer(Buttons buttons, std::string_view answer) {
+  SerialLink link(comm_);
+  QString text = QStringLiteral("    Errore su Porta ") + link.PortName() +
+                 QStringLiteral("\rVerificare le connessioni");
+  if (!answer.empty()) {
+    text += u'\r' + comm_.Text(TextNumber::ProgrammerAnswered) + ShownAnswer(answer);
+  }
+  if (const QString holder = comm_.Port.OtherHolder(); !holder.isEmpty()) {
+    text += u'\r' + comm_.Text(TextNumber::CloseOther) + holder;
+  }
+  const Answer said = comm_.Ask.MsgBox(text, buttons, Icon::Critical);
+  link.ClosePort();
   return said;
 }
 

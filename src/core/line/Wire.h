@@ -20,6 +20,9 @@ struct Reply {
   Answer Said = Answer::Ok;
 };
 
+/// What a programmer answered, as one line of a box.
+QString ShownAnswer(std::string_view answer);
+
 /// The four ways in which bytes are exchanged with the programmer. A port that fails raises
 /// `SerialError` from each of them.
 class Wire {
@@ -45,8 +48,8 @@ class Wire {
   /// buttons when none comes within `Timings::LineReply`. Lets the operator's events through.
   Reply Query(std::string_view command, Buttons buttons);
 
-  /// Tells that the programmer did not answer and closes the port.
-  Answer TellNoAnswer(Buttons buttons);
+  /// Tells that the programmer did not answer, or only with this text, and closes the port.
+  Answer TellNoAnswer(Buttons buttons, std::string_view answer = {});
 
  private:
   std::string Acknowledged(std::string_view frame, std::size_t etx);

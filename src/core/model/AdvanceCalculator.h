@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/CamProgram.h"
+#include "model/FunctionRules.h"
 
 namespace nira {
 
@@ -9,8 +10,8 @@ namespace nira {
 struct AdvanceCalculator {
   static constexpr int MinSpeed = 1;  ///< revolutions per minute
   static constexpr int MaxSpeed = 4000;
-  static constexpr int MaxTime = 210;  ///< milliseconds, from 0
-  static constexpr int MinWanted = 1;  ///< degrees
+  static constexpr int MaxTime = HighestTime;  ///< milliseconds, from 0
+  static constexpr int MinWanted = 1;          ///< degrees
   static constexpr int MaxWanted = 360;
 
   /// Whole degrees that the shaft turns in `time` (0..210 ms) at `speed` (1..4000), over all turns.

@@ -4,6 +4,7 @@
 #include "controls/OkCancelRow.h"
 #include "controls/PlainTip.h"
 #include "files/OptionsFile.h"
+#include "line/SerialLink.h"
 
 #include <QEvent>
 #include <QFontDatabase>
@@ -12,19 +13,9 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include <array>
-
 namespace nira {
 
 namespace {
-
-struct Speed {
-  const char* name;
-  int baud;
-};
-constexpr std::array speeds = {Speed{"Baud3", 300},   Speed{"Baud6", 600},
-                               Speed{"Baud12", 1200}, Speed{"Baud24", 2400},
-                               Speed{"Baud96", 9600}, Speed{"Baud192", 19200}};
 
 constexpr int longestNote = 40;  // characters
 
@@ -121,11 +112,11 @@ QWidget* SETCOMM::BuildSpeeds() {
   auto* column = new QVBoxLayout(frame);
   column->setContentsMargins(16, 12, 16, 12);
   column->setSpacing(8);
-  for (const Speed& speed : speeds) {
-    auto* button = new QRadioButton(QString::number(speed.baud));
-    button->setObjectName(QString::fromLatin1(speed.name));
-    button->setChecked(speed.baud == instance_.Settings.BaudRate);
-    connect(button, &QRadioButton::clicked, this, [this, &speed] { Baud_Click(speed.baud); });
+  for (const int baud : LineSpeeds) {
+    auto* button = new QRadioButton(QString::number(baud));
+    button->setObjectName(QStringLiteral("Baud") + QString::number(baud / 100));
+    button->setChecked(baud == instance_.Settings.BaudRate);
+    connect(button, &QRadioButton::clicked, this, [this, baud] { Baud_Click(baud); });
     column->addWidget(button);
   }
   column->addStretch();

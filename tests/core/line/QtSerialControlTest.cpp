@@ -8,6 +8,7 @@
 
 #include <QDir>
 #include <QLockFile>
+#include <QProcess>
 #include <QTest>
 #include <QTimer>
 
@@ -237,16 +238,22 @@ class QtSerialControlTest : public QObject {
     QCOMPARE(clock.Now(), 999);  // a byte is 33,333 us
   }
 
+  /// Neither then, nor when the adapter goes meanwhile, is anything told as sent.
   void OutputThatIsNotTaken() {
-    HurriedClock hurried;
-    PortFixture f(&hurried);
-    f.Open();
-    const QString notTaken =
-        u"8020: THE PROGRAMMER DOES NOT TAKE THE DATA ON THE PORT: "_qs + f.pty->Path;
-    QVERIFY(f.ErrorOf([&f] { f.serial.Output(QByteArray(100000, 'x')); }).startsWith(notTaken));
-    QVERIFY(f.ErrorOf([&f] { f.serial.PortOpen(false); }).startsWith(notTaken));
-    QVERIFY(!f.serial.PortOpen());
-    f.serial.PortOpen(false);  // once is enough
+    for (const bool unplugged : {false, true}) {
+      HurriedClock hurried;
+      PortFixture f(&hurried);
+      f.Open();
+      const QString notTaken =
+          u"8020: THE PROGRAMMER DOES NOT TAKE THE DATA ON THE PORT: "_qs + f.pty->Path;
+      QVERIFY(f.ErrorOf([&f] { f.serial.Output(QByteArray(100000, 'x')); }).startsWith(notTaken));
+      if (unplugged) f.pty->Unplug();
+      const QString closing = f.ErrorOf([&f] { f.serial.PortOpen(false); });
+      QVERIFY2(closing.startsWith(unplugged ? u"8020: INPUT OR OUTPUT FAILED"_qs : notTaken),
+               qPrintable(closing));
+      QVERIFY(!f.serial.PortOpen());
+      f.serial.PortOpen(false);  // once is enough
+    }
   }
 
   void GoneAndBack_data() {
@@ -307,8 +314,16 @@ class QtSerialControlTest : public QObject {
                              u"\nCLOSE THE PROGRAM THAT USES IT tst_QtSerialCon ("),
              qPrintable(busy));
     QVERIFY(PortHolder(f.pty->Path.replace(u"/pts"_qs, u"/./pts"_qs)).startsWith(u"tst_QtSerial"));
+    QCOMPARE(f.serial.OtherHolder(), QString());
+    QProcess reader;
+    reader.setStandardInputFile(f.pty->Path);
     f.serial.PortOpen(false);
+    reader.start(u"sleep"_qs, {u"60"_qs});
+    QVERIFY(reader.waitForStarted());
     second.PortOpen(true);
+    QVERIFY2(second.OtherHolder().startsWith(u"sleep ("_qs), qPrintable(second.OtherHolder()));
+    reader.kill();
+    reader.waitForFinished();
     second.PortOpen(false);
 
     const QString missing =

@@ -151,6 +151,17 @@ class TransferJobsTest : public QObject {
              u"NIRA QX-16   360|0|1 TRANSMITTING ALARM MESSAGES|2 |100"_qs);
   }
 
+  /// A programmer that drops CTS takes nothing more: closing tells it.
+  void HeldMessages() {
+    JobFixture f;
+    QVERIFY(WriteBytes(f.Path(u"press.msg"_qs), messages));
+    f.serial.Device = [&f](const QByteArray&) { f.serial.Holding = false; };
+    QCOMPARE(f.Run("?AW", u"press.msg"_qs), done);
+    QCOMPARE(f.serial.Written, QByteArray("?AW\xD7\r"));
+    f.prompts.Expect();
+    QVERIFY(!SerialLink(f.comm).ClosePort());
+  }
+
   void RefusesMessageFiles_data() {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QByteArray>("written");
@@ -201,28 +212,17 @@ class TransferJobsTest : public QObject {
     QCOMPARE(ReadBytes(f.Path(u"~.~"_qs)), QByteArray("\r\n\r\n\r\n\r\nEND\r\n"));
   }
 
-  void FilesThatCannotBe_data() {
-    QTest::addColumn<QByteArray>("code");
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QString>("told");
-    QTest::newRow("sizes") << QByteArray("?FR") << u"_._"_qs << u"CANNOT WRITE THE FILE"_qs;
-    QTest::newRow("messages") << QByteArray("?AR") << u"new.msg"_qs << u"CANNOT WRITE THE FILE"_qs;
-    QTest::newRow("nowhere") << QByteArray("?AR") << u"gone/new.msg"_qs
-                             << u"CANNOT WRITE THE FILE"_qs;
-    QTest::newRow("no name") << QByteArray("?AR") << QString() << u"CANNOT WRITE THE FILE"_qs;
-    QTest::newRow("unreadable") << QByteArray("?AW") << u"old.msg"_qs << u"CANNOT READ THE FILE"_qs;
-  }
-
+  /// Folders stand where the files should be.
   void FilesThatCannotBe() {
-    QFETCH(QByteArray, code);
-    QFETCH(QString, file);
-    QFETCH(QString, told);
-    JobFixture f;
-    if (!file.contains(u'/')) QVERIFY(QDir().mkpath(f.Path(file) + u"/inside"));
-    f.prompts.Expect();
-    QCOMPARE(f.Run(code.constData(), file), TransferEnd::NoFile);
-    QCOMPARE(f.serial.Written, QByteArray());
-    QVERIFY(f.prompts.Shown().constFirst().startsWith(u"Critical Ok: " + told + u'\n'));
+    for (const char* code : {"?FR", "?AR", "?AW"}) {
+      JobFixture f;
+      QVERIFY(QDir().mkpath(f.Path(u"file/inside"_qs)));
+      f.prompts.Expect();
+      QCOMPARE(f.Run(code, u"file"_qs), TransferEnd::NoFile);
+      QCOMPARE(f.serial.Written, QByteArray());
+      const QString what = code[2] == 'R' ? u"WRITE"_qs : u"READ"_qs;
+      QVERIFY(f.prompts.Shown().constFirst().startsWith(u"Critical Ok: CANNOT " + what));
+    }
   }
 
   void PortGone_data() {

@@ -220,6 +220,7 @@ class WireTest : public QObject {
     QFETCH(bool, answered);
     CommFixture f;
     if (!answered) f.prompts.Expect(Answer::Retry);
+    f.serial.Holder = u"cat (7)"_qs;
     f.serial.Device = [&f, &arriving](const QByteArray&) {
       for (qsizetype i = 0; i < arriving.size(); ++i) {
         f.serial.Send(arriving.at(i), static_cast<int>(i) * 999);
@@ -234,7 +235,8 @@ class WireTest : public QObject {
     QCOMPARE(f.serial.PortOpen(), answered);
     if (answered) return;
     QCOMPARE(reply.Said, Answer::Retry);
-    QCOMPARE(f.prompts.Shown(), QStringList(u"Critical RetryCancel: " + noAnswer));
+    QCOMPARE(f.prompts.Shown(), QStringList(u"Critical RetryCancel: " + noAnswer +
+                                            u"\rCLOSE THE PROGRAM THAT USES IT cat (7)"));
     QCOMPARE(f.serial.Now(), 1000 + 10 + 2000);
   }
 };

@@ -125,22 +125,6 @@ class LineCommandsTest : public QObject {
     QVERIFY(f.Item("o_Undo")->isEnabled());
   }
 
-  /// The adapter pulled out in the middle of a job, and put back.
-  void Unplugged() {
-    LineFixture f;
-    QVERIFY(f.StartConnected(qx32));
-    f.serial.GoneAfter(50);
-    f.prompts.Expect();
-    f.Choose("Tr_Siz");
-    QCOMPARE(f.prompts.Shown().join(u'|'),
-             u"Critical Ok: [Errore su COM1] Errore 8020 generato da MsComm1\rgone"_qs);
-    QVERIFY(f.serial.Written.contains("?FW") && !f.serial.Written.endsWith(Frame("END")));
-    QVERIFY(f.Text("StatusPort").endsWith(u"errore 8020"));
-    f.Choose("Tr_Siz");
-    QVERIFY(f.serial.Written.endsWith(Frame("END")));
-    QVERIFY(f.Text("StatusPort").endsWith(u"porta non aperta"));
-  }
-
   /// The status bar follows the port, also when a box of the exchange has closed over the window.
   void FollowsPort() {
     LineFixture f;
@@ -174,35 +158,24 @@ class LineCommandsTest : public QObject {
     QVERIFY(!f.Find(u"LabCam_16"_qs)->isVisible());
   }
 
-  void Receives_data() {
-    QTest::addColumn<QByteArray>("records");
-    QTest::addColumn<bool>("whole");
-    const QByteArray head = "FUNZIONI 32-22|0 0 0 0 |0000000000|FORMATO N. 01|C 01|";
-    QTest::newRow("whole") << head + " 350 010|END" << true;
-    QTest::newRow("bad line") << head + " 35 01|END" << false;
-  }
-
   void Receives() {
-    QFETCH(QByteArray, records);
-    QFETCH(bool, whole);
     LineFixture f;
-    QVERIFY(f.StartConnected(qx32, records));
+    QVERIFY(f.StartConnected(qx32,
+                             "FUNZIONI 32-22|0 0 0 0 |0000090000|FORMATO N. 01|C 01| 350 010|END"));
     f.Enter(u"200\r210\r"_qs);
     f.prompts.Expect(Answer::Cancel);  // unsaved work
     f.Choose("Rc_Siz");
     QVERIFY(f.serial.Written.isEmpty());
     f.prompts.Expect(Answer::Ok);
-    if (!whole) f.prompts.Expect();
     f.Choose("Rc_Siz");
     QVERIFY(f.serial.Written.contains("?FR\xD7\r"));
-    QVERIFY(!f.serial.PortOpen());
-    QCOMPARE(ContentOf(f.program), whole ? u"1.1: 0-10 350-360"_qs : u"1.5: 100-110 200-210"_qs);
-    QCOMPARE(f.Item("o_Undo")->isEnabled(), !whole);
-    QCOMPARE(f.Lines(), whole ? u"F001 350 010"_qs : u"F001 100 110|F002 200 210"_qs);
-    if (!whole) return;
-    QCOMPARE(f.Boxes(), u"350 010"_qs);
+    QVERIFY(!f.serial.PortOpen() && !f.Item("o_Undo")->isEnabled());
+    QCOMPARE(ContentOf(f.program), u"1.1: 0-10 350-360"_qs);
+    QCOMPARE(f.Lines() + u' ' + f.Boxes(), u"F001 350 010 350 010"_qs);
     QVERIFY(!f.program.IsSaved);
     QCOMPARE(f.Text("StatusChanged"), u"modificato"_qs);
+    QCOMPARE(f.window->statusBar()->currentMessage(),
+             u"Ricezione terminata  VALORI RICEVUTI FUORI LIMITI: SENSO DI ROTAZIONE 9 (0-1)"_qs);
   }
 
   /// While the programmer is asked the windows are alive, but what the operator does to them is
@@ -318,24 +291,10 @@ class LineCommandsTest : public QObject {
     QVERIFY(!f.serial.PortOpen());
   }
 
-  void AutSel_data() {
-    QTest::addColumn<QByteArray>("reply");
-    QTest::addColumn<QString>("chosen");  // the options that are marked then
-    QTest::addColumn<QString>("limits");  // after closing
-    const QByteArray rest = "  NIRA and some more of it    \r";
-    QTest::newRow("16, 99") << QByteArray("16 99 180" + rest) << u"QX16 99 FORMATI"_qs
-                            << u"16 99 180"_qs;
-    QTest::newRow("in neither caption")
-        << QByteArray("16 07 100" + rest) << u"QX16  7 FORMATI"_qs << u"16 7 100"_qs;
-    QTest::newRow("24 cams") << QByteArray("24 07 100" + rest) << u"QX32 22 FORMATI"_qs
-                             << u"32 22 255"_qs;
-    QTest::newRow("no answer") << QByteArray() << u"QX32 22 FORMATI"_qs << u"32 22 255"_qs;
-  }
-
+  /// A number of sizes that is no choice of the window becomes one.
   void AutSel() {
-    QFETCH(QByteArray, reply);
     LineFixture f;
-    QVERIFY(f.StartConnected(reply));
+    QVERIFY(f.StartConnected("16 07 100  NIRA and some more of it    \r"));
     QStringList chosen;
     f.chooseModel = [&](Carprg* window) {
       f.OnQuery = [&, window] {
@@ -353,10 +312,9 @@ class LineCommandsTest : public QObject {
       QCOMPARE(window->findChild<QLabel*>(u"LabCom"_qs)->text(),
                u"Serial Port COM1 unconnected"_qs);
     };
-    if (reply.isEmpty()) f.prompts.Expect();
     f.Choose("f_New");
-    QTEST(chosen.join(u' '), "chosen");
-    QTEST(f.Limits(), "limits");
+    QCOMPARE(chosen.join(u' '), u"QX16  7 FORMATI"_qs);
+    QCOMPARE(f.Limits(), u"16 7 100"_qs);
     QVERIFY(!f.serial.PortOpen());
   }
 };
