@@ -50,7 +50,7 @@ std::string Trimmed(std::string_view text) {
 
 QString ShownAnswer(std::string_view answer) {
   constexpr std::size_t most = 80;
-  return FromBytes(answer.substr(0, most)).simplified();
+  return FromBytes(answer.substr(0, most)).trimmed();
 }
 
 void Wire::SendCommand(std::string_view command) {
