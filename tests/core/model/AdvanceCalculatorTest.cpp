@@ -4,47 +4,11 @@
 
 #include <QTest>
 
-#include <bit>
+#include <utility>
 
 namespace nira {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-__extension__ using Wide = unsigned __int128;
-
-/// A product as double precision keeps it: its first 53 bits, the rest rounded half to even.
-Wide Kept(Wide product) {
-  int bits = 0;
-  while (product >> bits != 0) ++bits;
-  if (bits <= 53) return product;
-  const Wide unit = Wide(1) << (bits - 53);
-  const Wide rest = product % unit;
-  const Wide down = product - rest;
-  const bool up = rest * 2 > unit || (rest * 2 == unit && (down / unit) % 2 == 1);
-  return up ? down + unit : down;
-}
-
-/// (n x 0.006) x t step by step in whole numbers, on the 53 bits that a double has of 0.006.
-int StepByStep(int n, int t) {
-  const auto bits = std::bit_cast<std::uint64_t>(0.006);
-  const int fraction = 1075 - static_cast<int>(bits >> 52);  // binary places of the mantissa
-  const Wide mantissa = (bits & ((std::uint64_t(1) << 52) - 1)) | (std::uint64_t(1) << 52);
-  const Wide angle = Kept(Kept(Wide(n) * mantissa) * Wide(t));
-  return static_cast<int>(angle >> fraction);
-}
-
-/// a x 166.6666666667 in ten-thousand-millionths, to the nearest integer, halves to the even one.
-std::int64_t AtOneTurn(int a) {
-  constexpr std::int64_t one = 10'000'000'000;
-  const std::int64_t exact = a * std::int64_t(1'666'666'666'667);
-  const std::int64_t rest = exact % one;
-  const bool up = rest * 2 > one || (rest * 2 == one && (exact / one) % 2 == 1);
-  return exact / one + (up ? 1 : 0);
-}
-
-}  // namespace
 
 class AdvanceCalculatorTest : public QObject {
   Q_OBJECT
@@ -61,23 +25,24 @@ class AdvanceCalculatorTest : public QObject {
     QVERIFY((A::Fitting(100, 360) == A::Setting{126, 210}));
   }
 
+  /// Double precision falls one degree short of exact arithmetic at 38 pairs and nowhere else.
   void EveryPair() {
     int different = 0;
     for (int n = 1; n <= 4000; ++n) {
       for (int t = 0; t <= 210; ++t) {
-        const int angle = AdvanceCalculator::Angle(n, t);
-        if (angle != StepByStep(n, t)) QFAIL(qPrintable(u"%1 rev/min, %2 ms"_qs.arg(n).arg(t)));
-        if (angle != n * 6 * t / 1000) ++different;
+        const int lacks = n * 6 * t / 1000 - AdvanceCalculator::Angle(n, t);
+        if (lacks < 0 || lacks > 1) QFAIL(qPrintable(u"%1 rev/min, %2 ms"_qs.arg(n).arg(t)));
+        different += lacks;
       }
     }
-    QCOMPARE(different, 38);  // from exact arithmetic
+    QCOMPARE(different, 38);
   }
 
   void EveryWantedAngle() {
     for (int n = 1; n <= 4000; ++n) {
       AdvanceCalculator::Setting expected;
       for (int wanted = 1; wanted <= 360; ++wanted) {
-        const auto time = static_cast<int>(AtOneTurn(wanted) / n);
+        const int time = (wanted * 1000 + 3) / 6 / n;  // thirds: no halves to round
         if (time <= 210) expected = {wanted, time};
         if (AdvanceCalculator::Fitting(n, wanted) == expected) continue;
         QFAIL(qPrintable(u"%1 rev/min, %2 degrees"_qs.arg(n).arg(wanted)));
