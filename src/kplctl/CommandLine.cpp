@@ -30,6 +30,10 @@ const Command* FindCommand(const QString& name) {
 /// can hold it.
 constexpr QChar literalMark(u'\0');
 
+bool IsOption(const QString& argument) {
+  return argument.size() > 1 && argument.startsWith(u'-');
+}
+
 QCommandLineOption ParserOption(const Option& option) {
   QStringList names = {QString::fromLatin1(option.name)};
   if (*option.letter != '\0') names.append(QString::fromLatin1(option.letter));
@@ -78,7 +82,7 @@ class CommandLine {
 /// values.
 QString CommandLine::Choose(const QStringList& line) {
   for (const QString& argument : line.mid(1)) {
-    if (argument.startsWith(u'-')) continue;
+    if (IsOption(argument)) continue;
     command_ = FindCommand(argument);
     if (command_ == nullptr) return QStringLiteral("unknown command ") + argument;
     options_.insert(options_.begin(), command_->options.begin(), command_->options.end());
@@ -117,7 +121,7 @@ QStringList CommandLine::WithLiterals(QStringList line) const {
   if (command_ == nullptr || command_->literals == nullptr) return line;
   qsizetype place = -1;  // of a word; the command itself is none
   for (qsizetype at = 1; at < line.size() && line.at(at) != QStringLiteral("--"); ++at) {
-    if (line.at(at).startsWith(u'-')) {
+    if (IsOption(line.at(at))) {
       if (TakesNext(line.at(at))) ++at;
       continue;
     }

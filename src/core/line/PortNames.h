@@ -26,9 +26,9 @@ struct PortInfo {
 /// Which device stands behind a port number.
 ///
 /// The working folder comes first: a link "com1", a device or a file of that name whose first line
-/// is a path, is port 1. What names a device by itself is no such file. Otherwise ports 1 to 4 are
-/// ttyS0 to ttyS3, and 5 to 8 the first four that exist of ttyUSB0.. and ttyACM0.., in that order;
-/// on Windows port n is COMn.
+/// is a path, is port 1. Otherwise ports 1 to 4 are ttyS0 to ttyS3, and 5 to 8 the first four that
+/// exist of ttyUSB0.. and ttyACM0.., in that order; on Windows port n is COMn. Port 0 is a device
+/// by its name, or a link to one: what stands in a file of that name is not looked at.
 class PortNames {
  public:
   static constexpr int Ports = 8;       ///< that the settings window offers
