@@ -5,6 +5,8 @@
 #include "line/SimulatedMark.h"
 
 #include <QFileInfo>
+#include <QLabel>
+#include <QStatusBar>
 
 #include <algorithm>
 

@@ -6,9 +6,11 @@
 #include "controls/SimulatedSign.h"
 #include "line/PortNames.h"
 
-#include <QLabel>
-#include <QStatusBar>
+#include <QObject>
 #include <QTimer>
+
+class QLabel;
+class QStatusBar;
 
 namespace nira {
 
