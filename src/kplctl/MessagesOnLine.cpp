@@ -10,8 +10,6 @@
 #include "messages/MessageFile.h"
 
 #include <QFileInfo>
-#include <QSaveFile>
-#include <QTemporaryDir>
 
 #include <algorithm>
 
@@ -24,15 +22,6 @@ JobMonitor MonitorOf(LineSession& session, bool& begun) {
     begun = true;
     return TransferJobs(session.Line(), session.Report()).Run(job);
   };
-}
-
-/// Why a file could not be replaced by what will have come; empty when it could.
-QString ObstacleAt(const QString& file) {
-  const QFileInfo target(file);
-  if (target.exists() && !target.isFile()) return QStringLiteral("is not a file");
-  if (target.exists() && !target.isReadable()) return QStringLiteral("cannot be kept as .bak");
-  QSaveFile probe(file);  // gone again without a commit
-  return probe.open(QIODevice::WriteOnly) ? QString() : probe.errorString();
 }
 
 /// Writes what stands in the work file; none when that was done, otherwise why it was not.
@@ -83,25 +72,17 @@ int SendMessages(LineSession& session, const QString& file) {
 }
 
 int ReceiveMessages(LineSession& session, const QString& file) {
-  Console& console = session.Terminal();
-  if (!MayReplace(console, {}, file)) return Console::Failed;  // before minutes on the line
-  if (const QString obstacle = ObstacleAt(file); !obstacle.isEmpty()) {
-    console.Err << Printable(file) << ": cannot be written: " << Printable(obstacle) << Qt::endl;
-    return Console::Failed;
-  }
-  QTemporaryDir own;  // no other command's
-  WorkFile work(own.filePath(QString::fromLatin1(MessageFile::WorkName)));
+  // Before minutes on the line.
+  if (!MayReplace(session.Terminal(), {}, file) || !session.CanWrite(file)) return Console::Failed;
+  WorkFile work(MessageTransfer::WorkPath(session.Line()));
   bool begun = false;
   auto reason = session.Run(
       [&] { return MessageTransfer(session.Line()).Receive(work, MonitorOf(session, begun)); });
   reason = reason ? QString(QStringLiteral("NOT received: ") + *reason)
                   : WriteReceived(session, work.Path(), file);
   if (!reason) return Console::Good;
-  const bool came = QFileInfo(work.Path()).size() > 0;
-  own.setAutoRemove(!came);
-  console.Err << Printable(file) << ": " << Printable(*reason);
-  if (came) console.Err << "; what came is kept in " << Printable(work.Path());
-  console.Err << Qt::endl;
+  session.Remark(file, *reason);
+  if (QFileInfo(work.Path()).size() > 0) session.KeepReceived(file, MessageFile::WorkName);
   return Console::Failed;
 }
 
