@@ -92,7 +92,7 @@ QStringList Listing::FunctionLines() const {
 QStringList Listing::AdvanceLines() const {
   const FunctionsBlock& block = program_.Functions();
   if (block.AdvanceOn != 1) return {QStringLiteral("ANTICIPI OFF")};
-  const int count = std::min(block.AdvanceLast + 1, program_.NumCams());
+  const int count = program_.LastAdvance() + 1;
   QStringList lines{NumberLine("ANTICIPI ON   ", count)};
   const EnabledFunctions enabled = EnabledIn(block, program_.NumCams());
   for (int cam = 0; cam < count; ++cam) {

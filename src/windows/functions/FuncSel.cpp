@@ -559,7 +559,7 @@ void FuncSel::tDEMO_Click() {
 
 /// How many of the programmer's cams have an advance; the block may hold more.
 int FuncSel::AdvanceCount() const {
-  return std::min(Block().AdvanceLast + 1, instance_.Program.NumCams());
+  return instance_.Program.LastAdvance() + 1;
 }
 
 QString FuncSel::AdvanceRange() const {

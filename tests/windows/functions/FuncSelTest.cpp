@@ -164,6 +164,7 @@ class FuncSelTest : public QObject {
           "1 15 RIT|0 0 0 0"},
          {"OFF 11 RIT RAP17 RAP25 16 cams", "007*8 250*1 007*3 -*4", "ANT (rit) (rap17) (rap25)",
           "12", "1 11|0 0 0 0"},
+         {"ON 31 16 cams", "007*8 250*1 007*7", "ANT (rit) (rap17) (rap25)", "16", "1 31|0 0 0 0"},
          {"ON 0 16 cams", "-*16", "ant (rit) (rap17) (rap25)", "00", "0 0|0 0 0 0"},
          {"ON 31 RIT", "007*8 250*1 007*7 025*4 110*4 007*8", "ANT RIT (rap17) rap25", "32",
           "1 31 RIT|0 0 0 0"}});
