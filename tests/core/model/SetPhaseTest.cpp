@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "model/CamProgram.h"
 #include "model/PhaseList.h"
+#include "model/PhasePreview.h"
 #include "support/Rows.h"
 #include "support/Tables.h"
 
@@ -33,6 +34,23 @@ std::string Digits(const CamRow& row) {
   return digits;
 }
 
+/// "1,2>0-100" for phases that become one, "1>" for one that goes, "+5-10" for a new one, then what
+/// is to be minded.
+QString Told(const PhasePreview& preview) {
+  QStringList words;
+  for (const PhaseChange& change : preview.changes) {
+    QStringList numbers;
+    for (const int number : change.numbers) numbers.append(QString::number(number));
+    const bool goes = change.kind == PhaseChange::Kind::Deleted;
+    const QString after = QStringLiteral("%1-%2").arg(change.after.on).arg(change.after.off);
+    const QString sign = numbers.isEmpty() ? QStringLiteral("+") : QStringLiteral(">");
+    words.append(numbers.join(u',') + sign + (goes ? QString() : after));
+  }
+  if (preview.neighbourGoes) words.append(QStringLiteral("beside"));
+  if (!preview.keptInFile) words.append(QStringLiteral("file"));
+  return words.join(u' ');
+}
+
 }  // namespace
 
 /// Phases in one row of the degree map: writing, cutting and deleting them, and how they are shown.
@@ -41,19 +59,23 @@ class SetPhaseTest : public QObject {
 
  private Q_SLOTS:
   void OneEntry_data() {
-    TextTable({"before", "entry", "after"},
-              {{"shrinks the larger phase", "10-50", "20 30", "20-30"},
-               {"merges what it spans", "10-20 40-50", "0 100", "0-100"},
-               {"overlap at the end goes entirely", "15-40", "10 20", "10-20"},
-               {"the run that ends at ON goes", "10-20", "20 30", "20-30"},
-               {"the run at OFF+1 stays", "11-16", "5 10", "5-10 11-16"},
-               {"no wrap of the backward cut", "355-360", "0 10", "0-10 355-360"},
-               {"across, OFF+1 goes", "100-110 11-16", "350 10", "0-10 100-110 350-360"},
-               {"across to 0, the run at 0 goes", "0-5", "359 0", "359-360"},
-               {"350 to 0 beside 0-350", "0-350", "350 0", ""},
-               {"deletes around the degree", "20-30", "25 25", ""},
-               {"deletes the phase that ends there", "20-30", "30 30", ""},
-               {"deletes one half", "0-10 350-360", "5 5", "350-360"}});
+    TextTable({"before", "entry", "after", "told"},
+              {{"shrinks the larger phase", "10-50", "20 30", "20-30", "1>20-30"},
+               {"merges what it spans", "10-20 40-50", "0 100", "0-100", "1,2>0-100"},
+               {"overlap at the end goes entirely", "15-40", "10 20", "10-20", "1>10-20"},
+               {"the run that ends at ON goes", "10-20", "20 30", "20-30", "1>20-30"},
+               {"the run at OFF+1 stays", "11-16", "5 10", "5-10 11-16", "+5-10"},
+               {"no wrap of the backward cut", "355-360", "0 10", "0-10 355-360", "1>355-10"},
+               {"a run at OFF+1 the file loses", "11-16 355-360", "0 10", "0-10 11-16 355-360",
+                "1>355-10 file"},
+               {"across, OFF+1 goes", "100-110 11-16", "350 10", "0-10 100-110 350-360",
+                "+350-10 1> beside"},
+               {"across to 0, the run at 0 goes", "0-5", "359 0", "359-360", "1>359-0"},
+               {"350 to 0 beside 0-350", "0-350", "350 0", "", "1> beside"},
+               {"deletes around the degree", "20-30", "25 25", "", "1>"},
+               {"deletes the phase that ends there", "20-30", "30 30", "", "1>"},
+               {"deletes one half", "0-10 350-360", "5 5", "350-360", "1>350-0"},
+               {"is there already", "0-10 350-360", "350 10", "0-10 350-360", ""}});
   }
 
   void OneEntry() {
@@ -66,6 +88,8 @@ class SetPhaseTest : public QObject {
     program.SetRow(2, 1, RowOf(before));
     program.SetPhase(2, 1, entry.section(u' ', 0, 0).toInt(), entry.section(u' ', 1).toInt());
     QTEST(RunsOf(program.CamMap(2, 1)), "after");
+    const int on = entry.section(u' ', 0, 0).toInt();
+    QTEST(Told(PhasePreview::Of(RowOf(before), on, entry.section(u' ', 1).toInt())), "told");
     program.SetRow(2, 1, others);
     for (int i = 0; i < 9; ++i) QCOMPARE(program.CamMap(1 + i / 3, i % 3), others);
   }
