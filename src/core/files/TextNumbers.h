@@ -177,6 +177,15 @@ enum class TextNumber : int {
   NoMessageFile = 395,
   MessagesLeftOut = 396,
   ReceivedIn = 397,
+  PreviewHeading = 420,
+  PreviewNew = 421,
+  PreviewDeletes = 422,
+  PreviewJoins = 423,
+  PreviewAnd = 424,
+  PreviewNothing = 425,
+  PreviewUnasked = 426,
+  PreviewNeighbour = 427,
+  PreviewNotKept = 428,
 };
 
 }  // namespace nira

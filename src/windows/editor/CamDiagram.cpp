@@ -128,6 +128,11 @@ void CamDiagram::MarkPhase(int cam, const std::optional<Phase>& phase) {
   phaseMarks_->Select(RowOf(cam).bar, phase);
 }
 
+void CamDiagram::ShowPreview(int cam, const std::vector<Phase>& goes,
+                             const std::vector<Phase>& comes) {
+  phaseMarks_->Preview(RowOf(cam).bar, goes, comes);
+}
+
 void CamDiagram::Rescale(int rowPixels, int scalePixels) {
   rowPixels_ = rowPixels;
   scalePixels_ = scalePixels;

@@ -37,6 +37,9 @@ class CamDiagram : public QWidget {
   /// Marks a phase of a cam as the selected one; none takes the marks away.
   void MarkPhase(int cam, const std::optional<Phase>& phase);
 
+  /// Shows in the bar of a cam which phases would go and come.
+  void ShowPreview(int cam, const std::vector<Phase>& goes, const std::vector<Phase>& comes);
+
   /// Computes the units per degree from the width that is drawn on.
   void SetScale();
 

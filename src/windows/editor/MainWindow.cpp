@@ -161,6 +161,7 @@ void MainWindow::ConnectAll() {
   connect(diagram_, &CamDiagram::LineRead, status_, &StatusLine::ShowLine);
   connect(diagram_, &CamDiagram::Freed, entry_->Fase(), [this] { entry_->Fase()->setFocus(); });
   connect(entry_, &PhaseEntry::Marked, diagram_, &CamDiagram::MarkPhase);
+  connect(entry_, &PhaseEntry::Previewed, diagram_, &CamDiagram::ShowPreview);
   connect(entry_, &PhaseEntry::Committed, this, [this] {
     o_Undo_->setEnabled(true);
     ShowSizeCam();

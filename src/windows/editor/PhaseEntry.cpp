@@ -2,6 +2,7 @@
 #include "editor/PhaseEntry.h"
 
 #include "editor/PhaseDelegate.h"
+#include "editor/PreviewField.h"
 #include "ground/Text.h"
 
 #include <QFontDatabase>
@@ -40,9 +41,11 @@ QString Normalised(const QString& text) {
   return NumericValue(filled) > maxDegree ? QString::number(maxDegree) : filled;
 }
 
-/// The pair may be restored from a list that shows 360, or hold a stepping key.
+/// What a box enters as it stands, 0..359: it may be restored from a list that shows 360, or hold a
+/// stepping key.
 int DegreeOf(const DegreeBox& box) {
-  return static_cast<int>(std::clamp<std::int64_t>(NumericValue(box.text()), 0, maxDegree));
+  return static_cast<int>(
+      std::clamp<std::int64_t>(NumericValue(Normalised(box.text())), 0, maxDegree));
 }
 
 void KeepPlaceWhenHidden(QWidget* widget) {
@@ -71,6 +74,9 @@ PhaseEntry::PhaseEntry(Instance& instance, QWidget* parent) : QWidget(parent), i
     edited_ = true;
   });
   connect(gradiOff_, &QLineEdit::textEdited, this, [this] { edited_ = true; });
+  for (const DegreeBox* box : {gradiOn_, gradiOff_}) {
+    connect(box, &QLineEdit::textChanged, this, &PhaseEntry::Preview);
+  }
   connect(gradiOn_, &DegreeBox::FocusLost, this, &PhaseEntry::Lost);
   connect(gradiOff_, &DegreeBox::FocusLost, this, &PhaseEntry::Lost);
 }
@@ -91,6 +97,7 @@ void PhaseEntry::BuildControls() {
   const auto offFilter = [this](char16_t& code) { return GRADIOFF_KeyPress(code); };
   gradiOn_ = named(new DegreeBox(width, onFilter, this), "GRADION");
   gradiOff_ = named(new DegreeBox(width, offFilter, this), "GRADIOFF");
+  preview_ = named(new PreviewField(this), "Preview");
   for (DegreeBox* box : {gradiOn_, gradiOff_}) box->setText(QStringLiteral("0000"));
 
   fase_->setAccessibleName(QStringLiteral("Fase"));
@@ -102,7 +109,7 @@ void PhaseEntry::BuildControls() {
   for (QLabel* label : {tFasi_, totFasi_}) label->setTextFormat(Qt::PlainText);
   lGrad_->setAlignment(Qt::AlignCenter);
   for (QWidget* widget : {static_cast<QWidget*>(lGrad_), static_cast<QWidget*>(gradiOn_),
-                          static_cast<QWidget*>(gradiOff_)}) {
+                          static_cast<QWidget*>(gradiOff_), static_cast<QWidget*>(preview_)}) {
     KeepPlaceWhenHidden(widget);
   }
   setTabOrder(fase_, gradiOn_);
@@ -132,6 +139,7 @@ void PhaseEntry::BuildLayout() {
   layout->addWidget(line);
   layout->addWidget(lGrad_);
   layout->addLayout(boxes);
+  layout->addWidget(preview_);
 }
 
 void PhaseEntry::Rescale(int dataPixels, int entryPixels, int width) {
@@ -151,6 +159,10 @@ void PhaseEntry::Rescale(int dataPixels, int entryPixels, int width) {
     box->setFont(entry);
     box->setFixedHeight(QFontMetrics(entry).height() + 12);
   }
+  heading.setPixelSize(dataPixels * 13 / 16);
+  preview_->setFont(heading);
+  constexpr int previewHeight = 44;
+  preview_->setFixedHeight(std::max(previewHeight, 2 * QFontMetrics(heading).height() + 8));
   setFixedWidth(width);
 }
 
@@ -169,6 +181,7 @@ void PhaseEntry::ShowPhases(const PhaseList& phases) {
   totFasi_->setText(ZeroFilled(static_cast<std::int64_t>(phases.phases.size()), 3));
   ShowLengths();
   TellMarked();
+  Preview();
 }
 
 /// For how many degrees each phase is ON, and all of them with their part of the cycle.
@@ -190,6 +203,23 @@ void PhaseEntry::TellMarked() {
   Q_EMIT Marked(shown_.second, phase);
 }
 
+/// What entering the pair would do to the cam that is current, which a stepping key may have moved
+/// on already.
+void PhaseEntry::Preview() {
+  const int cam = Selected().second;
+  preview_->setVisible(!gradiOn_->isHidden());
+  if (preview_->isHidden()) {
+    Q_EMIT Previewed(cam, {}, {});
+    return;
+  }
+  const Phase pair{DegreeOf(*gradiOn_), DegreeOf(*gradiOff_)};
+  const CamRow& row = instance_.Program.CamMap(Selected().first, cam);
+  const PhasePreview preview = PhasePreview::Of(row, pair.on, pair.off);
+  const bool listed = std::find(phases_.begin(), phases_.end(), pair) != phases_.end();
+  preview_->ShowPreview(preview, !edited_ && !listed, instance_.Texts);
+  Q_EMIT Previewed(cam, preview.goes, preview.comes);
+}
+
 /// The phase that was just written is selected, but not loaded: the boxes keep what they hold. A
 /// press on the list finds it where it was.
 void PhaseEntry::SelectWritten(int on, int off) {
@@ -206,12 +236,14 @@ void PhaseEntry::ShowBoxes() {
   lGrad_->show();
   gradiOn_->show();
   gradiOff_->show();
+  Preview();
 }
 
 void PhaseEntry::HideBoxes() {
   lGrad_->hide();
   gradiOn_->hide();
   gradiOff_->hide();
+  Preview();
 }
 
 std::pair<int, int> PhaseEntry::Selected() const {
@@ -339,9 +371,9 @@ void PhaseEntry::LoadFromLine(const QString& line) {
 }
 
 void PhaseEntry::Load(const QString& on, const QString& off) {
+  edited_ = false;
   gradiOn_->setText(on);
   gradiOff_->setText(off);
-  edited_ = false;
 }
 
 void PhaseEntry::Gained(Box box) {

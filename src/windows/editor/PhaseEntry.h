@@ -17,8 +17,11 @@ class QListWidget;
 
 namespace nira {
 
+class PreviewField;
+
 /// The panel beside the diagram: the phases of the selected cam, their count, and the two boxes in
-/// which a phase is typed. A phase goes into the program when the OFF box loses the focus.
+/// which a phase is typed, with what they would do. A phase goes into the program when the OFF box
+/// loses the focus.
 class PhaseEntry : public QWidget {
   Q_OBJECT
 
@@ -57,6 +60,8 @@ class PhaseEntry : public QWidget {
   void Committed();
   /// The phase of the selected line of the list, none without one, and its cam.
   void Marked(int cam, const std::optional<Phase>& phase);
+  /// What the pair in the boxes would take from the row of a cam and bring to it.
+  void Previewed(int cam, const std::vector<Phase>& goes, const std::vector<Phase>& comes);
   /// The selected cam is not the one that is drawn.
   void SelectionMoved();
 
@@ -95,6 +100,7 @@ class PhaseEntry : public QWidget {
   void ShowLengths();
   void SelectWritten(int on, int off);
   void TellMarked();
+  void Preview();
   bool TakeMouse(QEvent* event);
   bool TakePress(const QPoint& place);
   void KeepPressed();
@@ -108,6 +114,7 @@ class PhaseEntry : public QWidget {
   QLabel* lGrad_;
   DegreeBox* gradiOn_;
   DegreeBox* gradiOff_;
+  PreviewField* preview_;
 
   QString OnText;
   QString OffText;

@@ -26,6 +26,13 @@ std::vector<Run> RunsOf(const Phase& phase) {
   return runs;
 }
 
+/// The boxes of a phase in the diagram, from its ON end on.
+std::vector<QRect> BoxesOf(const CamBar* bar, const Phase& phase) {
+  std::vector<QRect> boxes;
+  for (const Run& run : RunsOf(phase)) boxes.push_back(bar->BoxOf(run).translated(bar->pos()));
+  return boxes;
+}
+
 void PaintHandle(QPainter& painter, int x, const QRect& box) {
   QRect place({}, handle.boundedTo({handle.width(), box.height()}));
   place.moveCenter({x, box.center().y()});
@@ -58,11 +65,14 @@ void PhaseMarks::Select(const CamBar* bar, const std::optional<Phase>& phase) {
   update(before + Places());
 }
 
-/// From the ON end on.
-std::vector<QRect> PhaseMarks::Boxes() const {
-  std::vector<QRect> boxes;
-  for (const Run& run : RunsOf(*phase_)) boxes.push_back(bar_->BoxOf(run).translated(bar_->pos()));
-  return boxes;
+void PhaseMarks::Preview(const CamBar* bar, const std::vector<Phase>& goes,
+                         const std::vector<Phase>& comes) {
+  if (bar == previewBar_ && goes == goes_ && comes == comes_) return;
+  const QRegion before = PreviewPlaces();
+  previewBar_ = bar;
+  goes_ = goes;
+  comes_ = comes;
+  update(before + PreviewPlaces());
 }
 
 /// The flags stand outside the phase, and beside each other where there is no room.
@@ -71,7 +81,7 @@ PhaseMarks::Flags PhaseMarks::FlagPlaces() const {
   const int width = metrics.horizontalAdvance(QStringLiteral("000")) + 8;
   const int height = metrics.height() + 2;
   const int top = std::max(0, place_.bars.top() - DiagramPlace::Tick - 2 - height);
-  const std::vector<QRect> boxes = Boxes();
+  const std::vector<QRect> boxes = BoxesOf(bar_, *phase_);
   Flags flags;
   flags.onX = boxes.front().left();
   flags.offX = boxes.back().right();
@@ -86,7 +96,8 @@ PhaseMarks::Flags PhaseMarks::FlagPlaces() const {
 QRegion PhaseMarks::Places() const {
   if (!phase_) return {};
   QRegion places;
-  for (const QRect& box : Boxes()) places += box.adjusted(-slack, -slack, slack, slack);
+  for (const QRect& box : BoxesOf(bar_, *phase_))
+    places += box.adjusted(-slack, -slack, slack, slack);
   const Flags flags = FlagPlaces();
   for (const QRect& flag : {flags.on, flags.off}) {
     places += flag.adjusted(-1, -1, 1, 1);
@@ -98,15 +109,43 @@ QRegion PhaseMarks::Places() const {
   return places;
 }
 
+QRegion PhaseMarks::PreviewPlaces() const {
+  QRegion places;
+  for (const std::vector<Phase>* phases : {&goes_, &comes_}) {
+    for (const Phase& phase : *phases) {
+      for (const QRect& box : BoxesOf(previewBar_, phase)) places += box.adjusted(-1, -1, 2, 2);
+    }
+  }
+  return places;
+}
+
 void PhaseMarks::paintEvent(QPaintEvent*) {
-  if (!phase_) return;
   QPainter painter(this);
+  PaintPreview(painter);
+  if (!phase_) return;
   PaintFrame(painter);
   PaintFlags(painter);
 }
 
+void PhaseMarks::PaintPreview(QPainter& painter) const {
+  const QColor black = QColor::fromRgb(colours::text);
+  for (const Phase& phase : goes_) {
+    const bool selected = previewBar_->Shown().selected;
+    for (const QRect& box : BoxesOf(previewBar_, phase)) {
+      painter.fillRect(box, QColor::fromRgb(selected ? colours::selectedBar : colours::bar));
+      painter.fillRect(box, QBrush(black, Qt::BDiagPattern));
+    }
+  }
+  painter.setPen(QPen(black, 1, Qt::DashLine));
+  for (const Phase& phase : comes_) {
+    for (const QRect& box : BoxesOf(previewBar_, phase)) {
+      painter.drawRect(box.adjusted(0, 0, -1, -1));
+    }
+  }
+}
+
 void PhaseMarks::PaintFrame(QPainter& painter) const {
-  const std::vector<QRect> boxes = Boxes();
+  const std::vector<QRect> boxes = BoxesOf(bar_, *phase_);
   painter.setPen(
       QPen(QColor::fromRgb(colours::text), frame, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
   for (const QRect& box : boxes) painter.drawRect(box.adjusted(0, 0, 1, 1));

@@ -11,7 +11,8 @@
 namespace nira {
 
 /// What is marked over the bar of the selected cam: the phase that is selected in the list, framed,
-/// with a handle at either end and its degrees as two flags on the upper scale.
+/// with a handle at either end and its degrees as two flags on the upper scale; and what the pair
+/// in the boxes would do, hatched where degrees go, outlined where a phase comes.
 class PhaseMarks : public QWidget {
   Q_OBJECT
 
@@ -24,6 +25,9 @@ class PhaseMarks : public QWidget {
   /// The selected phase, in the bar in which it is drawn; none takes the marks away.
   void Select(const CamBar* bar, const std::optional<Phase>& phase);
 
+  /// Phases that would go from a bar and come to it.
+  void Preview(const CamBar* bar, const std::vector<Phase>& goes, const std::vector<Phase>& comes);
+
  protected:
   void paintEvent(QPaintEvent* event) override;
 
@@ -35,7 +39,8 @@ class PhaseMarks : public QWidget {
     int offX = 0;
   };
 
-  std::vector<QRect> Boxes() const;
+  QRegion PreviewPlaces() const;
+  void PaintPreview(QPainter& painter) const;
   Flags FlagPlaces() const;
   QRegion Places() const;
   void PaintFrame(QPainter& painter) const;
@@ -45,6 +50,9 @@ class PhaseMarks : public QWidget {
   QFont font_;
   const CamBar* bar_ = nullptr;
   std::optional<Phase> phase_;
+  const CamBar* previewBar_ = nullptr;
+  std::vector<Phase> goes_;
+  std::vector<Phase> comes_;
 };
 
 }  // namespace nira

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "editor/PreviewField.h"
 #include "support/WindowFixture.h"
 
 #include <QContextMenuEvent>
@@ -308,6 +309,34 @@ class DiagramTest : public QObject {
     QCOMPARE(flags(), 2);
     f.Press(Qt::Key_PageDown);
     QCOMPARE(flags(), 0);
+  }
+
+  /// What two Enters would do, in words and in the bar, and amber where nobody asked for it.
+  void Preview() {
+    WindowFixture f;
+    QVERIFY(f.StartWith(u"10-20 100-110"_qs, 3));
+    const auto told = [&f]() -> QString {
+      const auto* field = f.Find<PreviewField>(u"Preview"_qs);
+      return (field->Amber() ? u"! "_qs : QString()) + field->text();
+    };
+    QVERIFY(!f.Find(u"Preview"_qs)->isVisible());
+    f.Enter({});
+    QCOMPARE(told(), u"Invio, Invio:\nnessuna modifica"_qs);
+    const QImage before = Picture(f, u"Barra_3"_qs);
+    f.Type(u"15"_qs);
+    QCOMPARE(told(), u"Invio, Invio:\nF001 010-020 → 015-020  5°"_qs);
+    const QImage hatched = Picture(f, u"Barra_3"_qs);
+    const auto* bar = f.Find<CamBar>(u"Barra_3"_qs);
+    QVERIFY(hatched.copy(bar->BoxOf({10, 15})) != before.copy(bar->BoxOf({10, 15})));
+    QCOMPARE(hatched.copy(bar->BoxOf({100, 110})), before.copy(bar->BoxOf({100, 110})));
+    f.Type(u"\r105"_qs);
+    QCOMPARE(told(), u"Invio, Invio:\nunisce F001 e F002: 015-105  90°"_qs);
+    f.Type(u"\r"_qs);  // the ON box loads what it had before
+    QCOMPARE(told(), u"! coppia non in elenco\nF001 015-105 → 010-105  95°"_qs);
+    f.Type(u"350\r14"_qs);
+    const QString both = u"nuova fase 350-014  24°; cancella F001 015-105"_qs;
+    QCOMPARE(told(), u"! sparisce una fase vicina\n"_qs + both);
+    QCOMPARE(f.Runs(1, 3), u"15-105"_qs);
   }
 
   void StatusBar() {
