@@ -36,6 +36,15 @@ bool SameFile(const QFileInfo& a, const QFileInfo& b) {
   return a.absoluteFilePath() == b.absoluteFilePath() || (a.exists() && b.exists() && a == b);
 }
 
+/// Why a file could not be replaced by what will have come; empty when it could.
+QString ObstacleAt(const QString& file) {
+  const QFileInfo target(file);
+  if (target.exists() && !target.isFile()) return QStringLiteral("is not a file");
+  if (target.exists() && !target.isReadable()) return QStringLiteral("cannot be kept as .bak");
+  QSaveFile probe(file);  // gone again without a commit
+  return probe.open(QIODevice::WriteOnly) ? QString() : probe.errorString();
+}
+
 }  // namespace
 
 QString LineFault(const Arguments& arguments) {
@@ -89,13 +98,9 @@ void LineSession::Remark(const QString& file, const QString& text) {
 }
 
 bool LineSession::CanWrite(const QString& file) {
-  const QFileInfo target(file);
-  const bool other = target.exists() && !target.isFile();
-  QSaveFile probe(file);  // gone again without a commit
-  if (!other && probe.open(QIODevice::WriteOnly)) return true;
-  Remark(file, QStringLiteral("cannot be written: ") +
-                   (other ? QStringLiteral("is not a file") : probe.errorString()));
-  return false;
+  const QString obstacle = ObstacleAt(file);
+  if (!obstacle.isEmpty()) Remark(file, QStringLiteral("cannot be written: ") + obstacle);
+  return obstacle.isEmpty();
 }
 
 void LineSession::KeepReceived(const QString& file, const char* name) {
