@@ -118,13 +118,7 @@ class NoReport : public TransferReport {
 };
 
 void LoadPress(CamProgram& program) {
-  Globals globals;
-  NoMessages prompts;
-  MessageTable texts;
-  FileWriter writer;
-  const LoadResult result =
-      CamFile(program, globals, prompts, texts, writer).LoadCamFile(Sample("press.CAM"));
-  if (result.outcome != LoadResult::Outcome::Loaded) Fail(QStringLiteral("no sample"));
+  if (!LoadCamFile(program, Sample("press.CAM"))) Fail(QStringLiteral("no sample"));
 }
 
 /// The programmer as a process of its own, so that its work is not counted as the tool's.

@@ -91,8 +91,7 @@ int main(int argc, char** argv) {
   const QSize screen = QGuiApplication::primaryScreen()->availableSize();
   for (const QSize size : {QSize(), screen}) {
     CamProgram program;
-    const ImportResult imported = ImportSize(program, sample, 1, 1);
-    if (imported.outcome != ImportResult::Outcome::Imported) return 1;
+    if (!ImportSize(program, sample, 1, 1)) return 1;
     Measure(program, QStringLiteral("press.CAM"), size, seconds);
     FillAll(program);
     Measure(program, QStringLiteral("all lamps at every degree"), size, seconds);

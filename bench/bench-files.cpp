@@ -21,19 +21,6 @@ namespace {
 using namespace nira;
 using namespace nira_bench;
 
-/// Answers nothing that matters: the files measured here are good.
-class NoPrompts : public Prompts {
- public:
-  Answer MsgBox(const QString& /*text*/, Buttons /*buttons*/, Icon /*icon*/,
-                const QString& /*title*/) override {
-    return Answer::Cancel;
-  }
-  std::optional<QString> InputBox(const QString& /*prompt*/, const QString& /*preset*/,
-                                  const QString& /*title*/) override {
-    return std::nullopt;
-  }
-};
-
 qint64 CountLines(const QString& path) {
   static std::vector<char> buffer(1 << 17);
   QFile file(path);
@@ -73,18 +60,13 @@ void Measure(const QString& path, int sizes, int cams) {
   std::string bytes;
   const double building = Median([&] { bytes = WriteCamFile(program); });
   const double saving = Median([&] {
-    const QString reason = writer.Write(path, WriteCamFile(program), FileWriter::Backup::No);
-    if (!reason.isEmpty()) Fail(reason);
+    if (writer.Write(path, WriteCamFile(program), FileWriter::Backup::No)) Fail(path);
   });
 
-  NoPrompts prompts;
-  MessageTable texts;
-  Globals globals;
   CamProgram loaded;
   loaded.SetLimits(sizes, cams, CamProgram::MaxMessages);
-  CamFile file(loaded, globals, prompts, texts, writer);
   const double loading = Median([&] {
-    if (file.LoadCamFile(path).outcome != LoadResult::Outcome::Loaded) Fail(path);
+    if (!LoadCamFile(loaded, path)) Fail(path);
   });
   if (bytes != expected || WriteCamFile(loaded) != expected) Fail(QStringLiteral("not the same"));
 

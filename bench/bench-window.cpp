@@ -164,7 +164,7 @@ void MeasureSizes(const QString& folder, QTextStream& out) {
   CamProgram& program = running.program;
   CamProgram full = nira_bench::FullProgram(89, 32);
   const QString file = QDir(folder).filePath(QStringLiteral("deep.CAM"));
-  if (!running.writer.Write(file, WriteCamFile(full), FileWriter::Backup::No).isEmpty()) {
+  if (running.writer.Write(file, WriteCamFile(full), FileWriter::Backup::No)) {
     qFatal("the file cannot be written");
   }
   program.SetLimits(89, 32, CamProgram::MaxMessages);
@@ -172,9 +172,7 @@ void MeasureSizes(const QString& folder, QTextStream& out) {
   QApplication::processEvents();
   Report(out, running.window, "import of size 89 from a file of 89 x 32 x 180", [&](int) {
     program.ClearSize(1);
-    if (ImportSize(program, file, 89, 1).outcome != ImportResult::Outcome::Imported) {
-      qFatal("not imported");
-    }
+    if (!ImportSize(program, file, 89, 1)) qFatal("not imported");
   });
   Report(out, running.window, "copy of a size of 32 x 180 onto another", [&program](int run) {
     CopySize(program, 1, 2 + run % 80);

@@ -52,8 +52,8 @@ int main(int argc, char** argv) {
     return 2;
   }
   const QString path = QDir(arguments.last()).filePath(QStringLiteral("firmware.abs"));
-  const QString reason =
+  const Refusal refusal =
       FileWriter().Write(path, HexFileText(MakeImage(), start, nameBytes), FileWriter::Backup::No);
-  if (!reason.isEmpty()) QTextStream(stderr) << path << ": " << reason << '\n';
-  return reason.isEmpty() ? 0 : 1;
+  if (refusal) QTextStream(stderr) << path << ": " << refusal->Text << '\n';
+  return refusal ? 1 : 0;
 }

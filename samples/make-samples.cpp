@@ -180,12 +180,12 @@ std::string PressAlarms(int messages, const char* const (PressMessage::*rows)[2]
 }
 
 bool Write(const std::string& bytes, const QString& path) {
-  const QString reason = FileWriter().Write(path, bytes, FileWriter::Backup::No);
-  if (!reason.isEmpty()) QTextStream(stderr) << path << ": " << reason << '\n';
-  return reason.isEmpty();
+  const Refusal refusal = FileWriter().Write(path, bytes, FileWriter::Backup::No);
+  if (refusal) QTextStream(stderr) << path << ": " << refusal->Text << '\n';
+  return !refusal;
 }
 
-bool Write(CamProgram program, const QString& path) {
+bool Write(const CamProgram& program, const QString& path) {
   return Write(WriteCamFile(program), path);
 }
 

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CamFileAccess.h"
 
-#include "ConsolePrompts.h"
 #include "Printable.h"
-#include "files/CamFile.h"
 #include "files/CamLines.h"
 #include "files/CamWords.h"
+#include "files/LineReader.h"
+#include "files/TextNumbers.h"
+#include "line/FaultText.h"
 #include "model/PhaseList.h"
 
 #include <QFileInfo>
@@ -15,28 +16,6 @@ namespace nira {
 const char* const WithoutEnd = "it has no line END: its end may be missing";
 
 namespace {
-
-/// Passes questions on and keeps the last message, which is printed with the file's name and line.
-class KeptMessage : public Prompts {
- public:
-  explicit KeptMessage(Prompts& prompts) : prompts_(prompts) {}
-
-  Answer MsgBox(const QString& text, Buttons buttons, Icon icon, const QString& title) override {
-    if (buttons != Buttons::Ok) return prompts_.MsgBox(text, buttons, icon, title);
-    Text = text;
-    return Answer::Ok;
-  }
-
-  std::optional<QString> InputBox(const QString& prompt, const QString& preset,
-                                  const QString& title) override {
-    return prompts_.InputBox(prompt, preset, title);
-  }
-
-  QString Text;
-
- private:
-  Prompts& prompts_;
-};
 
 /// The counts that the header names; none when the header names none.
 std::optional<CamFileCounts> NamedCounts(std::string_view header) {
@@ -51,49 +30,22 @@ bool IsWithin(std::int64_t number, int most) {
 
 /// Gives the program the named dimensions, otherwise those of the file's header; what neither
 /// names stays as it is.
-std::optional<FileFault> SetDimensions(std::string_view header, const Dimensions& named,
-                                       CamProgram& program) {
+Refusal SetDimensions(std::string_view header, const Dimensions& named, CamProgram& program) {
   CamFileCounts counts{program.NumCams(), program.NumSizes()};
   counts = NamedCounts(header).value_or(counts);
   const std::int64_t cams = named.cams.value_or(counts.cams);
   const std::int64_t sizes = named.sizes.value_or(counts.sizes);
   if (!IsWithin(cams, CamProgram::MaxCams) || !IsWithin(sizes, CamProgram::MaxSizes)) {
-    return FileFault{1, QStringLiteral("%1 cams and %2 sizes found; 1 to %3 cams and 1 to %4 sizes "
-                                       "are allowed")
-                            .arg(counts.cams)
-                            .arg(counts.sizes)
-                            .arg(CamProgram::MaxCams)
-                            .arg(CamProgram::MaxSizes)};
+    return Fault{.Line = 1,
+                 .Text = QStringLiteral("%1 cams and %2 sizes found; 1 to %3 cams and 1 to %4 "
+                                        "sizes are allowed")
+                             .arg(counts.cams)
+                             .arg(counts.sizes)
+                             .arg(CamProgram::MaxCams)
+                             .arg(CamProgram::MaxSizes)};
   }
   program.SetLimits(static_cast<int>(sizes), static_cast<int>(cams), CamProgram::MaxMessages);
   return std::nullopt;
-}
-
-QString BadLine(const LoadResult& result, const MessageTable& texts) {
-  const QString line = u'"' + result.text + u'"';
-  if (result.cutOff) return QStringLiteral("the file ends after the line ") + line;
-  const QString& known = texts.Text(TextNumber::BadFile);
-  return line + (known.isEmpty() ? QStringLiteral(" is no line that can stand here") : known);
-}
-
-/// What a reading ended with, in words; none when the file was read.
-std::optional<FileFault> FaultOf(const LoadResult& result, const QString& message,
-                                 const MessageTable& texts) {
-  switch (result.outcome) {
-    case LoadResult::Outcome::Loaded:
-      return std::nullopt;
-    case LoadResult::Outcome::Missing:
-      return FileFault{0, QStringLiteral("cannot be read any more")};
-    case LoadResult::Outcome::WrongCams:
-      return FileFault{result.line, message};
-    case LoadResult::Outcome::Declined:
-      return FileFault{
-          result.line,
-          QStringLiteral("not read: the question was answered with Cancel (--yes answers OK)")};
-    case LoadResult::Outcome::Bad:
-      break;
-  }
-  return FileFault{result.line, BadLine(result, texts)};
 }
 
 qsizetype CountPhases(const CamProgram& program) {
@@ -108,77 +60,89 @@ qsizetype CountPhases(const CamProgram& program) {
 
 }  // namespace
 
-std::optional<FileFault> ReadCamFile(const Console& console, const QString& file,
-                                     const Dimensions& named, CamProgram& program, bool& cutOff) {
+Result<LoadedFile> ReadCamFile(const Console& console, const QString& file, const Dimensions& named,
+                               CamProgram& program) {
   {
     LineReader lines(file);
-    if (!lines.IsOpen()) return FileFault{0, lines.Error()};
     const auto header = lines.Next();
-    if (auto fault = SetDimensions(header.value_or(std::string_view()), named, program)) {
-      return fault;
+    if (lines.Failure()) return *lines.Failure();
+    if (const auto fault = SetDimensions(header.value_or(std::string_view()), named, program)) {
+      return *fault;
     }
   }
-  Globals globals;
-  KeptMessage kept(console.Ask);
-  CamFile reader(program, globals, kept, console.Texts, console.Writer);
-  const LoadResult result = reader.LoadCamFile(file);
-  cutOff = result.cutOff;
-  return FaultOf(result, kept.Text, console.Texts);
+  auto result = LoadCamFile(program, file);
+  if (result || result.Why().What != Fault::Kind::OtherSizes) return result;
+  const QString question = FaultText(result.Why(), console.Texts);
+  const bool taken = console.Ask.MsgBox(question, Buttons::OkCancel, Icon::None) == Answer::Ok;
+  return taken ? LoadCamFile(program, file, OtherSizes::Take) : result;
 }
 
 bool OpenCamFile(const Console& console, const QString& file, const Dimensions& named,
                  CamProgram& program) {
-  bool cutOff = false;
-  if (const auto fault = ReadCamFile(console, file, named, program, cutOff)) {
-    PrintFault(console.Err, file, *fault);
+  const auto loaded = ReadCamFile(console, file, named, program);
+  if (!loaded) {
+    PrintFault(console.Err, file, loaded.Why());
     return false;
   }
-  if (cutOff) console.Err << Printable(file) << ": " << WithoutEnd << '\n';
+  if (loaded->WithoutEnd) console.Err << Printable(file) << ": " << WithoutEnd << '\n';
+  if (loaded->LeftOut > 0) {
+    console.Err << Printable(file) << ": " << Counted(loaded->LeftOut, "size") << " left out\n";
+  }
   return true;
 }
 
 bool MayReplace(const Console& console, const QString& from, const QString& to) {
   const QFileInfo target(to);
   if (!target.exists() || target == QFileInfo(from)) return true;
-  const QString& known = console.Texts.Text(TextNumber::ReplaceFile);
-  const QString question = known.isEmpty() ? QStringLiteral("THE FILE ALREADY EXISTS") : known;
-  return console.Ask.MsgBox(question + u' ' + to, Buttons::YesNo, Icon::Exclamation) == Answer::Yes;
+  const QString question = console.Texts.Text(TextNumber::ReplaceFile) + u' ' + to;
+  return console.Ask.MsgBox(question, Buttons::YesNo, Icon::Exclamation) == Answer::Yes;
 }
 
 int SaveCamFile(const Console& console, const QString& from, const QString& to,
-                CamProgram& program) {
+                const CamProgram& program) {
   if (!MayReplace(console, from, to)) return Console::Failed;
-  Globals globals;
-  globals.CurrentFile = to;
-  CamFile file(program, globals, console.Ask, console.Texts, console.Writer);
-  const QString failure = file.SaveCamFile();
-  if (!failure.isEmpty()) {
-    console.Err << Printable(to) << ": cannot be written: " << Printable(failure) << '\n';
+  if (const auto refusal = SaveCamFile(program, to, console.Writer)) {
+    PrintFault(console.Err, to, *refusal);
     return Console::Failed;
   }
   console.Out << Printable(to) << ": written: " << Summary(program) << '\n';
   return Console::Good;
 }
 
-CamProgram ReadBack(CamProgram& program) {
+CamProgram ReadBack(const CamProgram& program) {
   const std::string bytes = WriteCamFile(program);
   LineReader lines{std::string_view(bytes)};
   CamProgram back;
   back.SetLimits(program.NumSizes(), program.NumCams(), program.NumMessages());
-  QString unseen;  // the reader has nothing to ask about its own writer's lines
-  QTextStream stream(&unseen);
-  ConsolePrompts silent(stream, false);
-  Globals globals;
-  const MessageTable texts;
-  FileWriter writer;
-  CamFile(back, globals, silent, texts, writer).ReadCamFile(lines);
+  // What the reader refuses of its own writer's lines stays as far as it was read.
+  static_cast<void>(ReadCamFile(back, lines));
   return back;
 }
 
-void PrintFault(QTextStream& lines, const QString& file, const FileFault& fault) {
+QString FaultWords(const Fault& fault) {
+  const QString reason = fault.Text.isEmpty() ? QStringLiteral("is not a file") : fault.Text;
+  switch (fault.What) {
+    case Fault::Kind::CannotRead:
+      return reason;
+    case Fault::Kind::CannotWrite:
+      return QStringLiteral("cannot be written: ") + reason;
+    case Fault::Kind::BadLine:
+      return u'"' + fault.Text + u'"' + MessageTable().Text(TextNumber::BadFile);
+    case Fault::Kind::CutOff:
+      return QStringLiteral("the file ends after the line \"") + fault.Text + u'"';
+    case Fault::Kind::OtherSizes:
+      return QStringLiteral("not read: the question was answered with Cancel (--yes answers OK)");
+    case Fault::Kind::NoSize:
+      return QStringLiteral("it has no size of this number");
+    default:
+      return FaultText(fault, MessageTable());
+  }
+}
+
+void PrintFault(QTextStream& lines, const QString& file, const Fault& fault) {
   lines << Printable(file);
-  if (fault.line > 0) lines << ':' << fault.line;
-  lines << ": fault: " << Printable(fault.text) << '\n';
+  if (fault.Line > 0) lines << ':' << fault.Line;
+  lines << ": fault: " << Printable(FaultWords(fault)) << '\n';
 }
 
 QString Summary(const CamProgram& program) {

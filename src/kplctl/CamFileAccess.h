@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Console.h"
-#include "FileFault.h"
+#include "files/CamFile.h"
 #include "model/CamProgram.h"
 
 #include <QString>
@@ -20,29 +20,32 @@ struct Dimensions {
   std::optional<int> sizes;
 };
 
-/// Reads a cam file into a program of those dimensions; the fault says why it was not read.
-/// `cutOff` tells that it was read but lacks its line END.
-std::optional<FileFault> ReadCamFile(const Console& console, const QString& file,
-                                     const Dimensions& named, CamProgram& program, bool& cutOff);
+/// Reads a cam file into a program of those dimensions, after asking when the file has another
+/// number of sizes.
+Result<LoadedFile> ReadCamFile(const Console& console, const QString& file, const Dimensions& named,
+                               CamProgram& program);
 
-/// The same for a command that goes on with the program: prints the fault, or a remark about a
-/// missing END. False when the file was not read.
+/// The same for a command that goes on with the program: prints the fault, or remarks about a
+/// missing END and sizes that were left out. False when the file was not read.
 bool OpenCamFile(const Console& console, const QString& file, const Dimensions& named,
                  CamProgram& program);
 
 /// Writes a program, after asking when that replaces a file other than `from`; prints what was
 /// written, or why nothing was. Returns the exit status.
 int SaveCamFile(const Console& console, const QString& from, const QString& to,
-                CamProgram& program);
+                const CamProgram& program);
 
 /// Asks before a file other than `from` is replaced by `to`, as the windows do.
 bool MayReplace(const Console& console, const QString& from, const QString& to);
 
 /// What the program comes back as from its cam file: without what the file's layout loses.
-CamProgram ReadBack(CamProgram& program);
+CamProgram ReadBack(const CamProgram& program);
 
-/// Prints "FILE:LINE: fault: TEXT".
-void PrintFault(QTextStream& lines, const QString& file, const FileFault& fault);
+/// What a fault says, without its place.
+QString FaultWords(const Fault& fault);
+
+/// Prints "FILE:LINE: fault: " and its words.
+void PrintFault(QTextStream& lines, const QString& file, const Fault& fault);
 
 /// What the remark about a missing line END says.
 extern const char* const WithoutEnd;

@@ -14,13 +14,13 @@ namespace {
 
 bool CheckCamFile(const Console& console, const QString& file) {
   CamProgram program;
-  bool cutOff = false;
-  if (const auto fault = ReadCamFile(console, file, {}, program, cutOff)) {
-    PrintFault(console.Out, file, *fault);
+  const auto loaded = ReadCamFile(console, file, {}, program);
+  if (!loaded) {
+    PrintFault(console.Out, file, loaded.Why());
     return false;
   }
   console.Out << Printable(file) << ": good: " << Summary(program);
-  if (cutOff) console.Out << "; " << WithoutEnd;
+  if (loaded->WithoutEnd) console.Out << "; " << WithoutEnd;
   console.Out << '\n';
   return true;
 }
@@ -43,7 +43,7 @@ bool CheckFile(const Console& console, const QString& file) {
   if (extension == QStringLiteral("msg")) return CheckMessages(console, file);
   if (extension == QStringLiteral("abs")) return CheckFirmware(console, file);
   PrintFault(console.Out, file,
-             {0, QStringLiteral("none of .cam, .scr, .msg and .abs by its name")});
+             {.Text = QStringLiteral("none of .cam, .scr, .msg and .abs by its name")});
   return false;
 }
 

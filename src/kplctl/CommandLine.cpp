@@ -5,7 +5,6 @@
 #include "ConsolePrompts.h"
 #include "Printable.h"
 #include "Usage.h"
-#include "files/WorkingFolder.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -15,8 +14,6 @@
 namespace nira {
 
 namespace {
-
-constexpr const char* textsName = "p32qx_EN.SCR";
 
 /// The command of that name; null when there is none.
 const Command* FindCommand(const QString& name) {
@@ -163,17 +160,9 @@ QString CommandLine::Fault() const {
   return command_->fault != nullptr ? command_->fault(given_) : QString();
 }
 
-/// The English texts that came with the program; empty texts when there are none.
-MessageTable InstalledTexts() {
-  MessageTable texts;
-  const QString folder = WorkingFolder::InstalledScripts(QCoreApplication::applicationDirPath());
-  if (!folder.isEmpty()) texts.Read(WorkingFolder(folder).Find(QString::fromLatin1(textsName)));
-  return texts;
-}
-
 int RunCommand(const CommandLine& line, QTextStream& out, QTextStream& err) {
   ConsolePrompts prompts(err, line.Given().Has("yes"));
-  MessageTable texts = InstalledTexts();
+  MessageTable texts;  // without a script: the built-in texts, in English
   FileWriter writer;
   Console console{prompts, texts, writer, out, err};
   return line.Chosen()->run(console, line.Given());

@@ -29,10 +29,12 @@ int RunEdit(Console& console, const Arguments& arguments) {
   CamProgram program;
   if (!OpenCamFile(console, from, {}, program)) return Console::Failed;
   const EditOperations all = OperationsOf(arguments);
-  if (const auto refusal = ProgramEdit(program, console.Texts).Run(all.operations)) {
-    console.Err << "kplctl: " << Printable(*refusal) << '\n';
+  ProgramEdit edit(program, console.Texts);
+  if (const auto refusal = edit.Run(all.operations)) {
+    console.Err << "kplctl: " << Printable(refusal->Text) << '\n';
     return Console::Failed;
   }
+  for (const QString& remark : edit.Remarks) console.Err << Printable(remark) << '\n';
   const int status = SaveCamFile(console, from, to, program);
   if (status != Console::Good) return status;
   for (const QString& lost : NotKept(program, ReadBack(program))) {

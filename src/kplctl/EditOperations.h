@@ -2,6 +2,7 @@
 #pragma once
 
 #include "files/TextNumbers.h"
+#include "ground/Result.h"
 
 #include <QString>
 #include <QStringList>
@@ -14,9 +15,6 @@ namespace nira {
 
 class ProgramEdit;
 struct EditOperation;
-
-/// Why an operation is refused; none when it was done.
-using EditRefusal = std::optional<QString>;
 
 /// An argument of an operation. Numbers are whole; sizes and cams count from 1.
 struct EditParameter {
@@ -34,7 +32,7 @@ struct EditOperationKind {
   const char* name;
   std::vector<EditParameter> parameters;
   const char* help;
-  EditRefusal (ProgramEdit::*run)(const EditOperation& operation);
+  Refusal (ProgramEdit::*run)(const EditOperation& operation);
 };
 
 /// One operation as it stands on the command line.

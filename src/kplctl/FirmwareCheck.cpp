@@ -53,16 +53,16 @@ QString RecordFault(const HexLine& line, bool taken) {
 }
 
 /// Reads the file to its end or to its first fault.
-std::optional<FileFault> Read(HexFile& file, HexRanges& ranges) {
-  if (!file.IsOpen()) return FileFault{0, file.Error()};
+Refusal Read(HexFile& file, HexRanges& ranges) {
+  if (!file.IsOpen()) return file.Failure();
   while (const HexLine* line = file.Next()) {
     const QString fault = line->Found == HexLine::Fault::None
                               ? RecordFault(*line, ranges.Take(*line))
                               : HexFault(*line);
-    if (!fault.isEmpty()) return FileFault{line->Number, fault};
+    if (!fault.isEmpty()) return Fault{.Line = line->Number, .Text = fault};
   }
-  if (!file.Error().isEmpty()) return FileFault{0, file.Error()};
-  if (file.Totals().Lines == 0) return FileFault{0, QStringLiteral("it is empty")};
+  if (file.Failure()) return file.Failure();
+  if (file.Totals().Lines == 0) return Fault{.Text = QStringLiteral("it is empty")};
   return std::nullopt;
 }
 

@@ -50,23 +50,23 @@ QString CauseOfLoss(const FunctionField& field, const FunctionsBlock& block, int
 
 }  // namespace
 
-QString FunctionEdits::Setting::Refused(const QString& reason) const {
-  return operation.Named() + QStringLiteral(": ") + reason;
+Fault FunctionEdits::Setting::Refused(const QString& reason) const {
+  return {.Text = operation.Named() + QStringLiteral(": ") + reason};
 }
 
 QString FunctionEdits::Range(const QString& range) const {
   return texts_.Text(TextNumber::OutOfRange) + range;
 }
 
-EditRefusal FunctionEdits::Set(const EditOperation& operation) {
+Refusal FunctionEdits::Set(const EditOperation& operation) {
   const FunctionField* field = FindFunctionField(operation.arguments.first());
   const std::int64_t value = operation.Wide(operation.arguments.size() - 1);
   const int largest = field->Largest(program_);
   if (value < 0 || value > largest) {
-    return Range(QStringLiteral("0-") + QString::number(largest));
+    return Fault{.Text = Range(QStringLiteral("0-") + QString::number(largest))};
   }
   if (field->of32Cams && value != 0 && !HasGroups(program_.NumCams())) {
-    return QStringLiteral("only a programmer of 32 cams has delays and ratios");
+    return Fault{.Text = QStringLiteral("only a programmer of 32 cams has delays and ratios")};
   }
   const Setting setting{field, field->IsPerCam() ? operation.Number(1) - 1 : 0, operation};
   FunctionsBlock block = program_.Functions();
@@ -100,7 +100,7 @@ const FunctionEdits::Setting* FunctionEdits::LastOf(
   return found == settings_.rend() ? nullptr : &*found;
 }
 
-EditRefusal FunctionEdits::Settle() {
+Refusal FunctionEdits::Settle() {
   if (settings_.empty()) return std::nullopt;
   FunctionsBlock block = program_.Functions();
   if (block.AdvanceOn == 0 && Find("AdvanceOn") != nullptr && Find("AdvanceLast") == nullptr) {
@@ -113,7 +113,7 @@ EditRefusal FunctionEdits::Settle() {
 
 /// What the set fields contradict, in each other or in what the file had. What the file alone
 /// contradicts itself in stays as it is.
-EditRefusal FunctionEdits::Contradiction() const {
+Refusal FunctionEdits::Contradiction() const {
   const FunctionsBlock& block = program_.Functions();
   const Setting* group = LastOf({"DelayOn", "Ratio17On"});
   if (group != nullptr && block.DelayOn == 1 && block.Ratio17On == 1) {
@@ -129,7 +129,7 @@ EditRefusal FunctionEdits::Contradiction() const {
 }
 
 /// Writes the program as a cam file, reads it back and compares what was set.
-EditRefusal FunctionEdits::Lost() const {
+Refusal FunctionEdits::Lost() const {
   const FunctionsBlock& block = program_.Functions();
   const FunctionsBlock back = ReadBack(program_).Functions();
   for (const Setting& setting : settings_) {

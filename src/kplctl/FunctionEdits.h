@@ -19,24 +19,24 @@ class FunctionEdits {
   FunctionEdits(CamProgram& program, const MessageTable& texts)
       : program_(program), texts_(texts) {}
 
-  EditRefusal Set(const EditOperation& operation);
+  Refusal Set(const EditOperation& operation);
 
   /// Which of the operations is refused after all, and why.
-  EditRefusal Settle();
+  Refusal Settle();
 
  private:
   struct Setting {
     const FunctionField* field;
     int cam;  // from 0
     EditOperation operation;
-    QString Refused(const QString& reason) const;
+    Fault Refused(const QString& reason) const;
   };
 
   void Keep(const Setting& setting);
   const Setting* Find(const char* name) const;
   const Setting* LastOf(std::initializer_list<const char*> names) const;
-  EditRefusal Contradiction() const;
-  EditRefusal Lost() const;
+  Refusal Contradiction() const;
+  Refusal Lost() const;
   QString Range(const QString& range) const;
 
   CamProgram& program_;

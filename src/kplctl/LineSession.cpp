@@ -71,7 +71,7 @@ LineSession::LineSession(Console& console, const Arguments& arguments, const Wor
       prompts_(console.Ask, progress_),
       port_(port, clock, trace_, interrupt_),
       comm_{port_, clock, Program, Settings, console.Texts, console.Writer, work_, prompts_} {
-  OptionsFile(folder, Settings, prompts_, console.Writer).ReadQuietly();
+  static_cast<Options&>(Settings) = ReadOptions(folder).Settings;
   ChoosePort(names);
   Settings.BaudRate = arguments.Number("baud").value_or(Settings.BaudRate);
   port_.Opened = [this] { TellPort(); };

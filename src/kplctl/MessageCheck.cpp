@@ -79,20 +79,20 @@ MessagesReport CheckMessageFile(const QString& path) {
       text = QStringLiteral("more than %1 messages").arg(CamProgram::MaxMessages);
     }
     if (!text.isEmpty()) {
-      report.fault = FileFault{report.lines, text};
+      report.fault = Fault{.Line = report.lines, .Text = text};
       return report;
     }
     if (!IsBlank(QuotedText(*line).value_or(QString()))) ++report.texts;
   }
-  if (!lines.Error().isEmpty()) report.fault = FileFault{0, lines.Error()};
-  if (tooLong) report.fault = FileFault{lines.LineNumber(), TooLong()};
+  report.fault = lines.Failure();
+  if (tooLong) report.fault = Fault{.Line = lines.LineNumber(), .Text = TooLong()};
   if (!report.fault && report.lines == 0) {
-    report.fault = FileFault{0, QStringLiteral("it holds no message")};
+    report.fault = Fault{.Text = QStringLiteral("it holds no message")};
   }
   return report;
 }
 
-std::optional<FileFault> ListMessages(const QString& path, QTextStream& out) {
+Refusal ListMessages(const QString& path, QTextStream& out) {
   LineReader lines(path);
   bool tooLong = false;
   int number = 0;
@@ -103,9 +103,8 @@ std::optional<FileFault> ListMessages(const QString& path, QTextStream& out) {
     const QString text = QuotedText(*line).value_or(QString());
     if (IsMessageLine(*line) && !IsBlank(text)) out << Printable(ListEntry(number, text)) << '\n';
   }
-  if (tooLong) return FileFault{lines.LineNumber(), TooLong()};
-  if (!lines.Error().isEmpty()) return FileFault{0, lines.Error()};
-  return std::nullopt;
+  if (tooLong) return Fault{.Line = lines.LineNumber(), .Text = TooLong()};
+  return lines.Failure();
 }
 
 }  // namespace nira

@@ -2,12 +2,10 @@
 #pragma once
 
 #include "Console.h"
-#include "FileFault.h"
+#include "ground/Result.h"
 
 #include <QString>
 #include <QTextStream>
-
-#include <optional>
 
 namespace nira {
 
@@ -15,7 +13,7 @@ namespace nira {
 struct MessagesReport {
   int lines = 0;
   int texts = 0;  ///< messages that are not blank
-  std::optional<FileFault> fault;
+  Refusal fault;
 };
 
 /// Looks for the first thing in a message file that would not reach the programmer as it stands:
@@ -29,6 +27,6 @@ bool CheckMessages(const Console& console, const QString& file);
 
 /// Prints each message that is not blank with its number, as the windows would read it; the fault
 /// says why the file could not be read to its end.
-std::optional<FileFault> ListMessages(const QString& path, QTextStream& out);
+Refusal ListMessages(const QString& path, QTextStream& out);
 
 }  // namespace nira

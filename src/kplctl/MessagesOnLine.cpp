@@ -41,7 +41,7 @@ std::optional<QString> WriteReceived(LineSession& session, const QString& work,
   ReplaceMessages(program, *received);
   if (const Refusal refusal =
           WriteMsgFile(program, file, console.Writer, FileWriter::Backup::Yes)) {
-    return QStringLiteral("cannot be written: ") + refusal->Text;
+    return FaultWords(*refusal);
   }
   console.Out << Printable(file) << ": written: " << Counted(report.lines, "message") << ", "
               << report.texts << " with text" << Qt::endl;

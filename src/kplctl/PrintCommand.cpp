@@ -82,10 +82,10 @@ int RunPrint(Console& console, const Arguments& arguments) {
   ListingPainter painter(listing);
   const QPageSize paper(PaperOf(arguments.Text("paper")).value_or(QPageSize::A4));
   const QByteArray pdf = PdfOf(painter, QPageLayout(paper, QPageLayout::Portrait, QMarginsF()));
-  const QString failure = console.Writer.Write(
+  const Refusal refusal = console.Writer.Write(
       to, {pdf.constData(), static_cast<std::size_t>(pdf.size())}, FileWriter::Backup::No);
-  if (!failure.isEmpty()) {
-    console.Err << Printable(to) << ": cannot be written: " << Printable(failure) << '\n';
+  if (refusal) {
+    nira::PrintFault(console.Err, to, *refusal);
     return Console::Failed;
   }
   console.Out << Printable(to) << ": written: " << Counted(painter.Pages(), "page") << '\n';

@@ -15,21 +15,24 @@ class ProgramEdit {
       : program_(program), texts_(texts), functions_(program, texts) {}
 
   /// Does all operations; stops at the first that is refused, and returns which and why.
-  EditRefusal Run(const std::vector<EditOperation>& operations);
+  Refusal Run(const std::vector<EditOperation>& operations);
 
-  EditRefusal SetPhase(const EditOperation& operation);
-  EditRefusal CopySize(const EditOperation& operation);
-  EditRefusal EraseSize(const EditOperation& operation);
-  EditRefusal ImportSize(const EditOperation& operation);
-  EditRefusal CopyCam(const EditOperation& operation);
-  EditRefusal ShiftCam(const EditOperation& operation);
-  EditRefusal EraseCam(const EditOperation& operation);
-  EditRefusal Describe(const EditOperation& operation);
-  EditRefusal SetFunction(const EditOperation& operation);
+  /// What is to be said of the files that were read.
+  QStringList Remarks;
+
+  Refusal SetPhase(const EditOperation& operation);
+  Refusal CopySize(const EditOperation& operation);
+  Refusal EraseSize(const EditOperation& operation);
+  Refusal ImportSize(const EditOperation& operation);
+  Refusal CopyCam(const EditOperation& operation);
+  Refusal ShiftCam(const EditOperation& operation);
+  Refusal EraseCam(const EditOperation& operation);
+  Refusal Describe(const EditOperation& operation);
+  Refusal SetFunction(const EditOperation& operation);
 
  private:
-  EditRefusal RangeFault(const EditOperation& operation) const;
-  EditRefusal OutOfRange(const EditParameter& parameter, std::int64_t number) const;
+  Refusal RangeFault(const EditOperation& operation) const;
+  Refusal OutOfRange(const EditParameter& parameter, std::int64_t number) const;
 
   CamProgram& program_;
   const MessageTable& texts_;

@@ -44,7 +44,7 @@ std::optional<QString> LineFault(std::string_view line, bool first) {
 ScriptReport CheckScript(std::string_view bytes) {
   ScriptReport report;
   const auto bad = [&report](const QString& text) {
-    report.fault = FileFault{report.lines, text};
+    report.fault = Fault{.Line = report.lines, .Text = text};
     return report;
   };
   do {
@@ -71,14 +71,14 @@ ScriptReport CheckScriptFile(const QString& path) {
   ScriptReport report;
   const LineReader probe(path);
   if (!probe.IsOpen()) {
-    report.fault = FileFault{0, probe.Error()};
+    report.fault = probe.Failure();
     return report;
   }
   QFile file(path);
   const bool open = file.open(QIODevice::ReadOnly);
   const QByteArray bytes = open ? file.read(static_cast<qint64>(most)) : QByteArray();
   if (file.error() != QFileDevice::NoError) {
-    report.fault = FileFault{0, file.errorString()};
+    report.fault = Fault{.Text = file.errorString()};
     return report;
   }
   return CheckScript({bytes.constData(), static_cast<std::size_t>(bytes.size())});

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "FileFault.h"
+#include "ground/Result.h"
 
 #include <QString>
 
-#include <optional>
 #include <string_view>
 
 namespace nira {
@@ -14,7 +13,7 @@ namespace nira {
 struct ScriptReport {
   int lines = 0;
   int texts = 0;  ///< lines that are not empty
-  std::optional<FileFault> fault;
+  Refusal fault;
 };
 
 /// Looks for what would make a script lose characters or texts when it is read: line ends other

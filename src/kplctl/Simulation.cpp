@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Simulation.h"
 
+#include "CamFileAccess.h"
 #include "ConsolePrompts.h"
 #include "Interrupt.h"
 #include "Printable.h"
 #include "PtyLink.h"
-#include "files/CamFile.h"
+#include "files/LineReader.h"
 
 #include <QEventLoop>
 
@@ -73,7 +74,9 @@ void Simulation::Tell(const QString& text) {
 QString Simulation::ReadModel(Model& model) const {
   if (!options_.program.isEmpty()) {
     LineReader lines(options_.program);
-    if (!lines.IsOpen()) return QString(options_.program + QStringLiteral(": ") + lines.Error());
+    if (!lines.IsOpen()) {
+      return QString(options_.program + QStringLiteral(": ") + FaultWords(*lines.Failure()));
+    }
     const CamFileCounts counts = CountsOfHeader(lines.Next().value_or(std::string_view()));
     model.cams = counts.cams;
     model.sizes = counts.sizes;
@@ -88,13 +91,7 @@ QString Simulation::ReadProgram(ProgrammerState& state) {
   if (options_.program.isEmpty()) return {};
   CamProgram program;
   program.SetLimits(state.Sizes(), state.Cams(), state.Messages());
-  ConsolePrompts prompts(err_, true);
-  Globals globals;
-  const MessageTable texts;
-  FileWriter writer;
-  const LoadResult result =
-      CamFile(program, globals, prompts, texts, writer).LoadCamFile(options_.program);
-  if (result.outcome != LoadResult::Outcome::Loaded) {
+  if (!LoadCamFile(program, options_.program, OtherSizes::Take)) {
     return QString(options_.program + QStringLiteral(": cannot be loaded"));
   }
   state.Load(program);

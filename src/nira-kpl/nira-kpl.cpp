@@ -4,6 +4,7 @@
 #include "dialogs/clsCommonDialog.h"
 #include "editor/MainWindow.h"
 #include "files/OptionsFile.h"
+#include "files/ScriptFile.h"
 #include "ground/SystemClock.h"
 #include "line/QtSerialControl.h"
 
@@ -26,12 +27,10 @@ QString UsersFolder() {
 
 /// The text that a second instance shows comes from the script, which is not read yet; without one
 /// it is the built-in one.
-QString AlreadyRunningText(Instance& instance) {
-  OptionsFile(instance.Folder, instance.Settings, instance.Ask, instance.Writer).ReadQuietly();
+QString AlreadyRunningText(const WorkingFolder& folder) {
   MessageTable texts;
-  texts.Read(instance.Folder.Find(instance.Settings.ScriptFile));
-  const QString& text = texts.Text(TextNumber::AlreadyRunning);
-  return text.isEmpty() ? QStringLiteral("PROGRAMMA GIA' IN ESECUZIONE") : text;
+  ReadScript(texts, folder, ReadOptions(folder).Settings.ScriptFile);
+  return texts.Text(TextNumber::AlreadyRunning);
 }
 
 /// The cam file of the command line, absolute, without the quotes that a shell may have left on it.
@@ -84,7 +83,7 @@ int main(int argc, char** argv) {
   QLockFile lock(QDir(usersFolder).filePath(QStringLiteral("nira-kpl.lock")));
   lock.setStaleLockTime(0);  // held as long as its process lives, whatever the clock says
   if (!lock.tryLock() && lock.error() == QLockFile::LockFailedError) {
-    prompts.MsgBox(AlreadyRunningText(instance), Buttons::Ok, Icon::Exclamation, {});
+    prompts.MsgBox(AlreadyRunningText(folder), Buttons::Ok, Icon::Exclamation, {});
     return 1;
   }
 

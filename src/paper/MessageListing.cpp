@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "MessageListing.h"
 
+#include "files/TextNumbers.h"
 #include "ground/Text.h"
 
 #include <QFontDatabase>

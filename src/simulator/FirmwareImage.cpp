@@ -117,7 +117,7 @@ std::optional<FirmwareImage> FirmwareImage::OfFile(const QString& path) {
     if (record->type != HexRecord::End) image.Take(*record);
   }
   image.complete_ = true;
-  return lines.Error().isEmpty() ? std::optional(std::move(image)) : std::nullopt;
+  return lines.Failure() ? std::nullopt : std::optional(std::move(image));
 }
 
 }  // namespace nira

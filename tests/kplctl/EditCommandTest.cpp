@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CommandLine.h"
-#include "ProgramEdit.h"
+#include "model/FunctionFields.h"
 #include "support/CamFileFixture.h"
 #include "support/Rows.h"
 
@@ -20,8 +20,7 @@ struct EditFixture : CamFileFixture {
     program.SetRow(1, 0, RowOf(u"10-20 100-110"_qs));
     program.SetRow(2, 1, RowOf(u"0-5 350-360"_qs));
     program.SetCamText(1, u"FEED"_qs);
-    globals.CurrentFile = Path("in.cam");
-    file.SaveCamFile();
+    SaveCamFile(program, Path("in.cam"), writer);
     input = ReadBytes(Path("in.cam"));
   }
 
@@ -43,7 +42,7 @@ struct EditFixture : CamFileFixture {
     const int cams = program.NumCams();
     program = CamProgram();
     program.SetLimits(3, cams, 255);
-    file.LoadCamFile(Path("out.cam"));
+    if (!LoadCamFile(program, Path("out.cam"))) QTest::qFail("not read", __FILE__, __LINE__);
     return program;
   }
 
@@ -174,10 +173,10 @@ class EditCommandTest : public QObject {
     row("copy-size 1 4294967298", "INVALID TARGET SIZE");
     row("erase-size 4", "INVALID SIZE NUMBER");
     row("import-size @/in.cam 4 1", "INVALID SIZE NUMBER");
-    row("import-size @/in.cam 0 1", "File [@/in.cam] INVALID FILE OR SIZE !");
+    row("import-size @/in.cam 0 1", "@/in.cam: it has no size of this number");
     row("import-size @/in.cam 1 4", "INVALID SIZE NUMBER");
-    row("import-size @/bad.cam 1 1", "line 10:  400 010 INVALID FILE OR SIZE !");
-    row("import-size @/none.cam 1 1", "CANNOT READ THE FILE @/none.cam: No such file or directory");
+    row("import-size @/bad.cam 1 1", "@/bad.cam:10: \" 400 010\" INVALID FILE OR SIZE !");
+    row("import-size @/none.cam 1 1", "@/none.cam: No such file or directory");
     row("copy-cam 1 33 1", "CAM NOT AVAILABLE IN THIS MODEL");
     row("copy-cam 1 1 33", "INVALID CAM NUMBER");
     row("shift-cam 1 33 5", "CAM NOT AVAILABLE IN THIS MODEL");
@@ -257,15 +256,6 @@ class EditCommandTest : public QObject {
       QVERIFY(f.err.endsWith(u"only a programmer of 32 cams has delays and ratios\n"_qs));
       QCOMPARE(f.status, 1);
     }
-  }
-
-  /// Without a script there is no text to show; what is out of range is refused all the same.
-  void WithoutTexts() {
-    EditFixture f;
-    const MessageTable none;
-    const auto all = EditOperations::Of({u"erase-size"_qs, u"4"_qs});
-    QCOMPARE(ProgramEdit(f.program, none).Run(all.operations).value_or(QString()),
-             u"operation 1, erase-size 4: refused"_qs);
   }
 
   void WrongUsage_data() {

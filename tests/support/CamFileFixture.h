@@ -2,6 +2,10 @@
 #pragma once
 
 #include "files/CamFile.h"
+#include "files/FileWriter.h"
+#include "files/MessageTable.h"
+#include "line/FaultText.h"
+#include "model/CamProgram.h"
 #include "support/ScriptedPrompts.h"
 
 #include <QFile>
@@ -38,30 +42,27 @@ inline QByteArray FullFile() {
          " FORMATO N. 02\r\nC 01\" \"\x80 \xE8 \"\r\n 000 010\r\nC 03\r\n 359 000\r\nEND\r\n";
 }
 
-/// A cam program and all that reads and writes it, in a folder of its own. Text 10 is " BAD!".
+/// A cam program, a folder of its own for its files, and the built-in texts.
 struct CamFileFixture {
-  explicit CamFileFixture(int sizes = 1, int cams = 2) {
-    program.SetLimits(sizes, cams, 255);
-    std::string script = "\"\r\n";
-    for (int number = 2; number < 10; ++number) script += "\"\"\r\n";
-    texts.Parse(script + "\" BAD!\"\r\n");
-  }
+  explicit CamFileFixture(int sizes = 1, int cams = 2) { program.SetLimits(sizes, cams, 255); }
 
   QString Path(const char* name) const { return folder.filePath(QString::fromLatin1(name)); }
 
-  LoadResult Load(const QByteArray& bytes) {
+  /// Loads the bytes as a file; what it is refused for is in `fault`.
+  Result<LoadedFile> Load(const QByteArray& bytes, OtherSizes other = OtherSizes::Refuse) {
     const QString path = Path("in.cam");
     if (!WriteBytes(path, bytes)) QTest::qFail("cannot write", __FILE__, __LINE__);
-    return file.LoadCamFile(path);
+    auto result = LoadCamFile(program, path, other);
+    fault = result ? Fault() : result.Why();
+    return result;
   }
+  bool Loads(const QByteArray& bytes) { return bool(Load(bytes)); }
 
   QTemporaryDir folder;
   CamProgram program;
-  Globals globals;
-  ScriptedPrompts prompts;
   MessageTable texts;
   FileWriter writer;
-  CamFile file{program, globals, prompts, texts, writer};
+  Fault fault;
 };
 
 }  // namespace nira

@@ -1,63 +1,44 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "files/FileWriter.h"
-#include "files/LineReader.h"
-#include "files/MessageTable.h"
-#include "ground/Prompts.h"
-#include "model/CamProgram.h"
-#include "model/Globals.h"
+#include "ground/Result.h"
 
-#include <string>
+#include <cstdint>
+#include <string_view>
 
 namespace nira {
 
-/// How the reading of a cam file ended.
-struct LoadResult {
-  enum class Outcome {
-    Loaded,
-    Missing,    ///< no such file, or it cannot be opened: nothing changed, nothing was shown
-    WrongCams,  ///< of another number of cams: told, program as before
-    Declined,   ///< of another number of sizes, and the operator did not want it
-    Bad,        ///< a bad line: told, what was read so far stays
-  };
-  Outcome outcome = Outcome::Loaded;
-  int line = 0;  ///< number of the offending line, from 1; 0 when there is none
-  QString text;  ///< the offending line
-  /// The file ends too early: after that line, or, when it was loaded, without its line "END".
-  bool cutOff = false;
-  bool Refused() const { return outcome != Outcome::Loaded && outcome != Outcome::Missing; }
+class CamProgram;
+class FileWriter;
+class LineReader;
+
+// The cam file: the functions block and every size of a program as text lines of Windows-1252
+// characters.
+
+/// What is to be known of a cam file that was read.
+struct LoadedFile {
+  bool WithoutEnd = false;  ///< its line "END" is missing, and what stood before it may be
+  int LeftOut = 0;          ///< sizes of the file that the program has no room for
 };
 
-/// Reads and writes the cam file: the functions block and every size of the program as text lines
-/// of Windows-1252 characters.
-class CamFile {
- public:
-  CamFile(CamProgram& program, Globals& globals, Prompts& prompts, const MessageTable& texts,
-          FileWriter& writer)
-      : program_(program), globals_(globals), prompts_(prompts), texts_(texts), writer_(writer) {}
-
-  /// Reads a file into the program's own dimensions; a file of other dimensions is told or asked
-  /// about. Selects the output size when it exists, otherwise size 1.
-  LoadResult LoadCamFile(const QString& path);
-  /// The same from lines that stand ready.
-  LoadResult ReadCamFile(LineReader& lines);
-
-  /// Writes the program to `CurrentFile`; returns the system's reason when that failed.
-  QString SaveCamFile();
-
- private:
-  LoadResult Read(LineReader& lines);
-  LoadResult CheckCounts(const std::string& header);
-  LoadResult BadFile(int line, std::string_view text);
-
-  CamProgram& program_;
-  Globals& globals_;
-  Prompts& prompts_;
-  const MessageTable& texts_;
-  FileWriter& writer_;
-  bool otherSizes_ = false;  // the operator took a file of another number of sizes
+/// What is done with a file of another number of sizes than the program's.
+enum class OtherSizes {
+  Refuse,  ///< it ends as `OtherSizes`, nothing changed: the caller may ask, and take it
+  Take,    ///< sizes beyond the program's are left out, sizes that the file lacks stay empty
 };
+
+/// Reads a file into the program's own dimensions and selects the output size when it exists,
+/// otherwise size 1. A file that is missing, cannot be opened or is of other dimensions changes
+/// nothing; of one with a bad line, or that ends too early, what was read before it stays.
+Result<LoadedFile> LoadCamFile(CamProgram& program, const QString& path,
+                               OtherSizes other = OtherSizes::Refuse);
+
+/// The same from lines that stand ready.
+Result<LoadedFile> ReadCamFile(CamProgram& program, LineReader& lines,
+                               OtherSizes other = OtherSizes::Refuse);
+
+/// Writes the whole program, keeping the file that it replaces.
+Refusal SaveCamFile(const CamProgram& program, const QString& path, FileWriter& writer);
 
 /// A line of a file as messages show it, cut where a box would no longer be readable.
 QString ShownLine(std::string_view line);

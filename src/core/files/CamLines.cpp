@@ -43,9 +43,9 @@ void AddLine(std::string& file, const std::string& line) {
 
 }  // namespace
 
-void BuildCamLines(CamProgram& program, int size, int cam, bool portOpen) {
+LineBuffer BuildCamLines(const CamProgram& program, int size, int cam, bool portOpen) {
   const CamRow& row = program.CamMap(size, cam);
-  auto& lines = program.LineBuffer;
+  LineBuffer lines;
   const auto isOn = [&row](int d) { return row[static_cast<std::size_t>(d)] == 1; };
   const bool throughEnd = isOn(CamProgram::Degrees - 1);
 
@@ -64,16 +64,14 @@ void BuildCamLines(CamProgram& program, int size, int cam, bool portOpen) {
   }
   if (throughEnd && on >= 0) PhaseFileLine(lines[++phases], on, begin);
 
-  lines[phases + 1].clear();
-  lines[0].clear();
   if (phases > 0) lines[0] = CamLine(program, cam, !portOpen || size == 1);
+  return lines;
 }
 
-void WriteSizeBlock(CamProgram& program, int size, std::string& file) {
+void WriteSizeBlock(const CamProgram& program, int size, std::string& file) {
   AddLine(file, std::string(1, ' ').append(SizeWords) + ZeroFill(size, 2));
   for (int cam = 0; cam < program.NumCams(); ++cam) {
-    BuildCamLines(program, size, cam, false);
-    for (const std::string& line : program.LineBuffer) {
+    for (const std::string& line : BuildCamLines(program, size, cam, false)) {
       if (line.empty()) break;
       AddLine(file, line);
     }
@@ -112,7 +110,7 @@ void WriteFunctionsBlock(const CamProgram& program, std::string& file) {
   AddLine(file, "LIMITE DI VELOCITA'  " + Num(f.SpeedLimit));
 }
 
-std::string WriteCamFile(CamProgram& program) {
+std::string WriteCamFile(const CamProgram& program) {
   std::string file;
   WriteFunctionsBlock(program, file);
   for (int size = 1; size <= program.NumSizes(); ++size) WriteSizeBlock(program, size, file);

@@ -21,36 +21,42 @@ bool WriteAll(QSaveFile& file, std::string_view bytes) {
   return true;
 }
 
-QString Replace(const QString& path, std::string_view bytes) {
+/// `reason` is empty for what is no file.
+Fault CannotWrite(const QString& path, const QString& reason) {
+  return {.What = Fault::Kind::CannotWrite, .Path = path, .Text = reason};
+}
+
+Refusal Replace(const QString& path, std::string_view bytes) {
   QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return file.errorString();
-  if (!WriteAll(file, bytes)) return file.errorString();
-  return file.commit() ? QString() : file.errorString();
+  if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && WriteAll(file, bytes) &&
+      file.commit()) {
+    return std::nullopt;
+  }
+  return CannotWrite(path, file.errorString());
 }
 
 }  // namespace
 
-QString FileWriter::Write(const QString& path, std::string_view bytes, Backup backup) {
+Refusal FileWriter::Write(const QString& path, std::string_view bytes, Backup backup) {
   // A device, a pipe or a folder is not replaced by a file.
   const QFileInfo target(path);
-  if (target.exists() && !target.isFile()) return QStringLiteral("is not a file");
+  if (target.exists() && !target.isFile()) return CannotWrite(path, {});
   if (backup == Backup::Yes) {
-    const QString reason = KeepOld(path);
-    if (!reason.isEmpty()) return reason;
+    if (auto refusal = KeepOld(path)) return refusal;
   }
   return Replace(path, bytes);
 }
 
-QString FileWriter::KeepOld(const QString& path) {
+Refusal FileWriter::KeepOld(const QString& path) {
   const QFileInfo info(path);
-  if (!info.isFile()) return {};  // nothing there, or nothing that could be copied
+  if (!info.isFile()) return std::nullopt;  // nothing there, or nothing that could be copied
   const QString name = info.canonicalFilePath();
-  if (kept_.contains(name)) return {};
+  if (kept_.contains(name)) return std::nullopt;
   QFile old(path);
-  if (!old.open(QIODevice::ReadOnly)) return old.errorString();
+  if (!old.open(QIODevice::ReadOnly)) return CannotWrite(path, old.errorString());
   QSaveFile copy(path + QStringLiteral(".bak"));
-  const auto failed = [&copy]() -> QString {
-    return copy.fileName() + QStringLiteral(": ") + copy.errorString();
+  const auto failed = [&] {
+    return CannotWrite(path, copy.fileName() + QStringLiteral(": ") + copy.errorString());
   };
   if (!copy.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return failed();
   while (!old.atEnd()) {
@@ -59,10 +65,12 @@ QString FileWriter::KeepOld(const QString& path) {
     const std::string_view bytes(piece.constData(), static_cast<std::size_t>(piece.size()));
     if (!WriteAll(copy, bytes)) return failed();
   }
-  if (old.error() != QFileDevice::NoError || !old.atEnd()) return old.errorString();
+  if (old.error() != QFileDevice::NoError || !old.atEnd()) {
+    return CannotWrite(path, old.errorString());
+  }
   if (!copy.commit()) return failed();
   kept_.insert(name);
-  return {};
+  return std::nullopt;
 }
 
 }  // namespace nira

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "ground/Result.h"
+
 #include <QSet>
 #include <QString>
 
@@ -14,13 +16,13 @@ class FileWriter {
   enum class Backup { No, Yes };
 
   /// Replaces the file by `bytes`. With `Backup::Yes` the first replacing of a file in this run
-  /// keeps what stood there beside it, under its name with ".bak" added. Returns the system's
-  /// reason when it failed (the old file is whole then), empty when it succeeded.
-  QString Write(const QString& path, std::string_view bytes, Backup backup);
+  /// keeps what stood there beside it, under its name with ".bak" added. When it is
+  /// refused the old file is whole.
+  Refusal Write(const QString& path, std::string_view bytes, Backup backup);
 
   /// Keeps what stands under this name, as `Backup::Yes` does, for a file that is then written
-  /// otherwise. Returns the system's reason when it failed.
-  QString KeepOld(const QString& path);
+  /// otherwise.
+  Refusal KeepOld(const QString& path);
 
  private:
   QSet<QString> kept_;

@@ -17,11 +17,16 @@ constexpr std::size_t chunk = 4 * LineReader::MaxLine;
 LineReader::LineReader(const QString& path) : file_(path) {
   const QFileInfo info(path);
   if (info.exists() && !info.isFile()) {  // a pipe or a device could keep the reader for ever
-    error_ = QStringLiteral("is not a file");
+    Fail({});
   } else if (!file_.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-    error_ = file_.errorString();
+    Fail(file_.errorString());
   }
-  fileDone_ = !error_.isEmpty();
+  fileDone_ = !IsOpen();
+}
+
+/// `reason` is empty for what is no file.
+void LineReader::Fail(const QString& reason) {
+  failure_ = {.What = Fault::Kind::CannotRead, .Path = Path(), .Line = lineNumber_, .Text = reason};
 }
 
 LineReader::LineReader(std::string_view bytes)
@@ -38,7 +43,7 @@ bool LineReader::Refill() {
   end_ -= begin_;
   begin_ = 0;
   const qint64 got = file_.read(buffer_.get() + end_, static_cast<qint64>(chunk - end_));
-  if (got < 0) error_ = file_.errorString();
+  if (got < 0) Fail(file_.errorString());
   if (got <= 0) {
     fileDone_ = true;
     return false;

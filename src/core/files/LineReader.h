@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "ground/Result.h"
+
 #include <QFile>
 #include <QString>
 
@@ -16,15 +18,18 @@ class LineReader {
  public:
   static constexpr std::size_t MaxLine = 65536;
 
-  /// Opens the file; `Error` says why when that failed (a folder cannot be read either).
+  /// Opens the file; `Failure` says why when that failed (a folder cannot be read either).
   explicit LineReader(const QString& path);
 
   /// Reads a copy of `bytes` as if a file held them.
   explicit LineReader(std::string_view bytes);
 
-  bool IsOpen() const { return error_.isEmpty(); }
-  /// The system's reason for a failed opening or reading; empty while all is well.
-  const QString& Error() const { return error_; }
+  bool IsOpen() const { return !failure_; }
+  /// Why it could not be opened, or read to its end; none while all is well.
+  const Refusal& Failure() const { return failure_; }
+
+  /// Of the file; empty for bytes in memory.
+  QString Path() const { return file_.fileName(); }
 
   /// The next line without its end, valid until the next call; none at the end of the file.
   std::optional<std::string_view> Next();
@@ -47,9 +52,10 @@ class LineReader {
 
  private:
   bool Refill();
+  void Fail(const QString& reason);
 
   QFile file_;
-  QString error_;
+  Refusal failure_;
   std::unique_ptr<char[]> buffer_;
   std::size_t begin_ = 0;  // of what is not yet returned
   std::size_t end_ = 0;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "files/MessageTable.h"
 
+#include "files/DefaultScript.h"
 #include "ground/Text.h"
 
 #include <QFile>
@@ -8,10 +9,37 @@
 
 namespace nira {
 
+namespace {
+
+const MessageTable& DefaultTexts() {
+  static const MessageTable texts = [] {
+    MessageTable table;
+    table.Parse(DefaultScript());
+    return table;
+  }();
+  return texts;
+}
+
+}  // namespace
+
 const QString& MessageTable::Text(int number) const {
   static const QString none;
   if (number < 1 || number > Count) return none;
   return texts_[static_cast<std::size_t>(number - 1)];
+}
+
+const QString& MessageTable::Text(TextNumber number) const {
+  const QString& own = Text(static_cast<int>(number));
+  return own.isEmpty() ? DefaultTexts().Text(static_cast<int>(number)) : own;
+}
+
+int MessageTable::Missing() const {
+  const auto& wanted = DefaultTexts().texts_;
+  int missing = 0;
+  for (std::size_t k = 0; k < texts_.size(); ++k) {
+    if (texts_[k].isEmpty() && !wanted[k].isEmpty()) ++missing;
+  }
+  return missing;
 }
 
 void MessageTable::Parse(std::string_view file) {

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "files/TextNumbers.h"
-
 #include <QString>
 
 #include <array>
 #include <string_view>
 
 namespace nira {
+
+enum class TextNumber : int;
 
 /// The 500 texts of the user interface, filled from a language script.
 class MessageTable {
@@ -19,9 +19,14 @@ class MessageTable {
   static constexpr qint64 MaxScript = 4 << 20;  ///< bytes of the file that are looked at
   static constexpr qsizetype MaxText = 1000;    ///< characters of one text
 
-  /// Text by number, 1..500; empty outside.
+  /// Text by number, 1..500, as the script has it; empty outside.
   const QString& Text(int number) const;
-  const QString& Text(TextNumber number) const { return Text(static_cast<int>(number)); }
+
+  /// The text that is shown: the script's, or the built-in one where it has none.
+  const QString& Text(TextNumber number) const;
+
+  /// How many of the texts that are built in the script does not have.
+  int Missing() const;
 
   /// Fills the table from the bytes of a script: line k is text k, from line 2 on without its
   /// first and last character, line 1 without its last. The file's last character is not read.

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "files/OptionsFile.h"
 
+#include "files/FileWriter.h"
 #include "files/LineReader.h"
+#include "files/WorkingFolder.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -65,55 +67,48 @@ class FieldReader {
 };
 
 /// The three fields of line 1; false at the first one that cannot be read.
-bool ReadSettings(std::string_view line, Globals& globals) {
+bool ReadSettings(std::string_view line, Options& options) {
   FieldReader fields(line);
   const auto script = fields.Text();
   if (!script) return false;
-  globals.ScriptFile = Decoded(*script);
+  options.ScriptFile = Decoded(*script);
   const auto port = fields.Number(1, std::numeric_limits<std::int16_t>::max());
   if (!port) return false;
-  globals.PortNumber = *port;
+  options.PortNumber = *port;
   const auto baud = fields.Number(1, std::numeric_limits<std::int32_t>::max());
   if (!baud) return false;
-  globals.BaudRate = *baud;
+  options.BaudRate = *baud;
   return true;
+}
+
+QString PathIn(const WorkingFolder& folder) {
+  return folder.Find(QString::fromLatin1(WorkingFolder::OptionsName));
 }
 
 }  // namespace
 
-QString OptionsFile::Path() const {
-  return folder_.Find(QString::fromLatin1(WorkingFolder::OptionsName));
-}
-
-QStringList OptionsFile::ReadOptions() {
-  if (!QFileInfo::exists(Path())) {
-    prompts_.MsgBox(QStringLiteral("FILE 'KlmQx_opt.DEF' NOT FOUND!!!\r SET OPTIONS"), Buttons::Ok,
-                    Icon::Exclamation);
-  }
-  return ReadQuietly();
-}
-
-QStringList OptionsFile::ReadQuietly() {
-  globals_.ScriptFile = QString::fromLatin1(Globals::DefaultScript);
-  globals_.PortNumber = Globals::DefaultPort;
-  globals_.BaudRate = Globals::DefaultBaud;
-  LineReader lines(Path());
+StoredOptions ReadOptions(const WorkingFolder& folder) {
+  StoredOptions stored;
+  const QString path = PathIn(folder);
+  stored.Found = QFileInfo::exists(path);
+  LineReader lines(path);
   const auto settings = lines.Next();
-  if (!settings || lines.Overlong() || !ReadSettings(*settings, globals_)) return {};
-  QStringList recent;
-  while (recent.size() < MaxRecent) {
+  if (!settings || lines.Overlong() || !ReadSettings(*settings, stored.Settings)) return stored;
+  while (stored.Recent.size() < MaxRecent) {
     const auto line = lines.Next();
     if (!line || lines.Overlong()) break;
-    recent.append(Decoded(*line));
+    stored.Recent.append(Decoded(*line));
   }
-  return recent;
+  return stored;
 }
 
-QString OptionsFile::WriteOptions() {
-  const std::string line = '"' + QFile::encodeName(globals_.ScriptFile).toStdString() + "\"," +
-                           std::to_string(globals_.PortNumber) + ',' +
-                           std::to_string(globals_.BaudRate) + "\r\n";
-  return writer_.Write(Path(), line, FileWriter::Backup::No);
+Refusal WriteOptions(const Options& options, const WorkingFolder& folder, FileWriter& writer) {
+  const std::string line = '"' + QFile::encodeName(options.ScriptFile).toStdString() + "\"," +
+                           std::to_string(options.PortNumber) + ',' +
+                           std::to_string(options.BaudRate) + "\r\n";
+  Refusal refusal = writer.Write(PathIn(folder), line, FileWriter::Backup::No);
+  if (refusal) refusal->Path = QString::fromLatin1(WorkingFolder::OptionsName);
+  return refusal;
 }
 
 }  // namespace nira

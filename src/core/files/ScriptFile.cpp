@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "files/ScriptFile.h"
 
+#include "files/MessageTable.h"
+#include "files/WorkingFolder.h"
+
+#include <QFileInfo>
+
 namespace nira {
 
-bool ReadScript(MessageTable& texts, const WorkingFolder& folder, const Globals& globals,
-                Prompts& prompts) {
-  if (!globals.ScriptFile.isEmpty() && texts.Read(folder.Find(globals.ScriptFile))) return true;
-  prompts.MsgBox(
-      QStringLiteral(" FILE '\"") + globals.ScriptFile + QStringLiteral("\"' IS NOT AVAILABLE"),
-      Buttons::Ok, Icon::Critical, QStringLiteral("UNRECOV. DEF.FILE ERROR"));
-  return false;
+Refusal ReadScript(MessageTable& texts, const WorkingFolder& folder, const QString& script) {
+  for (const QString& name : {script, QFileInfo(script).fileName()}) {
+    if (!name.isEmpty() && texts.Read(folder.Find(name))) return std::nullopt;
+  }
+  return Fault{.What = Fault::Kind::Missing, .Path = script};
 }
 
 }  // namespace nira

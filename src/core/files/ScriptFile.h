@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "files/MessageTable.h"
-#include "files/WorkingFolder.h"
-#include "ground/Prompts.h"
-#include "model/Globals.h"
+#include "ground/Result.h"
 
 namespace nira {
 
-/// Fills the table from `ScriptFile`. False, after a message, when there is no such file: the
-/// program cannot go on without its texts.
-bool ReadScript(MessageTable& texts, const WorkingFolder& folder, const Globals& globals,
-                Prompts& prompts);
+class MessageTable;
+class WorkingFolder;
+
+/// Fills the table from the script of this name or path. One that is gone from its path is looked
+/// for by its bare name in the working folder; without any the table is as it was.
+Refusal ReadScript(MessageTable& texts, const WorkingFolder& folder, const QString& script);
 
 }  // namespace nira

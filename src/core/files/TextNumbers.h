@@ -154,6 +154,7 @@ enum class TextNumber : int {
   FlashNoEnd = 316,
   FlashKeepOn = 317,
   FlashRefused = 318,
+  NoFile = 320,
   StatusNoFile = 335,
   QuitAnswers = 336,
   FileHoldsProgram = 337,

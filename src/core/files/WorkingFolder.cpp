@@ -3,7 +3,7 @@
 
 #include "files/FileWriter.h"
 #include "files/MessageTable.h"
-#include "model/Globals.h"
+#include "model/Options.h"
 
 #include <QDir>
 #include <QFile>
@@ -47,7 +47,7 @@ WorkingFolder WorkingFolder::Choose(const QString& current, const QString& users
                                     const QString& installedScripts) {
   const WorkingFolder here(current);
   if (here.Has(QString::fromLatin1(OptionsName)) ||
-      here.Has(QString::fromLatin1(Globals::DefaultScript))) {
+      here.Has(QString::fromLatin1(Options::DefaultScript))) {
     return here;
   }
   const WorkingFolder users(usersFolder);

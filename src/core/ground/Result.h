@@ -14,7 +14,7 @@ namespace nira {
 struct Fault {
   enum class Kind {
     Missing,      ///< there is no such file
-    CannotRead,   ///< `Text` is the system's reason
+    CannotRead,   ///< `Text` is the system's reason, empty when what has this name is no file
     CannotWrite,  ///< the same
     BadLine,      ///< `Text` is the offending line, as far as it can be shown
     CutOff,       ///< the file ends before it is complete; `Text` is its last line

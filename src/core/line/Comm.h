@@ -3,6 +3,7 @@
 
 #include "files/FileWriter.h"
 #include "files/MessageTable.h"
+#include "files/TextNumbers.h"
 #include "files/WorkingFolder.h"
 #include "ground/Prompts.h"
 #include "line/SerialControl.h"

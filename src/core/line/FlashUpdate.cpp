@@ -2,6 +2,7 @@
 #include "line/FlashUpdate.h"
 
 #include "line/Checksum.h"
+#include "line/FaultText.h"
 #include "line/SerialLink.h"
 #include "line/Timings.h"
 
@@ -67,7 +68,7 @@ TransferEnd FlashUpdate::Test() {
     }
   }
   ShowTested(file_.Totals().Lines);
-  if (!file_.Error().isEmpty()) return TellUnreadable();
+  if (file_.Failure()) return TellUnreadable();
   if (lines_.empty()) return TellUnusable();
   file_.Close();
   ShowFile();
@@ -226,8 +227,7 @@ TransferEnd FlashUpdate::TellUnusable() {
 }
 
 TransferEnd FlashUpdate::TellUnreadable() {
-  comm_.Ask.MsgBox(comm_.Text(TextNumber::CannotRead) + u'\n' + path_ + u'\n' + file_.Error(),
-                   Buttons::Ok, Icon::Critical);
+  nira::TellFault(comm_.Ask, comm_.Texts, file_.Failure().value());
   return TransferEnd::NoFile;
 }
 

@@ -69,12 +69,12 @@ class HexFile {
   /// More lines than any memory has bytes to take them.
   static constexpr int MostLines = 1'000'000'000;
 
-  /// Opens the file; `Error` says why when that failed.
+  /// Opens the file; `Failure` says why when that failed.
   explicit HexFile(const QString& path) : lines_(path) {}
 
   bool IsOpen() const { return lines_.IsOpen(); }
-  /// The system's reason for a failed opening or reading; empty while all is well.
-  const QString& Error() const { return lines_.Error(); }
+  /// Why it could not be opened, or read to its end; none while all is well.
+  const Refusal& Failure() const { return lines_.Failure(); }
 
   /// The next line; null at the end of the file. An empty last line is none.
   const HexLine* Next();

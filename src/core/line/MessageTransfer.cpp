@@ -151,12 +151,11 @@ bool MessageTransfer::MayReplace(const QString& path, const QString& chosen) {
 
 /// Puts what was received in the place of the chosen file, which stays beside it.
 TransferEnd MessageTransfer::Replace(const QString& path, std::string_view received) {
-  const QString reason = comm_.Writer.Write(path, received, FileWriter::Backup::Yes);
-  if (reason.isEmpty()) return TransferEnd::Done;
-  return TellFault(comm_,
-                   {.What = Fault::Kind::CannotWrite,
-                    .Path = path,
-                    .Text = reason + u'\n' + comm_.Text(TextNumber::ReceivedIn) + WorkPath(comm_)});
+  Refusal refusal = comm_.Writer.Write(path, received, FileWriter::Backup::Yes);
+  if (!refusal) return TransferEnd::Done;
+  if (refusal->Text.isEmpty()) refusal->Text = comm_.Text(TextNumber::NoFile);
+  refusal->Text += u'\n' + comm_.Text(TextNumber::ReceivedIn) + WorkPath(comm_);
+  return TellFault(comm_, *refusal);
 }
 
 /// What was received differs from what the message editor opened or saved last.

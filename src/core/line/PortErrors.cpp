@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "line/PortErrors.h"
 
+#include "files/TextNumbers.h"
 #include "line/PortAccess.h"
 
 namespace nira {

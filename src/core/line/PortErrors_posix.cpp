@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "line/PortErrors.h"
 
+#include "files/TextNumbers.h"
+
 #include <QFile>
 
 #include <cerrno>

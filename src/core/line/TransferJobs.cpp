@@ -108,8 +108,7 @@ void TransferJobs::SendSize(int size) {
   SendRecord("F" + ZeroFill(size, 2));
   comm_.Time.Pause(Timings::AfterSizeHeader, Yield::Painting);
   for (int cam = 0; cam < comm_.Program.NumCams(); ++cam) {
-    BuildCamLines(comm_.Program, size, cam, true);
-    for (const std::string& line : comm_.Program.LineBuffer) {
+    for (const std::string& line : BuildCamLines(comm_.Program, size, cam, true)) {
       if (line.empty()) break;
       SendRecord(line);
     }
@@ -148,7 +147,7 @@ TransferEnd TransferJobs::RunSendMessages(const QString& path) {
   report_.Label2({});
   LineReader lines(path);
   if (!lines.IsOpen()) {
-    return TellFault(comm_, {.What = Fault::Kind::CannotRead, .Path = path, .Text = lines.Error()});
+    return TellFault(comm_, *lines.Failure());
   }
   auto line = lines.Next();
   if (!line || !line->starts_with('N') || lines.Overlong()) {
@@ -158,7 +157,7 @@ TransferEnd TransferJobs::RunSendMessages(const QString& path) {
   wire_.SendCommand(Job::SendMessages);
   comm_.Time.Pause(Timings::AfterCommand, Yield::Painting);
   while (line && !lines.Overlong() && SendMessageLine(*line)) line = lines.Next();
-  if (lines.Overlong() || !lines.Error().isEmpty()) {
+  if (lines.Overlong() || lines.Failure()) {
     TellBadFile();  // the programmer still gets the end that it waits for
     end_ = TransferEnd::BadFile;
   }

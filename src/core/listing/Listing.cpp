@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "listing/Listing.h"
 
+#include "files/TextNumbers.h"
 #include "ground/ProgramTitle.h"
 #include "ground/Text.h"
 #include "model/FunctionRules.h"

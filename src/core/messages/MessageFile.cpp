@@ -107,9 +107,7 @@ Result<MessageFile> ReadMsgFile(LineReader& lines, int most) {
     if (message) file.Last = lines.LineNumber();
     file.Lines.push_back({message, message ? QuotedText(*line) : std::nullopt});
   }
-  if (!lines.Error().isEmpty()) {
-    return Fault{.What = Fault::Kind::CannotRead, .Text = lines.Error()};
-  }
+  if (lines.Failure()) return *lines.Failure();
   if (tooLong) return Fault{.What = Fault::Kind::BadLine, .Line = lines.LineNumber()};
   file.Last = std::max(file.Last, LastBeyond(lines));
   return file;
@@ -134,9 +132,7 @@ void MergeMessages(CamProgram& program, const MessageFile& file) {
 
 Refusal WriteMsgFile(const CamProgram& program, const QString& path, FileWriter& writer,
                      FileWriter::Backup backup) {
-  const QString reason = writer.Write(path, WriteMessageLines(program), backup);
-  if (reason.isEmpty()) return std::nullopt;
-  return Fault{.What = Fault::Kind::CannotWrite, .Path = path, .Text = reason};
+  return writer.Write(path, WriteMessageLines(program), backup);
 }
 
 }  // namespace nira

@@ -8,7 +8,6 @@
 #include <array>
 #include <cstdint>
 #include <stdexcept>
-#include <string>
 #include <vector>
 
 namespace nira {
@@ -33,8 +32,6 @@ class CamProgram {
   static constexpr int MaxCams = FunctionsBlock::MaxCams;
   static constexpr int MaxMessages = 255;
   static constexpr int Degrees = 360;
-  /// A cam line, at most 180 phase lines and the empty line that ends them.
-  static constexpr int Lines = Degrees / 2 + 1 + 1;
 
   CamProgram();
 
@@ -101,9 +98,6 @@ class CamProgram {
 
   /// The operator has to be asked before another program replaces this one.
   bool HasUnsavedWork() const { return !IsSaved || Differs(); }
-
-  /// Work lines of one cam of one size (bytes as on file and wire), ended by an empty one.
-  std::array<std::string, Lines> LineBuffer;
 
  private:
   CamRow& Row(int size, int cam);

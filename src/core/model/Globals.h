@@ -1,21 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "model/Options.h"
+
 #include <QFileInfo>
 #include <QString>
 
 namespace nira {
 
 /// The settings of the one running instance, beside the cam program.
-struct Globals {
-  static constexpr const char* DefaultScript = "p32qx_IT.SCR";
-  static constexpr int DefaultPort = 1;
-  static constexpr int DefaultBaud = 9600;
-
-  QString ScriptFile = QString::fromLatin1(DefaultScript);  ///< language script, name or path
-  int PortNumber = DefaultPort;                             ///< serial port, from 1
-  int BaudRate = DefaultBaud;                               ///< baud
-
+struct Globals : Options {
   /// 0 the port is ready, 1 the programmer does not hold CTS, otherwise the platform's error.
   int PortErrorFlag = 0;
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "sizes/SizeOperations.h"
 
-#include "files/CamFile.h"
 #include "files/CamWords.h"
 #include "files/SizeBlockReader.h"
 #include "ground/Text.h"
@@ -16,24 +15,20 @@ namespace nira {
 namespace {
 
 /// Where and why the reading stopped: a medium that fails comes before what its lines look like.
-ImportResult Stopped(ImportResult::Outcome outcome, const LineReader& lines,
-                     std::string_view line) {
-  const QString& failed = lines.Error();
-  if (!failed.isEmpty()) {
-    return {ImportResult::Outcome::Unreadable, lines.LineNumber(), failed, {}};
-  }
-  return {outcome, lines.LineNumber(), ShownLine(line), {}};
+Fault Stopped(Fault::Kind kind, const LineReader& lines, std::string_view line) {
+  if (lines.Failure()) return *lines.Failure();
+  return {.What = kind, .Path = lines.Path(), .Line = lines.LineNumber(), .Text = ShownLine(line)};
 }
 
-/// Reads on to the line that names the size; otherwise why there is none.
-std::optional<ImportResult> FindSize(LineReader& lines, int number) {
-  using Outcome = ImportResult::Outcome;
+/// Reads on to the line that names the size.
+Refusal FindSize(LineReader& lines, int number) {
   const std::string header = std::string(SizeWords) + ZeroFill(number, 2);
   while (const auto line = lines.Next()) {
-    if (lines.Overlong()) return Stopped(Outcome::Bad, lines, *line);
+    if (lines.Overlong()) return Stopped(Fault::Kind::BadLine, lines, *line);
     if (line->find(header) != std::string_view::npos) return std::nullopt;
   }
-  return Stopped(Outcome::NoSize, lines, {});
+  if (lines.Failure()) return lines.Failure();
+  return Fault{.What = Fault::Kind::NoSize, .Path = lines.Path()};
 }
 
 /// What was read into `block` goes over in one piece.
@@ -79,28 +74,23 @@ int ShiftOf(std::string_view text) {
   return number.starts_with('-') ? -degrees : degrees;
 }
 
-ImportResult ImportSize(CamProgram& program, const QString& path, int number, int into) {
-  using Outcome = ImportResult::Outcome;
+Result<LoadedFile> ImportSize(CamProgram& program, const QString& path, int number, int into) {
   LineReader lines(path);
-  if (!lines.IsOpen()) return Stopped(Outcome::Unreadable, lines, {});
   const std::string header(lines.Next().value_or(std::string_view()));
   if (header.find(FunctionsWord) == std::string::npos || lines.Overlong()) {
-    return Stopped(Outcome::Bad, lines, header);
+    return Stopped(Fault::Kind::BadLine, lines, header);
   }
-  if (const auto stopped = FindSize(lines, number)) return *stopped;
+  if (const auto refusal = FindSize(lines, number)) return *refusal;
 
   const auto block = std::make_unique<CamProgram>(program);
   block->ClearSize(into);
   SizeBlockReader reader(*block, lines);
-  // A block that the file's end cuts off may be half a size.
-  if (reader.ReadSizeBlock(into) != SizeBlockReader::Stop::SizeOrEnd) {
-    return Stopped(Outcome::Bad, lines, reader.Line());
+  const auto stop = reader.ReadSizeBlock(into);
+  if (stop == SizeBlockReader::Stop::BadLine || lines.Failure()) {
+    return Stopped(Fault::Kind::BadLine, lines, reader.Line());
   }
   TakeBlock(program, *block, into);
-  ImportResult result;
-  if (header.size() > FunctionsWord.size())
-    result.model = FromBytes(header.substr(FunctionsWord.size()));
-  return result;
+  return LoadedFile{.WithoutEnd = stop == SizeBlockReader::Stop::EndOfFile};
 }
 
 }  // namespace nira

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "files/CamFile.h"
 #include "model/CamProgram.h"
-
-#include <QString>
 
 #include <string_view>
 
@@ -30,23 +29,8 @@ void ShiftCam(CamProgram& program, int size, int cam, int degrees);
 /// A shift as it is typed, of any length, by the numeric value rule: -359..359.
 int ShiftOf(std::string_view text);
 
-/// How an import ended. Only `Imported` changes the program.
-struct ImportResult {
-  enum class Outcome {
-    Imported,
-    Unreadable,  ///< `text` is the system's reason
-    NoSize,      ///< the file has no such size
-    Bad,         ///< `text` is the offending line
-  };
-  Outcome outcome = Outcome::Imported;
-  int line = 0;  ///< number of the line at which the reading stopped, from 1
-  QString text;
-  QString model;  ///< what the file's first line says behind its section word
-};
-
 /// Reads the size `number` (0..99) of a cam file into `into`: its phases and the descriptions of
-/// its block, whole or not at all: the block has to end with another size line or "END". The
-/// functions block and the other sizes stay.
-ImportResult ImportSize(CamProgram& program, const QString& path, int number, int into);
+/// its block, whole or not at all. The functions block and the other sizes stay.
+Result<LoadedFile> ImportSize(CamProgram& program, const QString& path, int number, int into);
 
 }  // namespace nira

@@ -2,6 +2,7 @@
 #include "dialogs/About.h"
 
 #include "controls/ThemedIcon.h"
+#include "files/TextNumbers.h"
 #include "ground/ProgramTitle.h"
 
 #include <QApplication>

@@ -6,6 +6,7 @@
 #include "files/LineReader.h"
 #include "files/OptionsFile.h"
 #include "line/Carprg.h"
+#include "line/FaultText.h"
 #include "line/SerialLink.h"
 
 #include <QFileInfo>
@@ -20,11 +21,7 @@ QString ForcedName(const QString& name) {
 }
 
 FileCommands::FileCommands(Instance& instance, QWidget* window)
-    : QObject(window),
-      instance_(instance),
-      window_(window),
-      camFile_(instance.Program, instance.Settings, instance.Ask, instance.Texts, instance.Writer) {
-}
+    : QObject(window), instance_(instance), window_(window) {}
 
 bool FileCommands::MayLoseWork() {
   return !instance_.Program.HasUnsavedWork() ||
@@ -68,10 +65,24 @@ void FileCommands::f_Open() {
 
 bool FileCommands::CanBeRead(const QString& path) {
   const LineReader file(path);
-  if (file.IsOpen()) return true;
-  instance_.Ask.MsgBox(instance_.Text(TextNumber::CannotRead) + u'\n' + path + u'\n' + file.Error(),
-                       Buttons::Ok, Icon::Critical);
-  return false;
+  if (file.Failure()) TellFault(instance_.Ask, instance_.Texts, *file.Failure());
+  return file.IsOpen();
+}
+
+/// Reads `CurrentFile`, after asking about another number of sizes; what it was refused for is
+/// told.
+Result<LoadedFile> FileCommands::Read() {
+  const QString& current = instance_.Settings.CurrentFile;
+  auto result = LoadCamFile(instance_.Program, current);
+  if (!result && result.Why().What == Fault::Kind::OtherSizes) {
+    const QString question = FaultText(result.Why(), instance_.Texts);
+    if (instance_.Ask.MsgBox(question, Buttons::OkCancel, Icon::None) != Answer::Ok) return result;
+    result = LoadCamFile(instance_.Program, current, OtherSizes::Take);
+  }
+  if (!result && result.Why().What != Fault::Kind::Missing) {
+    TellFault(instance_.Ask, instance_.Texts, result.Why());
+  }
+  return result;
 }
 
 void FileCommands::Load() {
@@ -80,16 +91,16 @@ void FileCommands::Load() {
   QString& current = instance_.Settings.CurrentFile;
   program.ClearAllSizes();
   program.ClearCamLabels();
-  const LoadResult result = camFile_.LoadCamFile(current);
+  const Result<LoadedFile> result = Read();
   // The next Save has to ask for a name: it must not write over a file that was not taken.
-  if (result.Refused()) current.clear();
+  if (!result && result.Why().What != Fault::Kind::Missing) current.clear();
   Q_EMIT TitleChanged(instance_.Text(TextNumber::ProgramName) + QStringLiteral(" C ") +
                       QString::number(program.NumCams()) + QStringLiteral(" - ") +
                       QString::number(program.NumSizes()) + QStringLiteral("  [") + current + u']');
   program.SelectSize(1);
   Q_EMIT ProgramReplaced();
-  if (result.outcome == LoadResult::Outcome::Loaded) {
-    if (result.cutOff) Q_EMIT Note(instance_.Text(TextNumber::FileWithoutEnd) + current);
+  if (result) {
+    if (result->WithoutEnd) Q_EMIT Note(instance_.Text(TextNumber::FileWithoutEnd) + current);
     QStringList paths = recent_;
     paths.removeAll(current);
     paths.prepend(current);
@@ -99,7 +110,7 @@ void FileCommands::Load() {
 }
 
 void FileCommands::SetRecent(const QStringList& paths) {
-  recent_ = paths.mid(0, OptionsFile::MaxRecent);
+  recent_ = paths.mid(0, MaxRecent);
   Q_EMIT RecentChanged(recent_);
 }
 
@@ -164,11 +175,9 @@ bool FileCommands::MayReplace(const QString& chosen, const QString& forced) {
 
 bool FileCommands::Save() {
   SerialLink(instance_).ClosePort();
-  const QString reason = camFile_.SaveCamFile();
   const QString& current = instance_.Settings.CurrentFile;
-  if (!reason.isEmpty()) {
-    instance_.Ask.MsgBox(instance_.Text(TextNumber::CannotWrite) + u'\n' + current + u'\n' + reason,
-                         Buttons::Ok, Icon::Critical);
+  if (const auto refusal = SaveCamFile(instance_.Program, current, instance_.Writer)) {
+    TellFault(instance_.Ask, instance_.Texts, *refusal);
     return false;
   }
   instance_.Program.TakeAsSaved();

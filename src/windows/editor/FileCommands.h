@@ -56,13 +56,13 @@ class FileCommands : public QObject {
   void Load();
   /// True when nothing is unsaved or the operator agrees to lose it.
   bool MayLoseWork();
+  Result<LoadedFile> Read();
   bool CanBeRead(const QString& path);
   bool Save();
   bool MayReplace(const QString& chosen, const QString& forced);
 
   Instance& instance_;
   QWidget* window_;
-  CamFile camFile_;
   QStringList recent_;
 };
 

@@ -12,11 +12,13 @@
 #include "editor/SizeCommands.h"
 #include "editor/SizeStepper.h"
 #include "editor/StatusLine.h"
+#include "files/OptionsFile.h"
 #include "files/ScriptFile.h"
 #include "functions/BNKRTN.h"
 #include "functions/CalcAnt.h"
 #include "functions/FuncSel.h"
 #include "ground/Text.h"
+#include "line/FaultText.h"
 #include "messages/AlMsg.h"
 #include "printing/PrnSize.h"
 
@@ -73,7 +75,6 @@ QString FirstLocalFile(const QMimeData* data) {
 
 MainWindow::MainWindow(Instance& instance, const PortNames& ports)
     : instance_(instance),
-      options_(instance.Folder, instance.Settings, instance.Ask, instance.Writer),
       menu_(
           new MainMenu(menuBar(), [this](const MainMenu::Handler& handler) { Command(handler); })),
       files_(new FileCommands(instance, this)),
@@ -256,7 +257,7 @@ bool MainWindow::Form_Load(const QString& startFile) {
   program.SelectSize(1);
   entry_->HideBoxes();
   program.IsSaved = true;
-  files_->SetRecent(options_.ReadOptions());
+  ReadOptions();
   if (!LoadTexts()) return false;
   program.SetLimits(22, 32, 255);
   program.SelectCam(1);
@@ -271,9 +272,32 @@ bool MainWindow::Form_Load(const QString& startFile) {
   return true;
 }
 
+/// Takes the settings over from the options file; a missing one is told.
+void MainWindow::ReadOptions() {
+  const StoredOptions stored = nira::ReadOptions(instance_.Folder);
+  if (!stored.Found) {
+    instance_.Ask.MsgBox(QStringLiteral("FILE 'KlmQx_opt.DEF' NOT FOUND!!!\r SET OPTIONS"),
+                         Buttons::Ok, Icon::Exclamation);
+  }
+  static_cast<Options&>(instance_.Settings) = stored.Settings;
+  files_->SetRecent(stored.Recent);
+}
+
+/// False, after a message, when the options file cannot be written.
+bool MainWindow::WriteOptions() {
+  const Refusal refusal =
+      nira::WriteOptions(instance_.Settings, instance_.Folder, instance_.Writer);
+  if (refusal) TellFault(instance_.Ask, instance_.Texts, *refusal);
+  return !refusal;
+}
+
 /// Reads the script and puts its texts where they stay on the screen.
 bool MainWindow::LoadTexts() {
-  if (!ReadScript(instance_.Texts, instance_.Folder, instance_.Settings, instance_.Ask)) {
+  const QString& script = instance_.Settings.ScriptFile;
+  if (ReadScript(instance_.Texts, instance_.Folder, script)) {
+    instance_.Ask.MsgBox(
+        QStringLiteral(" FILE '\"") + script + QStringLiteral("\"' IS NOT AVAILABLE"), Buttons::Ok,
+        Icon::Critical, QStringLiteral("UNRECOV. DEF.FILE ERROR"));
     return false;
   }
   for (const Tip& tip : tips) {
@@ -461,12 +485,7 @@ void MainWindow::SelectLanguage() {
     return;
   }
   instance_.Settings.ScriptFile = dialog.FileName;
-  const QString reason = options_.WriteOptions();
-  if (reason.isEmpty()) {
-    files_->SetRecent(options_.ReadOptions());
-  } else {  // the choice holds for this run
-    ReportWrite(QString::fromLatin1(WorkingFolder::OptionsName), reason);
-  }
+  if (WriteOptions()) ReadOptions();  // otherwise the choice holds for this run
   if (!LoadTexts()) {
     QCoreApplication::exit(1);
     return;
@@ -475,11 +494,6 @@ void MainWindow::SelectLanguage() {
   Form_Activate();
   lines_->TryPort();
   status_->LookAtPort();
-}
-
-void MainWindow::ReportWrite(const QString& name, const QString& reason) {
-  instance_.Ask.MsgBox(instance_.Text(TextNumber::CannotWrite) + u'\n' + name + u'\n' + reason,
-                       Buttons::Ok, Icon::Critical);
 }
 
 void MainWindow::Form_Activate() {
@@ -575,8 +589,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 void MainWindow::Form_QueryUnload(bool& cancel) {
   entry_->LeaveForCommand();
-  const QString reason = options_.WriteOptions();
-  if (!reason.isEmpty()) ReportWrite(QString::fromLatin1(WorkingFolder::OptionsName), reason);
+  WriteOptions();
   if (instance_.Program.IsSaved) return;
   // Saving leaves `IsSaved` as it is: then the box says that nothing would be lost.
   QString question =

@@ -3,7 +3,6 @@
 
 #include "controls/Instance.h"
 #include "editor/MainMenu.h"
-#include "files/OptionsFile.h"
 #include "line/PortNames.h"
 
 #include <QMainWindow>
@@ -89,14 +88,14 @@ class MainWindow : public QMainWindow {
   void ExchangeEnded(bool received);
   void OpenRecent(const QString& path);
   bool LoadTexts();
-  void ReportWrite(const QString& name, const QString& reason);
+  void ReadOptions();
+  bool WriteOptions();
   using TitleParts = std::tuple<QString, int, int, int>;  // what a title is made of
   void ShowTitle(const QString& title);
   QString ActiveTitle() const;
   TitleParts TitleSource() const;
 
   Instance& instance_;
-  OptionsFile options_;
   MainMenu* menu_;
   FileCommands* files_;
   SizeCommands* sizes_;

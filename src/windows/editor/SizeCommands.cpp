@@ -4,6 +4,7 @@
 #include "controls/BusyPointer.h"
 #include "dialogs/clsCommonDialog.h"
 #include "ground/Text.h"
+#include "line/FaultText.h"
 #include "sizes/SizeOperations.h"
 
 #include <QFileInfo>
@@ -108,27 +109,13 @@ void SizeCommands::Import(const QString& path) {
     Tell(TextNumber::ImportSizeRange, Icon::Exclamation);
     return;
   }
-  const ImportResult result =
-      ImportSize(program, path, static_cast<int>(number), program.CurrentSize());
-  const QString& bad = instance_.Text(TextNumber::BadFile);
-  switch (result.outcome) {
-    case ImportResult::Outcome::Imported:
-      program.IsSaved = false;
-      Q_EMIT Shown();
-      return;
-    case ImportResult::Outcome::Unreadable:
-      instance_.Ask.MsgBox(
-          instance_.Text(TextNumber::CannotRead) + u'\n' + path + u'\n' + result.text, Buttons::Ok,
-          Icon::Critical);
-      return;
-    case ImportResult::Outcome::NoSize:
-      instance_.Ask.MsgBox(QStringLiteral("File [") + path + u']' + bad, Buttons::Ok,
-                           Icon::Exclamation);
-      return;
-    case ImportResult::Outcome::Bad:
-      instance_.Ask.MsgBox(result.text + bad, Buttons::Ok, Icon::Exclamation);
-      return;
+  const auto result = ImportSize(program, path, static_cast<int>(number), program.CurrentSize());
+  if (!result) {
+    TellFault(instance_.Ask, instance_.Texts, result.Why());
+    return;
   }
+  program.IsSaved = false;
+  Q_EMIT Shown();
 }
 
 void SizeCommands::O_CopyC_Click() {

@@ -4,6 +4,7 @@
 #include "controls/Digits.h"
 #include "controls/FocusScrollBar.h"
 #include "files/MessageTable.h"
+#include "files/TextNumbers.h"
 #include "functions/CamLamp.h"
 #include "functions/DegreeCircle.h"
 #include "ground/Clock.h"

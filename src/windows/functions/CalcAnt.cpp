@@ -5,6 +5,7 @@
 #include "controls/Digits.h"
 #include "controls/FocusScrollBar.h"
 #include "files/MessageTable.h"
+#include "files/TextNumbers.h"
 #include "functions/ShiftDiagram.h"
 #include "ground/Text.h"
 #include "model/AdvanceCalculator.h"

@@ -4,6 +4,7 @@
 #include "controls/OkCancelRow.h"
 #include "controls/PlainTip.h"
 #include "files/OptionsFile.h"
+#include "line/FaultText.h"
 #include "line/SerialLink.h"
 
 #include <QEvent>
@@ -151,14 +152,8 @@ void SETCOMM::ShowSettPort() {
 }
 
 void SETCOMM::OKButton_Click() {
-  const QString reason =
-      OptionsFile(instance_.Folder, instance_.Settings, instance_.Ask, instance_.Writer)
-          .WriteOptions();
-  if (!reason.isEmpty()) {  // the choice holds for this run
-    instance_.Ask.MsgBox(instance_.Text(TextNumber::CannotWrite) + u'\n' +
-                             QString::fromLatin1(WorkingFolder::OptionsName) + u'\n' + reason,
-                         Buttons::Ok, Icon::Critical);
-  }
+  const Refusal refusal = WriteOptions(instance_.Settings, instance_.Folder, instance_.Writer);
+  if (refusal) TellFault(instance_.Ask, instance_.Texts, *refusal);  // it holds for this run
   accept();
 }
 

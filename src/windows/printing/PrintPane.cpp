@@ -5,6 +5,7 @@
 #include "controls/ElidedLabel.h"
 #include "controls/PlainTip.h"
 #include "dialogs/clsCommonDialog.h"
+#include "line/FaultText.h"
 
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -192,13 +193,13 @@ void PrintPane::tPDF_Click() {
   if (path.isEmpty()) return;
   const BusyPointer pointer;
   const QByteArray bytes = PdfOf(*document_, instance_.Dialog.Printer().pageLayout());
-  const QString reason = instance_.Writer.Write(
+  const Refusal refusal = instance_.Writer.Write(
       path, {bytes.constData(), static_cast<std::size_t>(bytes.size())}, FileWriter::Backup::No);
-  if (reason.isEmpty()) {
+  if (!refusal) {
     proposal_ = path;
     Note(instance_.Text(TextNumber::FileSaved) + path);
   } else {
-    Tell(TextNumber::CannotWrite, path + u'\n' + reason, Icon::Critical);
+    TellFault(instance_.Ask, instance_.Texts, *refusal);
   }
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "files/CamFile.h"
 #include "files/CamLines.h"
+#include "files/LineReader.h"
 #include "ground/Text.h"
 #include "support/CamFileFixture.h"
 #include "support/Rows.h"
@@ -17,7 +18,7 @@ namespace nira {
 
 namespace {
 
-using Outcome = LoadResult::Outcome;
+using Kind = Fault::Kind;
 
 /// The plain head with one of its lines (from 1) replaced.
 QByteArray HeadWith(int line, const QByteArray& text) {
@@ -30,7 +31,7 @@ QByteArray Zeros(std::size_t count) {
   return QByteArray(static_cast<qsizetype>(count), '0');
 }
 
-QByteArray Written(CamProgram& program) {
+QByteArray Written(const CamProgram& program) {
   return QByteArray::fromStdString(WriteCamFile(program));
 }
 
@@ -76,11 +77,10 @@ class CamFileTest : public QObject {
                                          {u"0-10 20-30 350-360"_qs, u"C 02| 020 030| 350 010"_qs},
                                          {u"1-360"_qs, u"C 02| 001 000"_qs},
                                          {u"0-358 359-360"_qs, u"C 02| 359 358"_qs}}) {
-      f.program.LineBuffer.fill("old");
       f.program.SetRow(1, 1, RowOf(runs));
-      BuildCamLines(f.program, 1, 1, false);
+      const LineBuffer buffer = BuildCamLines(f.program, 1, 1, false);
       QStringList lines;
-      for (auto line = f.program.LineBuffer.begin(); !line->empty(); ++line) {
+      for (auto line = buffer.begin(); !line->empty(); ++line) {
         lines.append(QString::fromStdString(*line));
       }
       QCOMPARE(lines.join(u'|'), expected);
@@ -88,9 +88,9 @@ class CamFileTest : public QObject {
     CamRow row{};
     for (std::size_t d = 1; d < row.size(); d += 2) row[d] = 1;
     f.program.SetRow(1, 1, row);
-    BuildCamLines(f.program, 1, 1, false);
-    QCOMPARE(f.program.LineBuffer[180], std::string(" 359 000"));
-    QCOMPARE(f.program.LineBuffer[181], std::string());
+    const LineBuffer buffer = BuildCamLines(f.program, 1, 1, false);
+    QCOMPARE(buffer[180], std::string(" 359 000"));
+    QCOMPARE(buffer[181], std::string());
   }
 
   /// To the programmer, which is when the port is open, descriptions go with size 1 alone.
@@ -100,8 +100,7 @@ class CamFileTest : public QObject {
     f.program.SetCamText(0, u"Pressa"_qs);
     for (const int size : {1, 2}) {
       for (const bool open : {false, true}) {
-        BuildCamLines(f.program, size, 0, open);
-        QCOMPARE(f.program.LineBuffer[0],
+        QCOMPARE(BuildCamLines(f.program, size, 0, open)[0],
                  std::string(size == 2 && open ? "C 01" : "C 01\"Pressa\""));
       }
     }
@@ -133,9 +132,8 @@ class CamFileTest : public QObject {
         f.program.SetCamText(cam, FromBytes(text));
         expected.SetCamText(cam, FromBytes(text));
       }
-      f.globals.CurrentFile = g.Path("out.CAM");
-      QCOMPARE(f.file.SaveCamFile(), QString());
-      QCOMPARE(g.file.LoadCamFile(f.globals.CurrentFile).outcome, Outcome::Loaded);
+      QVERIFY(!SaveCamFile(f.program, g.Path("out.CAM"), f.writer));
+      QVERIFY(LoadCamFile(g.program, g.Path("out.CAM")));
       QCOMPARE(ContentOf(g.program), ContentOf(expected));
     }
   }
@@ -161,7 +159,7 @@ class CamFileTest : public QObject {
       f.program.SetFunctions(block);
       const QByteArray file = Written(f.program);
       f.program.ResetProgram();
-      QCOMPARE(f.Load(file).outcome, Outcome::Loaded);
+      QVERIFY(f.Loads(file));
       if (field < 7)
         *bytes[field] = static_cast<std::uint8_t>(read);
       else
@@ -221,13 +219,14 @@ class CamFileTest : public QObject {
     };
     head("empty file", "", 1, "");
     head("other file", "x\xE8y\r\n" + PlainHead(), 1, "x\xE8y");
-    head("header alone", "FUNZIONI", 1, "FUNZIONI");
+    head("cut behind the header", "FUNZIONI", 1, "FUNZIONI");
     const QByteArrayList lines = PlainHead().split('\n');
     for (int k = 1; k < 8; ++k) {
       const int next = k < 7 ? k + 1 : 7;
       head("cut", lines.mid(0, k).join('\n'), k, lines[k - 1].chopped(1));
       head("garbled", HeadWith(k + 1, "garbled"), k + 1, "garbled");
-      head("removed", (lines.mid(0, k) + lines.mid(k + 1)).join('\n'), next,
+      head(k < 7 ? "removed" : "cut before the last",
+           (lines.mid(0, k) + lines.mid(k + 1)).join('\n'), next,
            lines[k < 7 ? k + 1 : 6].chopped(1));
     }
     head("ratios neither ON nor OFF", HeadWith(4, "RAPPORTI  Off"), 4, "RAPPORTI  Off");
@@ -246,13 +245,11 @@ class CamFileTest : public QObject {
     QFETCH(int, badLine);
     QFETCH(QString, shown);
     CamFileFixture f;
-    if (badLine > 0) f.prompts.Expect(Answer::Ok);
-    const LoadResult result = f.Load(bytes);
-    const QString box = u"Exclamation Ok: " + shown + u" BAD!";
-    QCOMPARE(f.prompts.Shown(), badLine == 0 ? QStringList() : QStringList(box));
-    QCOMPARE(result.outcome, badLine == 0 ? Outcome::Loaded : Outcome::Bad);
-    QCOMPARE(result.line, badLine);
-    QCOMPARE(result.text, shown);
+    QCOMPARE(f.Loads(bytes), badLine == 0);
+    const bool cut = QByteArray(QTest::currentDataTag()).startsWith("cut");
+    if (badLine > 0) QVERIFY(f.fault.What == (cut ? Kind::CutOff : Kind::BadLine));
+    QCOMPARE(f.fault.Line, badLine);
+    QCOMPARE(f.fault.Text, shown);
     QTEST(ContentOf(f.program), "content");
   }
 
@@ -263,7 +260,7 @@ class CamFileTest : public QObject {
                                           {"ON    2 \r\nx  5 \r\nx  6 ", {1, 1, 9, 5}}}) {
       CamFileFixture f;
       f.program.SetFunctions({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, {9, 9}});
-      QCOMPARE(f.Load(HeadWith(2, "ANTICIPI " + section)).outcome, Outcome::Loaded);
+      QVERIFY(f.Loads(HeadWith(2, "ANTICIPI " + section)));
       const FunctionsBlock& got = f.program.Functions();
       QCOMPARE((QList<int>{got.AdvanceOn, got.AdvanceLast, got.CamFunc[0], got.CamFunc[1]}),
                values);
@@ -274,15 +271,13 @@ class CamFileTest : public QObject {
   void WhatWasReadBeforeAFaultStays() {
     CamFileFixture f;
     f.program.SetFunctions({1, 1, 1, 0, 0, 0, 0, 0, 7, 7, 7, 7, 1, {}});
-    f.prompts.Expect(Answer::Ok);
-    f.prompts.Expect(Answer::Ok);
     QByteArray head = HeadWith(3, "RITARDI ON\r\n 12 \r\n 13 ").replace("RAPPORTI OFF", "RAPPORTI");
-    QCOMPARE(f.Load(head).outcome, Outcome::Bad);
+    QVERIFY(!f.Loads(head));
     QVERIFY((f.program.Functions() == FunctionsBlock{0, 1, 1, 0, 12, 13, 0, 0, 7, 7, 7, 7, 1, {}}));
     head.replace("RAPPORTI", "RAPPORTI OFF")
         .replace("SENSO", "senso")
         .replace("TA    0", "TA    2");
-    QCOMPARE(f.Load(head).outcome, Outcome::Bad);
+    QVERIFY(!f.Loads(head));
     QVERIFY((f.program.Functions() == FunctionsBlock{0, 1, 0, 0, 12, 13, 0, 0, 2, 0, 7, 7, 1, {}}));
   }
 
@@ -292,7 +287,7 @@ class CamFileTest : public QObject {
     for (const auto& [output, selected] : {std::pair{" 0 ", 1}, {" 2 ", 2}, {" 4 ", 1}}) {
       f.program.SelectSize(3);
       const QByteArray head = HeadWith(5, QByteArray("FORMATO IN USCITA   ") + output);
-      f.Load(QByteArray(head).replace("- 1 ", "- 3 ") + "END\r\n");
+      QVERIFY(f.Loads(QByteArray(head).replace("- 1 ", "- 3 ") + "END\r\n"));
       QCOMPARE(f.program.CurrentSize(), selected);
       QCOMPARE(f.program.CurrentCam(), 1);
     }
@@ -305,23 +300,22 @@ class CamFileTest : public QObject {
         " FORMATO N. 01\r\nC 01\"a\"\r\n 010 020\r\n"
         " FORMATO N. 02\r\nC 02\"b\"\r\n 020 030\r\nEND\r\n";
     CamFileFixture f;
-    f.prompts.Expect(Answer::Ok);
-    QCOMPARE(f.Load(bytes).outcome, Outcome::Loaded);
+    const auto loaded = f.Load(bytes, OtherSizes::Take);
+    QVERIFY(loaded && !loaded->WithoutEnd);
+    QCOMPARE(loaded->LeftOut, 2);
     QCOMPARE(ContentOf(f.program), u"1.1: 10-20; 1 = a"_qs);
     QCOMPARE(f.program.NumSizes(), 1);
     // The cam of a block that was passed over is forgotten.
-    f.prompts.Expect(Answer::Ok);
-    f.prompts.Expect(Answer::Ok);
-    const LoadResult result = f.Load(HeadWith(1, "FUNZIONI  2 - 3 ") +
-                                     " FORMATO N. 02\r\nC 01\r\n FORMATO N. 01\r\n 010 020\r\n");
-    QCOMPARE(result.outcome, Outcome::Bad);
-    QCOMPARE(result.line, 12);
+    QVERIFY(!f.Load(HeadWith(1, "FUNZIONI  2 - 3 ") +
+                        " FORMATO N. 02\r\nC 01\r\n FORMATO N. 01\r\n 010 020\r\n",
+                    OtherSizes::Take));
+    QCOMPARE(f.fault.Line, 12);
   }
 
   void HeaderCounts_data() {
     QTest::addColumn<QString>("shown");
-    const QString cams = u"Critical Ok: %1 WRONG NUMBER OF CAMS 2"_qs;
-    const QString sizes = u"None OkCancel: %1 BAD TOTAL FORMATS 1"_qs;
+    const QString cams = u"%1 WRONG NUMBER OF CAMS 2"_qs;
+    const QString sizes = u"%1 BAD TOTAL FORMATS 1"_qs;
     QTest::newRow("FUNZIONI  24 - 22 ") << cams.arg(24);
     QTest::newRow("FUNZIONI 2 1") << cams.arg(21);
     QTest::newRow("  FUNZIONI  2 - 1 ") << cams.arg(0);
@@ -336,12 +330,8 @@ class CamFileTest : public QObject {
     CamFileFixture f;
     f.program.SetPhase(1, 0, 10, 20);
     const auto revision = f.program.Revision();
-    const Outcome outcome = shown.isEmpty()          ? Outcome::Loaded
-                            : shown.startsWith(u'C') ? Outcome::WrongCams
-                                                     : Outcome::Declined;
-    f.prompts.AnswerEverything(false);
-    QCOMPARE(f.Load(HeadWith(1, QTest::currentDataTag())).outcome, outcome);
-    QCOMPARE(f.prompts.Shown().join(u'|'), shown);
+    QCOMPARE(f.Loads(HeadWith(1, QTest::currentDataTag())), shown.isEmpty());
+    QCOMPARE(FaultText(f.fault, f.texts), shown);
     QCOMPARE(f.program.Revision() == revision, !shown.isEmpty());
   }
 
@@ -349,13 +339,13 @@ class CamFileTest : public QObject {
   void BareHeader() {
     CamFileFixture f;
     f.program.SetPhase(1, 1, 10, 20);
-    f.Load(HeadWith(1, "FUNZIONI") + " FORMATO N. 01\r\nC 01\r\n 030 040\r\n");
+    f.Loads(HeadWith(1, "FUNZIONI") + " FORMATO N. 01\r\nC 01\r\n 030 040\r\n");
     QCOMPARE(ContentOf(f.program), u"1.1: 30-40; 1.2: 10-20"_qs);
-    f.Load(PlainHead());
+    f.Loads(PlainHead());
     QCOMPARE(ContentOf(f.program), QString());
   }
 
-  void WhatIsNoFileIsMissing() {
+  void WhatIsNoFile() {
     CamFileFixture f;
     const auto revision = f.program.Revision();
     QStringList paths = {QString(), f.Path("none.cam"), f.folder.path()};
@@ -364,7 +354,9 @@ class CamFileTest : public QObject {
     QCOMPARE(mkfifo(QFile::encodeName(paths.last()).constData(), 0600), 0);
 #endif
     for (const QString& path : paths) {
-      QCOMPARE(f.file.LoadCamFile(path).outcome, Outcome::Missing);
+      const auto result = LoadCamFile(f.program, path);
+      const bool there = QFile::exists(path);
+      QVERIFY(!result && result.Why().What == (there ? Kind::CannotRead : Kind::Missing));
     }
     QCOMPARE(f.program.Revision(), revision);
   }

@@ -53,12 +53,12 @@ class FileWriterTest : public QObject {
     QVERIFY(WriteBytes(p.path, "before"));
     QVERIFY(WriteBytes(p.kept, "of an earlier run, and longer"));
     for (const QString& path : {p.path, QString(p.folder.path() + u"/./press.CAM")}) {
-      QCOMPARE(p.writer.Write(path, "one", Backup::Yes), QString());
+      QVERIFY(!p.writer.Write(path, "one", Backup::Yes));
       QCOMPARE(ReadBytes(p.path), QByteArray("one"));
       QCOMPARE(ReadBytes(p.kept), QByteArray("before"));
     }
     FileWriter nextRun;
-    QCOMPARE(nextRun.Write(p.path, "four", Backup::Yes), QString());
+    QVERIFY(!nextRun.Write(p.path, "four", Backup::Yes));
     QCOMPARE(ReadBytes(p.kept), QByteArray("one"));
   }
 
@@ -67,10 +67,10 @@ class FileWriterTest : public QObject {
     Place p;
     QVERIFY(WriteBytes(p.path, "before"));
     QVERIFY(QDir().mkpath(p.kept));
-    QVERIFY(!p.writer.Write(p.path, "one", Backup::Yes).isEmpty());
+    QVERIFY(p.writer.Write(p.path, "one", Backup::Yes));
     QCOMPARE(ReadBytes(p.path), QByteArray("before"));
     QVERIFY(QDir().rmdir(p.kept));
-    QCOMPARE(p.writer.Write(p.path, "one", Backup::Yes), QString());
+    QVERIFY(!p.writer.Write(p.path, "one", Backup::Yes));
     QCOMPARE(ReadBytes(p.kept), QByteArray("before"));
   }
 
@@ -79,7 +79,7 @@ class FileWriterTest : public QObject {
     QVERIFY(QDir().mkpath(p.path + u"/inside"_qs));
     for (const QString& path : {p.path, p.folder.filePath(u"gone/press.CAM"_qs), QString()}) {
       for (const Backup backup : {Backup::No, Backup::Yes}) {
-        QVERIFY(!p.writer.Write(path, "one", backup).isEmpty());
+        QVERIFY(p.writer.Write(path, "one", backup));
         QCOMPARE(QDir(p.folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
                  QStringList(u"press.CAM"_qs));
       }
@@ -105,14 +105,14 @@ class FileWriterTest : public QObject {
     QString reason;
     {
       const FullDisk disk(100);
-      reason = p.writer.Write(p.path, bytes, Backup::Yes);
+      reason = p.writer.Write(p.path, bytes, Backup::Yes).value_or(Fault()).Text;
     }
     QVERIFY2(reason.endsWith(qt_error_string(EFBIG)), qPrintable(reason));
     QVERIFY(ReadBytes(p.path) == old);
     const QStringList left = QDir(p.folder.path()).entryList(QDir::Files | QDir::Hidden);
     QVERIFY2(left.size() == (oldSize > 100 ? 1 : 2), qPrintable(left.join(u' ')));
     // With room again the save succeeds, and what is kept is the file from before the failure.
-    QCOMPARE(p.writer.Write(p.path, bytes, Backup::Yes), QString());
+    QVERIFY(!p.writer.Write(p.path, bytes, Backup::Yes));
     QVERIFY(ReadBytes(p.path) == QByteArray::fromStdString(bytes));
     QVERIFY(ReadBytes(p.kept) == old);
   }
@@ -121,12 +121,12 @@ class FileWriterTest : public QObject {
 
   void SavesThroughTheCamFile() {
     CamFileFixture f;
-    QVERIFY(!f.file.SaveCamFile().isEmpty());  // no name yet
-    f.globals.CurrentFile = f.Path("press.CAM");
-    QCOMPARE(f.file.SaveCamFile(), QString());
-    QCOMPARE(ReadBytes(f.globals.CurrentFile), PlainHead() + " FORMATO N. 01\r\nEND\r\n");
+    QVERIFY(SaveCamFile(f.program, {}, f.writer));
+    const QString path = f.Path("press.CAM");
+    QVERIFY(!SaveCamFile(f.program, path, f.writer));
+    QCOMPARE(ReadBytes(path), PlainHead() + " FORMATO N. 01\r\nEND\r\n");
     QVERIFY(!QFile::exists(f.Path("press.CAM.bak")));
-    QCOMPARE(f.file.SaveCamFile(), QString());
+    QVERIFY(!SaveCamFile(f.program, path, f.writer));
     QVERIFY(QFile::exists(f.Path("press.CAM.bak")));
   }
 };

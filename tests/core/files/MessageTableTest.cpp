@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "files/MessageTable.h"
 #include "files/ScriptFile.h"
+#include "files/TextNumbers.h"
+#include "files/WorkingFolder.h"
 #include "support/CamFileFixture.h"
 
 #include <QTest>
@@ -54,25 +56,25 @@ class MessageTableTest : public QObject {
     for (const int number : {501, 0, -1}) QCOMPARE(table.Text(number), QString());
   }
 
+  /// A script that is gone from its folder is looked for in the working folder, and what it lacks
+  /// is built in.
   void ScriptOfTheOptions() {
     CamFileFixture f;
     const WorkingFolder folder(f.folder.path());
     QVERIFY(WriteBytes(f.Path("Mine.scr"), "A\"\r\n"));
-    for (const QString& name : {u"MINE.SCR"_qs, f.Path("Mine.scr")}) {
-      f.globals.ScriptFile = name;
-      QVERIFY(ReadScript(f.texts, folder, f.globals, f.prompts));
+    for (const QString& name : {u"MINE.SCR"_qs, f.Path("Mine.scr"), u"/gone/mine.scr"_qs}) {
+      QVERIFY(!ReadScript(f.texts, folder, name));
     }
     for (const QString& name : {QString(), u"none.SCR"_qs, f.folder.path()}) {
-      f.globals.ScriptFile = name;
-      f.prompts.Expect(Answer::Ok);
-      QVERIFY(!ReadScript(f.texts, folder, f.globals, f.prompts));
-      QCOMPARE(f.prompts.Shown().last(), u"Critical Ok: [UNRECOV. DEF.FILE ERROR]  FILE '\"" +
-                                             name + u"\"' IS NOT AVAILABLE");
-      QCOMPARE(f.texts.Text(1), u"A"_qs);
+      QVERIFY(ReadScript(f.texts, folder, name));
+      QCOMPARE(f.texts.Text(TextNumber::MessageFileNotFound), u"A"_qs);
     }
+    const int missing = f.texts.Missing();
     QVERIFY(WriteBytes(f.Path("Mine.scr"), ""));
     QVERIFY(f.texts.Read(f.Path("Mine.scr")));
     QCOMPARE(f.texts.Text(1), QString());
+    QCOMPARE(f.texts.Text(TextNumber::MessageFileNotFound), u"MESSAGE FILE NOT FOUND"_qs);
+    QCOMPARE(f.texts.Missing(), missing + 1);
   }
 };
 

@@ -54,37 +54,39 @@ class SizeOperationsTest : public QObject {
   void Imports_data() {
     QTest::addColumn<QByteArray>("body");
     QTest::addColumn<int>("number");
-    QTest::addColumn<int>("outcome");
+    QTest::addColumn<int>("kind");
     QTest::addColumn<QString>("content");
     QTest::addColumn<QString>("told");
     const QString before = u"1.1: 1-2; 1.2: 3-4; 2.1: 5-6; 1 = OLD"_qs;
-    const auto row = [](const char* name, const QByteArray& body, int number,
-                        ImportResult::Outcome outcome, const QString& content,
-                        const QString& told = {}) {
-      QTest::newRow(name) << body << number << static_cast<int>(outcome) << content << told;
+    const auto row = [](const char* name, const QByteArray& body, int number, int kind,
+                        const QString& content, const QString& told = {}) {
+      QTest::newRow(name) << body << number << kind << content << told;
     };
-    using O = ImportResult::Outcome;
+    constexpr int whole = -1;
+    constexpr int withoutEnd = -2;
+    constexpr int bad = static_cast<int>(Fault::Kind::BadLine);
+    constexpr int noSize = static_cast<int>(Fault::Kind::NoSize);
     row("phases and descriptions",
         "FUNZIONI 99 - 3\r\n FORMATO N. 01\r\nC 01\r\n 100 110\r\n FORMATO N. 03\r\n"
         "C 02\"NEW\"\r\n 350 010\r\nEND\r\n",
-        3, O::Imported, u"1.2: 0-10 350-360; 2.1: 5-6; 1 = OLD; 2 = NEW"_qs);
-    row("an empty size", "FUNZIONI\r\n FORMATO N. 02\r\nEND\r\n", 2, O::Imported,
+        3, whole, u"1.2: 0-10 350-360; 2.1: 5-6; 1 = OLD; 2 = NEW"_qs);
+    row("an empty size", "FUNZIONI\r\n FORMATO N. 02\r\nEND\r\n", 2, whole,
         u"2.1: 5-6; 1 = OLD"_qs);
-    row("no such size", "FUNZIONI\r\n FORMATO N. 02\r\nEND\r\n", 1, O::NoSize, before);
-    row("no cam file", "SOMETHING\r\n FORMATO N. 01\r\n", 1, O::Bad, before, u"SOMETHING"_qs);
+    row("no such size", "FUNZIONI\r\n FORMATO N. 02\r\nEND\r\n", 1, noSize, before);
+    row("no cam file", "SOMETHING\r\n FORMATO N. 01\r\n", 1, bad, before, u"SOMETHING"_qs);
     row("a cam beyond the program's",
-        "FUNZIONI\r\n FORMATO N. 01\r\nC 01\r\n 100 110\r\nC 03\r\n 001 002\r\n", 1, O::Bad, before,
+        "FUNZIONI\r\n FORMATO N. 01\r\nC 01\r\n 100 110\r\nC 03\r\n 001 002\r\n", 1, bad, before,
         u" 001 002"_qs);
     const QByteArray cut = "FUNZIONI\n FORMATO N. 01\nC 01\n 100 110";
-    row("cut in the block", cut, 1, O::Bad, before, u" 100 110"_qs);
-    row("cut in its last line", cut + "\nEN", 1, O::Bad, before, u"EN"_qs);
-    row("cut behind the block", cut + "\n FORMATO N. 02", 1, O::Imported,
-        u"1.1: 100-110; 2.1: 5-6; 1 = OLD"_qs);
+    const QString last = u"1.1: 100-110; 2.1: 5-6; 1 = OLD"_qs;
+    row("cut in the block", cut, 1, withoutEnd, last);
+    row("cut in its last line", cut + "\nEN", 1, withoutEnd, last);
+    row("cut behind the block", cut + "\n FORMATO N. 02", 1, whole, last);
     const QByteArray endless(100000, 'x');
     const QString shown = QString(200, u'x') + u"..."_qs;
-    row("endless line before the size", "FUNZIONI\n" + endless + "\n FORMATO N. 01\nEND\n", 1,
-        O::Bad, before, shown);
-    row("endless line in the block", cut + "\n" + endless + "\nEND\n", 1, O::Bad, before, shown);
+    row("endless line before the size", "FUNZIONI\n" + endless + "\n FORMATO N. 01\nEND\n", 1, bad,
+        before, shown);
+    row("endless line in the block", cut + "\n" + endless + "\nEND\n", 1, bad, before, shown);
   }
 
   void Imports() {
@@ -96,17 +98,18 @@ class SizeOperationsTest : public QObject {
     f.program.SetRow(2, 0, RowOf(u"5-6"_qs));
     f.program.SetCamText(0, u"OLD"_qs);
     QVERIFY(WriteBytes(f.Path("in.cam"), body));
-    const ImportResult result = ImportSize(f.program, f.Path("in.cam"), number, 1);
-    QTEST(static_cast<int>(result.outcome), "outcome");
+    const auto result = ImportSize(f.program, f.Path("in.cam"), number, 1);
+    const int kind = !result ? static_cast<int>(result.Why().What) : result->WithoutEnd ? -2 : -1;
+    QTEST(kind, "kind");
     QTEST(ContentOf(f.program), "content");
-    QTEST(result.text, "told");
-    const ImportResult gone = ImportSize(f.program, f.folder.path(), number, 1);
-    QCOMPARE(gone.outcome, ImportResult::Outcome::Unreadable);
+    QTEST(result ? QString() : result.Why().Text, "told");
+    const auto gone = ImportSize(f.program, f.folder.path(), number, 1);
+    QVERIFY(!gone && gone.Why().What == Fault::Kind::CannotRead);
 #ifdef Q_OS_LINUX
     // Opens, but its first page cannot be read.
-    const ImportResult failing = ImportSize(f.program, u"/proc/self/mem"_qs, number, 1);
-    QCOMPARE(failing.outcome, ImportResult::Outcome::Unreadable);
-    QVERIFY(!failing.text.isEmpty());
+    const auto failing = ImportSize(f.program, u"/proc/self/mem"_qs, number, 1);
+    QVERIFY(!failing && failing.Why().What == Fault::Kind::CannotRead);
+    QVERIFY(!failing.Why().Text.isEmpty());
 #endif
   }
 };
