@@ -32,7 +32,9 @@ bool CheckScriptOf(const Console& console, const QString& file) {
     return false;
   }
   console.Out << Printable(file) << ": good: " << Counted(report.lines, "line") << ", "
-              << Counted(report.texts, "text") << '\n';
+              << Counted(report.texts, "text");
+  if (report.missing > 0) console.Out << "; " << report.missing << " used texts are missing";
+  console.Out << '\n';
   return true;
 }
 

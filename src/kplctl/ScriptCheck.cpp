@@ -81,7 +81,12 @@ ScriptReport CheckScriptFile(const QString& path) {
     report.fault = Fault{.Text = file.errorString()};
     return report;
   }
-  return CheckScript({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+  const std::string_view all(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+  report = CheckScript(all);
+  MessageTable texts;
+  texts.Parse(all);
+  report.missing = texts.Missing();
+  return report;
 }
 
 }  // namespace nira

@@ -12,7 +12,8 @@ namespace nira {
 /// What a language script holds, as far as it was read.
 struct ScriptReport {
   int lines = 0;
-  int texts = 0;  ///< lines that are not empty
+  int texts = 0;    ///< lines that are not empty
+  int missing = 0;  ///< texts of the windows that it does not have
   Refusal fault;
 };
 

@@ -44,6 +44,12 @@ class KplctlTest : public QObject {
                              Sample(u"../lang/p32qx_IT.SCR"_qs)});
     QCOMPARE(good.status, 0);
     QCOMPARE(good.out.count(u": good: "_qs), 3);
+    QVERIFY(!good.out.contains(u"missing"_qs));
+    CamFileFixture f;
+    QVERIFY(WriteBytes(f.Path("short.scr"), "a\"\r\n\"b\"\r\n"));
+    const QString missing = QString::number(MessageTable().Missing() - 1);
+    QVERIFY(Kplctl({u"check"_qs, f.Path("short.scr")})
+                .out.endsWith(u"2 texts; "_qs + missing + u" used texts are missing\n"_qs));
   }
 
   void Faults() {

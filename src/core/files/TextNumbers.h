@@ -155,6 +155,8 @@ enum class TextNumber : int {
   FlashKeepOn = 317,
   FlashRefused = 318,
   NoFile = 320,
+  TextsMissing = 321,
+  TakeScript = 322,
   StatusNoFile = 335,
   QuitAnswers = 336,
   FileHoldsProgram = 337,

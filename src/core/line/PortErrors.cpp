@@ -18,16 +18,19 @@ SerialError PortErrors::Missing(const QString& sought) const {
 
 SerialError PortErrors::Forbidden(const QString& device) const {
   const QString group = GroupToJoin(device);
-  return Error(SerialError::NoPermission, TextNumber::PortForbidden, device,
-               group.isEmpty() ? texts_.Text(TextNumber::AskForPermission)
-                               : QString(texts_.Text(TextNumber::JoinGroup) + group));
+  return Error(
+      SerialError::NoPermission, TextNumber::PortForbidden, device,
+      group.isEmpty()
+          ? texts_.Text(TextNumber::AskForPermission)
+          : QString(texts_.Text(TextNumber::JoinGroup)).replace(QStringLiteral("%1"), group));
 }
 
 SerialError PortErrors::Busy(const QString& device) const {
   const QString holder = PortHolder(device);
   const QString lock = holder.isEmpty() ? LeftLock(device) : QString();
+  const QString named = holder.isEmpty() ? holder : QStringLiteral(": ") + holder;
   return Error(SerialError::InUse, TextNumber::PortInUse, device,
-               lock.isEmpty() ? texts_.Text(TextNumber::CloseOther) + holder
+               lock.isEmpty() ? texts_.Text(TextNumber::CloseOther) + named
                               : texts_.Text(TextNumber::RemoveLock) + lock);
 }
 

@@ -177,6 +177,7 @@ void MainWindow::ConnectAll() {
   connect(lines_, &LineCommands::PortChosen, status_, &StatusLine::LookAtPort);
   const auto note = [this](const QString& text) { statusBar()->showMessage(text, 5000); };
   connect(files_, &FileCommands::Note, statusBar(), note);
+  connect(sizes_, &SizeCommands::Note, statusBar(), note);
   connect(lines_, &LineCommands::Note, statusBar(), note);
   connect(lines_, &LineCommands::LastingNote, statusBar(),
           [this](const QString& text) { statusBar()->showMessage(text); });
@@ -268,6 +269,7 @@ bool MainWindow::Form_Load(const QString& startFile) {
   program.IsSaved = true;
   instance_.Dialog.InitDir = instance_.Folder.Path();
   ProgramReplaced();
+  statusBar()->showMessage(MissingTexts(instance_.Texts));  // until something is done
   if (!startFile.isEmpty()) files_->OpenAtStart(startFile);
   return true;
 }
@@ -295,9 +297,7 @@ bool MainWindow::WriteOptions() {
 bool MainWindow::LoadTexts() {
   const QString& script = instance_.Settings.ScriptFile;
   if (ReadScript(instance_.Texts, instance_.Folder, script)) {
-    instance_.Ask.MsgBox(
-        QStringLiteral(" FILE '\"") + script + QStringLiteral("\"' IS NOT AVAILABLE"), Buttons::Ok,
-        Icon::Critical, QStringLiteral("UNRECOV. DEF.FILE ERROR"));
+    TellScriptGone();
     return false;
   }
   for (const Tip& tip : tips) {
@@ -309,6 +309,41 @@ bool MainWindow::LoadTexts() {
   picture1_->setAccessibleName(instance_.Text(TextNumber::SizeWord));
   instance_.Dialog.FolderNotFound = instance_.Text(TextNumber::FolderNotFound);
   return true;
+}
+
+/// The program ends then, as without its texts it always did; the next start finds the default
+/// script again.
+void MainWindow::TellScriptGone() {
+  QString& script = instance_.Settings.ScriptFile;
+  instance_.Ask.MsgBox(
+      QStringLiteral(" FILE '\"") + script + QStringLiteral("\"' IS NOT AVAILABLE"), Buttons::Ok,
+      Icon::Critical, QStringLiteral("UNRECOV. DEF.FILE ERROR"));
+  if (script == QLatin1String(Options::DefaultScript)) return;
+  script = QString::fromLatin1(Options::DefaultScript);
+  WriteOptions();
+}
+
+/// How many texts the script lacks; empty when none.
+QString MainWindow::MissingTexts(const MessageTable& script) const {
+  const int missing = script.Missing();
+  if (missing == 0) return {};
+  return QString::number(missing) + u' ' + instance_.Text(TextNumber::TextsMissing);
+}
+
+/// Looks at a script that was chosen: one that cannot be used is told, one that lacks texts is
+/// asked about.
+bool MainWindow::MayTake(const QString& script) {
+  // The options file could not hold a name with a quote or a line break in it.
+  const bool keepable = !script.contains(u'"') && !script.contains(u'\n');
+  MessageTable texts;
+  if (!keepable || !texts.Read(script)) {
+    instance_.Ask.MsgBox(QStringLiteral("FILE ERROR"), Buttons::Ok, Icon::Critical);
+    return false;
+  }
+  const QString missing = MissingTexts(texts);
+  return missing.isEmpty() ||
+         instance_.Ask.MsgBox(missing + u'\n' + instance_.Text(TextNumber::TakeScript),
+                              Buttons::NoYes, Icon::Exclamation) == Answer::Yes;
 }
 
 void MainWindow::ProgramReplaced() {
@@ -478,12 +513,7 @@ void MainWindow::SelectLanguage() {
   dialog.ShowOpen(this);
   dialog.InitDir = start;
   if (dialog.FileTitle().isEmpty()) return;
-  // The options file could not hold a name with a quote or a line break in it.
-  const bool keepable = !dialog.FileName.contains(u'"') && !dialog.FileName.contains(u'\n');
-  if (!keepable || !MessageTable().Read(dialog.FileName)) {
-    instance_.Ask.MsgBox(QStringLiteral("FILE ERROR"), Buttons::Ok, Icon::Critical);
-    return;
-  }
+  if (!MayTake(dialog.FileName)) return;
   instance_.Settings.ScriptFile = dialog.FileName;
   if (WriteOptions()) ReadOptions();  // otherwise the choice holds for this run
   if (!LoadTexts()) {

@@ -88,6 +88,9 @@ class MainWindow : public QMainWindow {
   void ExchangeEnded(bool received);
   void OpenRecent(const QString& path);
   bool LoadTexts();
+  void TellScriptGone();
+  QString MissingTexts(const MessageTable& script) const;
+  bool MayTake(const QString& script);
   void ReadOptions();
   bool WriteOptions();
   using TitleParts = std::tuple<QString, int, int, int>;  // what a title is made of

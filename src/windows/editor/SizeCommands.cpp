@@ -116,6 +116,7 @@ void SizeCommands::Import(const QString& path) {
   }
   program.IsSaved = false;
   Q_EMIT Shown();
+  if (result->WithoutEnd) Q_EMIT Note(instance_.Text(TextNumber::FileWithoutEnd) + path);
 }
 
 void SizeCommands::O_CopyC_Click() {

@@ -37,6 +37,8 @@ class SizeCommands : public QObject {
   void Described(int cam);
   /// The program changed behind the display.
   void Hidden();
+  /// Worth a line in the status bar.
+  void Note(const QString& text);
 
  private:
   std::int64_t AskNumber(const QString& prompt);

@@ -311,7 +311,7 @@ class QtSerialControlTest : public QObject {
     QtSerialControl second(f.names, f.texts, f.clock);
     const QString busy = f.ErrorOf([&second] { second.PortOpen(true); });
     QVERIFY2(busy.startsWith(u"8005: THE PORT IS ALREADY IN USE: "_qs + f.pty->Path +
-                             u"\nCLOSE THE PROGRAM THAT USES IT tst_QtSerialCon ("),
+                             u"\nCLOSE THE PROGRAM THAT USES IT: tst_QtSerialCon ("),
              qPrintable(busy));
     QVERIFY(PortHolder(f.pty->Path.replace(u"/pts"_qs, u"/./pts"_qs)).startsWith(u"tst_QtSerial"));
     QCOMPARE(f.serial.OtherHolder(), QString());
@@ -357,9 +357,9 @@ class QtSerialControlTest : public QObject {
     QTest::addColumn<mode_t>("mode");
     QTest::addColumn<QString>("advice");
     const QString ask = u"ASK THE ADMINISTRATOR FOR PERMISSION TO USE THE DEVICE"_qs;
-    const QString join = u"ADD THE USER TO THE GROUP, THEN LOG IN AGAIN: "_qs;
+    const QString join = u"ADD THE USER TO THE GROUP tty, THEN LOG IN AGAIN"_qs;
     QTest::newRow("nobody may") << mode_t{0} << ask;
-    QTest::newRow("the group may") << mode_t{060} << (::geteuid() == 0 ? join + u"tty"_qs : ask);
+    QTest::newRow("the group may") << mode_t{060} << (::geteuid() == 0 ? join : ask);
   }
 
   void RefusesWithoutPermission() {

@@ -52,6 +52,10 @@ class LanguageTest : public QObject {
     QTest::newRow("gone") << u"gone.SCR"_qs << u"Critical Ok: FILE ERROR"_qs;
     QTest::newRow("a quote in its name") << u"a\"b.SCR"_qs << u"Critical Ok: FILE ERROR"_qs;
     QTest::newRow("cannot be read") << u"folder.SCR"_qs << u"Critical Ok: FILE ERROR"_qs;
+    QTest::newRow("lacks texts")
+        << u"short.SCR"_qs
+        << u"Exclamation NoYes: %1 TESTI MANCANO NEL FILE DELLA LINGUA E SONO IN INGLESE\n"
+           "USARE QUESTA LINGUA ?"_qs.arg(MessageTable().Missing() - 1);
   }
 
   void Refused() {
@@ -64,7 +68,9 @@ class LanguageTest : public QObject {
     QVERIFY(QFile::copy(f.Path(u"p32qx_EN.SCR"_qs), f.Path(u"a\"b.SCR"_qs)));
     QVERIFY(QDir().mkpath(f.Path(u"folder.SCR"_qs)));
     chosen.isEmpty() ? f.dialog.ExpectCancel() : f.dialog.Expect(f.Path(chosen));
-    if (!chosen.isEmpty()) f.prompts.Expect();
+    const bool asked = chosen.startsWith(u's');
+    QVERIFY(WriteBytes(f.Path(u"short.SCR"_qs), "A\"\r\n"));
+    if (!chosen.isEmpty()) f.prompts.Expect(asked ? Answer::No : Answer::Ok);
     QTimer::singleShot(0, &*f.window, [&f] {
       f.Choose("o_Setlng");
       QTimer::singleShot(0, [] { QApplication::exit(42); });
