@@ -109,6 +109,13 @@ class SizeCommandsTest : public QObject {
     QVERIFY(!f.program.IsSaved);
     QCOMPARE(f.Text("LDefC_0"), u"FEED GRIPPER"_qs);
     QCOMPARE(f.Runs(1, 4), u"37-74"_qs);
+    const QByteArray bytes = ReadBytes(press);
+    QVERIFY(WriteBytes(press, bytes.left(bytes.lastIndexOf("END"))));
+    f.dialog.Expect(press);
+    f.prompts.ExpectInput(u"22"_qs);
+    f.Choose("S_Imp");
+    QCOMPARE(f.window->statusBar()->currentMessage(),
+             u"MANCA LA RIGA END, FILE FORSE INCOMPLETO: "_qs + press);
   }
 
   void Descriptions_data() {
