@@ -269,7 +269,8 @@ bool MainWindow::Form_Load(const QString& startFile) {
   program.IsSaved = true;
   instance_.Dialog.InitDir = instance_.Folder.Path();
   ProgramReplaced();
-  statusBar()->showMessage(MissingTexts(instance_.Texts));  // until something is done
+  const QString missing = MissingTexts(instance_.Texts);
+  if (!missing.isEmpty()) statusBar()->showMessage(missing);
   if (!startFile.isEmpty()) files_->OpenAtStart(startFile);
   return true;
 }
