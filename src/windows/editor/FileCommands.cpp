@@ -91,22 +91,29 @@ void FileCommands::Load() {
   QString& current = instance_.Settings.CurrentFile;
   program.ClearAllSizes();
   program.ClearCamLabels();
+  const QString path = current;
   const Result<LoadedFile> result = Read();
-  // The next Save has to ask for a name: it must not write over a file that was not taken.
-  if (!result && result.Why().What != Fault::Kind::Missing) current.clear();
+  // The next Save has to ask for a name: it must not write over a file that was not taken whole.
+  const bool keeps = result ? result->LeftOut == 0 : result.Why().What == Fault::Kind::Missing;
+  if (!keeps) current.clear();
   Q_EMIT TitleChanged(instance_.Text(TextNumber::ProgramName) + QStringLiteral(" C ") +
                       QString::number(program.NumCams()) + QStringLiteral(" - ") +
                       QString::number(program.NumSizes()) + QStringLiteral("  [") + current + u']');
   program.SelectSize(1);
   Q_EMIT ProgramReplaced();
-  if (result) {
-    if (result->WithoutEnd) Q_EMIT Note(instance_.Text(TextNumber::FileWithoutEnd) + current);
-    QStringList paths = recent_;
-    paths.removeAll(current);
-    paths.prepend(current);
-    SetRecent(paths);
-    instance_.Dialog.InitDir = QFileInfo(current).absolutePath();
+  if (result) TakeAsRecent(path, *result);
+}
+
+void FileCommands::TakeAsRecent(const QString& path, const LoadedFile& file) {
+  if (file.WithoutEnd) Q_EMIT Note(instance_.Text(TextNumber::FileWithoutEnd) + path);
+  if (file.LeftOut > 0) {
+    Q_EMIT Note(instance_.Text(TextNumber::SizesLeftOut) + QString::number(file.LeftOut));
   }
+  QStringList paths = recent_;
+  paths.removeAll(path);
+  paths.prepend(path);
+  SetRecent(paths);
+  instance_.Dialog.InitDir = QFileInfo(path).absolutePath();
 }
 
 void FileCommands::SetRecent(const QStringList& paths) {

@@ -57,6 +57,7 @@ class FileCommands : public QObject {
   /// True when nothing is unsaved or the operator agrees to lose it.
   bool MayLoseWork();
   Result<LoadedFile> Read();
+  void TakeAsRecent(const QString& path, const LoadedFile& file);
   bool CanBeRead(const QString& path);
   bool Save();
   bool MayReplace(const QString& chosen, const QString& forced);

@@ -60,6 +60,9 @@ class FileCommandsTest : public QObject {
     row("declined", other + block + "END\r\n", u"None OkCancel: 9 BAD TOTAL FORMATS 22"_qs, "");
     row("taken", other + block + "END\r\n", u"None OkCancel: 9 BAD TOTAL FORMATS 22"_qs,
         "2.3: 0-10 350-360; 3 = ONE", true);
+    row("more sizes",
+        PlainHead().replace(" 2 - 1 ", " 32 - 23 ") + block + " FORMATO N. 23\r\nEND\r\n",
+        u"None OkCancel: 23 BAD TOTAL FORMATS 22"_qs, "2.3: 0-10 350-360; 3 = ONE");
   }
 
   void Open() {
@@ -95,6 +98,9 @@ class FileCommandsTest : public QObject {
                u"PROGRAMMATORE DI CAMME C 32 - 22  [%1]"_qs.arg(f.settings.CurrentFile));
       QVERIFY(QApplication::overrideCursor() == nullptr);
     }
+    const bool left = QByteArray(QTest::currentDataTag()) == "more sizes";
+    QCOMPARE(f.window->statusBar()->currentMessage(),
+             left ? u"FORMATI DEL FILE NON CARICATI: 1"_qs : QString());
   }
 
   /// The ways in which another program comes into memory.
