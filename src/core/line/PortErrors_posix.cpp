@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "line/PortErrors.h"
-
 #include "files/TextNumbers.h"
+#include "line/PortErrors.h"
 
 #include <QFile>
 
