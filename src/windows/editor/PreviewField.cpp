@@ -3,6 +3,7 @@
 
 #include "controls/PlainTip.h"
 #include "controls/Shades.h"
+#include "files/TextNumbers.h"
 #include "ground/Text.h"
 
 #include <QPainter>
