@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "editor/CamDiagram.h"
 
+#include "editor/HoverLine.h"
+#include "editor/PhaseMarks.h"
 #include "ground/Text.h"
 
 #include <QContextMenuEvent>

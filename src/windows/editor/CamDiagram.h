@@ -3,8 +3,7 @@
 
 #include "controls/CamBar.h"
 #include "controls/CamLabel.h"
-#include "editor/HoverLine.h"
-#include "editor/PhaseMarks.h"
+#include "editor/DiagramPlace.h"
 #include "model/PhaseList.h"
 
 #include <QFrame>
@@ -12,10 +11,15 @@
 #include <QWidget>
 
 #include <array>
+#include <optional>
+#include <vector>
 
 class QHelpEvent;
 
 namespace nira {
+
+class HoverLine;
+class PhaseMarks;
 
 /// The diagram of the selected size: per cam its number, its description and its bar, over a scale
 /// of degrees. It shows what it is given and knows nothing of the program.

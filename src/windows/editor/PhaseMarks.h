@@ -2,7 +2,7 @@
 #pragma once
 
 #include "controls/CamBar.h"
-#include "editor/HoverLine.h"
+#include "editor/DiagramPlace.h"
 
 #include <QWidget>
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "controls/ProgramStyle.h"
 #include "editor/PreviewField.h"
 #include "support/WindowFixture.h"
 
@@ -214,6 +215,7 @@ class DiagramTest : public QObject {
     QVERIFY(qRed(crossed.pixel(qRound(200 * crossed.width() / 359.0), 5)) > 150);
     QVERIFY(qBlue(crossed.pixel(qRound(200 * crossed.width() / 359.0), 5)) < 150);
     auto* bar = f.Find<CamBar>(u"Barra_5"_qs);
+    QCOMPARE(ProgramStyle().styleHint(QStyle::SH_ToolTip_WakeUpDelay, nullptr, bar, nullptr), 300);
     QHelpEvent over(QEvent::ToolTip, bar->BoxOf({109, 110}).center(), QCursor::pos());
     QApplication::sendEvent(bar, &over);
     QVERIFY(QToolTip::text().contains(u"C06 &lt;LIFT&gt;   F001</b><br>ON 109  OFF 110   1°"_qs));
