@@ -21,20 +21,7 @@ constexpr int outlineWidth = 2;
 
 }  // namespace
 
-HoverLine::HoverLine(QWidget* diagram) : QWidget(diagram) {
-  setObjectName(QStringLiteral("HoverLine"));
-  setAttribute(Qt::WA_TransparentForMouseEvents);
-}
-
-void HoverLine::Arrange(const DiagramPlace& place, int scalePixels) {
-  place_ = place;
-  font_ = font();
-  font_.setPixelSize(scalePixels);
-  font_.setBold(true);
-  setGeometry(parentWidget()->rect());
-  raise();
-  update();
-}
+HoverLine::HoverLine(QWidget* diagram) : DiagramLayer("HoverLine", diagram) {}
 
 void HoverLine::PointAt(int degree, int cam) {
   Picture next = shown_;
@@ -77,7 +64,7 @@ void HoverLine::Light(int cam, bool on) {
   const auto index = static_cast<std::size_t>(cam);
   if (shown_.lamps[index] == on) return;
   shown_.lamps[index] = on;
-  update(place_.Lamp(cam));
+  update(Place().Lamp(cam));
 }
 
 /// Only what changes is painted anew.
@@ -102,13 +89,13 @@ QString HoverLine::Caption(std::size_t line) const {
 
 /// The degree of a line, on the upper scale or on the lower one.
 QRect HoverLine::Pill(std::size_t line, bool upper) const {
-  const QFontMetrics metrics(font_);
+  const QFontMetrics metrics(ScaleFont());
   const int width = metrics.horizontalAdvance(Caption(line)) + 12;
   const int height = metrics.height() + 2;
-  const QRect& bars = place_.bars;
+  const QRect& bars = Place().bars;
   const int top =
       upper ? bars.top() - DiagramPlace::Tick - 2 - height : bars.bottom() + DiagramPlace::Tick + 2;
-  const int left = place_.X(Lines()[line]) - width / 2;
+  const int left = Place().X(Lines()[line]) - width / 2;
   return {std::clamp(left, 0, std::max(0, this->width() - width)), std::max(0, top), width, height};
 }
 
@@ -118,7 +105,7 @@ QRegion HoverLine::Places() const {
   for (std::size_t line = 0; line < lines.size(); ++line) {
     const QRect above = Pill(line, true);
     const QRect below = Pill(line, false);
-    const int x = place_.X(lines[line]);
+    const int x = Place().X(lines[line]);
     places += QRect(QPoint(x - 2, above.bottom()), QPoint(x + 2, below.top()));
     places += above.adjusted(-1, -1, 1, 1);
     places += below.adjusted(-1, -1, 1, 1);
@@ -128,7 +115,7 @@ QRegion HoverLine::Places() const {
 
 QRegion HoverLine::Outline() const {
   if (shown_.row < 0) return {};
-  const QRect row = place_.Row(shown_.row);
+  const QRect row = Place().Row(shown_.row);
   constexpr int w = outlineWidth;
   return QRegion(row) - row.adjusted(w, w, -w, -w);
 }
@@ -140,7 +127,7 @@ void HoverLine::paintEvent(QPaintEvent* event) {
   if (shown_.row >= 0) {
     painter.setPen(QPen(palette().color(QPalette::Highlight), 1.5));
     painter.setBrush(Qt::NoBrush);
-    painter.drawRect(QRectF(place_.Row(shown_.row)).adjusted(1, 1, -1, -1));
+    painter.drawRect(QRectF(Place().Row(shown_.row)).adjusted(1, 1, -1, -1));
   }
   for (std::size_t line = 0; line < Lines().size(); ++line) PaintLine(painter, line);
 }
@@ -150,8 +137,8 @@ void HoverLine::PaintLamps(QPainter& painter, const QRegion& where) const {
   const QPen dark(QColor::fromRgb(lampRing), 1);
   const QPalette& own = palette();
   const QPen quiet(Mixed(own.color(QPalette::WindowText), own.color(QPalette::Window), 0.5), 1);
-  for (int cam = 0; cam < place_.numCams; ++cam) {
-    const QRect lamp = place_.Lamp(cam);
+  for (int cam = 0; cam < Place().numCams; ++cam) {
+    const QRect lamp = Place().Lamp(cam);
     if (!where.intersects(lamp)) continue;
     const bool on = shown_.lamps[static_cast<std::size_t>(cam)];
     painter.setPen(on ? dark : quiet);
@@ -164,10 +151,10 @@ void HoverLine::PaintLine(QPainter& painter, std::size_t line) const {
   const QColor red = QColor::fromRgb(lineColour);
   const QRect above = Pill(line, true);
   const QRect below = Pill(line, false);
-  const double x = place_.X(Lines()[line]) + 0.5;
+  const double x = Place().X(Lines()[line]) + 0.5;
   painter.setPen(QPen(red, lineWidth));
   painter.drawLine(QPointF(x, above.bottom()), QPointF(x, below.top()));
-  painter.setFont(font_);
+  painter.setFont(ScaleFont());
   for (const QRect& pill : {above, below}) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(red);

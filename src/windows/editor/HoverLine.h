@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "editor/DiagramPlace.h"
+#include "editor/DiagramLayer.h"
 
 #include <QRegion>
-#include <QWidget>
 
 #include <bitset>
 #include <vector>
@@ -14,14 +13,11 @@ namespace nira {
 /// What is read at one degree, painted over the diagram: a line through all rows with its degree on
 /// both scales, the lamps of the cams that are ON there, and the outline of the row under the
 /// pointer. The line follows the pointer until it is pinned; a second pin measures from the first.
-class HoverLine : public QWidget {
+class HoverLine : public DiagramLayer {
   Q_OBJECT
 
  public:
   explicit HoverLine(QWidget* diagram);
-
-  /// New places, and the pixels of the numbers on the scale.
-  void Arrange(const DiagramPlace& place, int scalePixels);
 
   /// The pointer is at this degree (-1: beside the bars) and this row (-1: beside the rows).
   void PointAt(int degree, int cam);
@@ -60,8 +56,6 @@ class HoverLine : public QWidget {
   void PaintLamps(QPainter& painter, const QRegion& where) const;
   void PaintLine(QPainter& painter, std::size_t line) const;
 
-  DiagramPlace place_;
-  QFont font_;
   Picture shown_;
 };
 

@@ -42,20 +42,7 @@ void PaintHandle(QPainter& painter, int x, const QRect& box) {
 
 }  // namespace
 
-PhaseMarks::PhaseMarks(QWidget* diagram) : QWidget(diagram) {
-  setObjectName(QStringLiteral("PhaseMarks"));
-  setAttribute(Qt::WA_TransparentForMouseEvents);
-}
-
-void PhaseMarks::Arrange(const DiagramPlace& place, int scalePixels) {
-  place_ = place;
-  font_ = font();
-  font_.setPixelSize(scalePixels);
-  font_.setBold(true);
-  setGeometry(parentWidget()->rect());
-  raise();
-  update();
-}
+PhaseMarks::PhaseMarks(QWidget* diagram) : DiagramLayer("PhaseMarks", diagram) {}
 
 void PhaseMarks::Select(const CamBar* bar, const std::optional<Phase>& phase) {
   if (bar == bar_ && phase == phase_) return;
@@ -77,10 +64,10 @@ void PhaseMarks::Preview(const CamBar* bar, const std::vector<Phase>& goes,
 
 /// The flags stand outside the phase, and beside each other where there is no room.
 PhaseMarks::Flags PhaseMarks::FlagPlaces() const {
-  const QFontMetrics metrics(font_);
+  const QFontMetrics metrics(ScaleFont());
   const int width = metrics.horizontalAdvance(QStringLiteral("000")) + 8;
   const int height = metrics.height() + 2;
-  const int top = std::max(0, place_.bars.top() - DiagramPlace::Tick - 2 - height);
+  const int top = std::max(0, Place().bars.top() - DiagramPlace::Tick - 2 - height);
   const std::vector<QRect> boxes = BoxesOf(bar_, *phase_);
   Flags flags;
   flags.onX = boxes.front().left();
@@ -104,7 +91,7 @@ QRegion PhaseMarks::Places() const {
   }
   for (const int x : {flags.onX, flags.offX}) {
     places +=
-        QRect(QPoint(x - pointer - 1, flags.on.top()), QPoint(x + pointer + 1, place_.bars.top()));
+        QRect(QPoint(x - pointer - 1, flags.on.top()), QPoint(x + pointer + 1, Place().bars.top()));
   }
   return places;
 }
@@ -159,14 +146,14 @@ void PhaseMarks::PaintFlags(QPainter& painter) const {
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor::fromRgb(colours::selectedRun));
     painter.drawRoundedRect(flag, 2, 2);
-    const int tip = place_.bars.top() - 2;
+    const int tip = Place().bars.top() - 2;
     const int top = tip - DiagramPlace::Tick + 2;
     painter.drawPolygon(QPolygon({{x - pointer, top}, {x + pointer, top}, {x, tip}}));
     painter.setPen(QColor::fromRgb(flagText));
     painter.drawText(flag, Qt::AlignCenter, QString::number(degree));
   };
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setFont(font_);
+  painter.setFont(ScaleFont());
   paint(flags.on, flags.onX, phase_->on);
   paint(flags.off, flags.offX, phase_->off);
 }

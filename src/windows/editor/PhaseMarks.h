@@ -2,9 +2,7 @@
 #pragma once
 
 #include "controls/CamBar.h"
-#include "editor/DiagramPlace.h"
-
-#include <QWidget>
+#include "editor/DiagramLayer.h"
 
 #include <optional>
 
@@ -13,14 +11,11 @@ namespace nira {
 /// What is marked over the bar of the selected cam: the phase that is selected in the list, framed,
 /// with a handle at either end and its degrees as two flags on the upper scale; and what the pair
 /// in the boxes would do, hatched where degrees go, outlined where a phase comes.
-class PhaseMarks : public QWidget {
+class PhaseMarks : public DiagramLayer {
   Q_OBJECT
 
  public:
   explicit PhaseMarks(QWidget* diagram);
-
-  /// New places, and the pixels of the numbers on the scale.
-  void Arrange(const DiagramPlace& place, int scalePixels);
 
   /// The selected phase, in the bar in which it is drawn; none takes the marks away.
   void Select(const CamBar* bar, const std::optional<Phase>& phase);
@@ -46,8 +41,6 @@ class PhaseMarks : public QWidget {
   void PaintFrame(QPainter& painter) const;
   void PaintFlags(QPainter& painter) const;
 
-  DiagramPlace place_;
-  QFont font_;
   const CamBar* bar_ = nullptr;
   std::optional<Phase> phase_;
   const CamBar* previewBar_ = nullptr;
