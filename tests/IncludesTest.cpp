@@ -1,101 +1,87 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <QDirIterator>
 #include <QFile>
-#include <QMap>
 #include <QRegularExpression>
-#include <QSet>
 #include <QTest>
 
 namespace nira {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 const QString sources = QStringLiteral(NIRA_SOURCE_FOLDER "/src/");
 
 /// Who may know whom: a room, and the rooms whose headers it may include beside its own.
-const QMap<QString, QString>& Allowed() {
-  static const QString core = QStringLiteral(
-      "core/ground core/model core/files core/messages core/line core/sizes core/listing ");
-  static const QString shared = core + QStringLiteral("paper windows/controls ");
-  static const QMap<QString, QString> allowed = {
-      {QStringLiteral("core/ground"), {}},
-      {QStringLiteral("core/model"), QStringLiteral("core/ground")},
-      {QStringLiteral("core/files"), QStringLiteral("core/ground core/model")},
-      {QStringLiteral("core/messages"), QStringLiteral("core/ground core/model core/files")},
-      {QStringLiteral("core/sizes"), QStringLiteral("core/ground core/model core/files")},
-      {QStringLiteral("core/listing"), QStringLiteral("core/ground core/model core/files")},
-      {QStringLiteral("core/line"),
-       QStringLiteral("core/ground core/model core/files core/messages")},
-      {QStringLiteral("paper"), core},
-      {QStringLiteral("simulator"), core},
-      {QStringLiteral("windows/controls"), core},
-      {QStringLiteral("windows/dialogs"), shared},
-      {QStringLiteral("windows/functions"), shared},
-      {QStringLiteral("windows/line"), shared + QStringLiteral("windows/dialogs")},
-      {QStringLiteral("windows/printing"), shared + QStringLiteral("windows/dialogs")},
-      {QStringLiteral("windows/messages"),
-       shared + QStringLiteral("windows/dialogs windows/printing")},
-      {QStringLiteral("windows/editor"),
-       shared + QStringLiteral("windows/dialogs windows/functions windows/line windows/messages "
-                               "windows/printing")},
-      {QStringLiteral("kplctl"), core + QStringLiteral("paper simulator")},
-      {QStringLiteral("nira-kpl"),
-       core + QStringLiteral("windows/controls windows/dialogs windows/editor")},
+QStringList KnownTo(const QString& room) {
+  const QString core =
+      u"core/ground core/model core/files core/messages core/line core/sizes core/listing "_qs;
+  const QString shared = core + u"paper windows/controls "_qs;
+  const QString windows = shared + u"windows/dialogs "_qs;
+  const QMap<QString, QString> table = {
+      {u"core/ground"_qs, {}},
+      {u"core/model"_qs, u"core/ground"_qs},
+      {u"core/files"_qs, u"core/ground core/model"_qs},
+      {u"core/messages"_qs, u"core/ground core/model core/files"_qs},
+      {u"core/sizes"_qs, u"core/ground core/model core/files"_qs},
+      {u"core/listing"_qs, u"core/ground core/model core/files"_qs},
+      {u"core/line"_qs, u"core/ground core/model core/files core/messages"_qs},
+      {u"paper"_qs, core},
+      {u"simulator"_qs, core},
+      {u"windows/controls"_qs, core},
+      {u"windows/dialogs"_qs, shared},
+      {u"windows/functions"_qs, windows},
+      {u"windows/line"_qs, windows},
+      {u"windows/printing"_qs, windows},
+      {u"windows/messages"_qs, windows + u"windows/printing"_qs},
+      {u"windows/editor"_qs,
+       windows + u"windows/functions windows/line windows/messages windows/printing"_qs},
+      {u"kplctl"_qs, core + u"paper simulator"_qs},
+      {u"nira-kpl"_qs, core + u"windows/controls windows/dialogs windows/editor"_qs},
   };
-  return allowed;
+  return table.value(room, u"nobody"_qs).split(u' ');
 }
 
 QString RoomOf(const QString& path) {
   return path.left(path.lastIndexOf(u'/'));
 }
 
-/// What a source includes of this project, as paths below src/.
-QStringList IncludesOf(const QString& path) {
-  QFile file(sources + path);
-  if (!file.open(QIODevice::ReadOnly)) return {QStringLiteral("unreadable")};
-  static const QRegularExpression line(QStringLiteral("^#include \"([^\"]+)\""),
-                                       QRegularExpression::MultilineOption);
-  QStringList found;
-  for (auto all = line.globalMatch(QString::fromUtf8(file.readAll())); all.hasNext();) {
-    const QString name = all.next().captured(1);
-    if (name.endsWith(QStringLiteral(".moc"))) continue;
-    for (const char* root : {"core/", "paper/", "simulator/", "windows/", "kplctl/"}) {
-      if (QFile::exists(sources + QLatin1String(root) + name))
-        found.append(QLatin1String(root) + name);
-    }
-  }
-  return found;
-}
-
-QStringList AllSources() {
-  QStringList paths;
-  QDirIterator files(sources, {QStringLiteral("*.h"), QStringLiteral("*.cpp")}, QDir::Files,
-                     QDirIterator::Subdirectories);
-  while (files.hasNext()) paths.append(files.next().mid(sources.size()));
-  return paths;
-}
-
 }  // namespace
 
-/// The table of who may know whom, held against the includes. That a library sees no headers but of
-/// what it links is held by the compiler already.
+/// The rules of the house, held against the includes. That a library sees no headers but of what it
+/// links is held by the compiler already.
 class IncludesTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
   void RoomsKnowWhomTheyMay() {
-    QSet<QString> rooms;
-    for (const QString& path : AllSources()) {
-      const QString room = RoomOf(path);
-      QVERIFY2(Allowed().contains(room), qPrintable(path));
-      rooms.insert(room);
-      const QStringList may = Allowed().value(room).split(u' ');
-      for (const QString& header : IncludesOf(path)) {
-        const QString other = RoomOf(header);
-        QVERIFY2(other == room || may.contains(other), qPrintable(path + u" -> " + header));
+    int found = 0;
+    QDirIterator files(sources, {u"*.h"_qs, u"*.cpp"_qs}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+      QFile file(files.next());
+      QVERIFY(file.open(QIODevice::ReadOnly));
+      const QString room = RoomOf(file.fileName().mid(sources.size()));
+      static const QRegularExpression line(u"^#include \"([^\"]+)\""_qs,
+                                           QRegularExpression::MultilineOption);
+      for (auto all = line.globalMatch(QString::fromUtf8(file.readAll())); all.hasNext();) {
+        const QString header = all.next().captured(1);
+        for (const char* wall : {"core/", "paper/", "simulator/", "windows/", "kplctl/"}) {
+          const QString path = QLatin1String(wall) + header;
+          if (!QFile::exists(sources + path) || RoomOf(path) == room) continue;
+          ++found;
+          QVERIFY2(KnownTo(room).contains(RoomOf(path)),
+                   qPrintable(file.fileName() + u" -> " + path));
+          // Readers return, rooms tell: only the exchanges on the line ask and know texts.
+          const bool reader = !path.startsWith(u"core/line"_qs) && room.startsWith(u"core/"_qs) &&
+                              room != u"core/line"_qs && room != u"core/listing"_qs;
+          const bool tells =
+              header.endsWith(u"/Prompts.h"_qs) || header.endsWith(u"/TextNumbers.h"_qs);
+          QVERIFY2(!reader || !tells, qPrintable(file.fileName() + u" -> " + path));
+        }
       }
     }
-    QCOMPARE(rooms.size(), Allowed().size());
+    QVERIFY(found > 100);
   }
 };
 
