@@ -35,7 +35,7 @@ class MessageListingTest : public QObject {
       if (!u"MESSAGES: press.MSG"_qs.startsWith(words.takeFirst().section(u'\u2026', 0, 0)))
         return {};
       words.removeAll(u"2026-11-21 14:05"_qs);
-      words.removeAll(u"%1 / %2"_qs.arg(page).arg(pages));
+      words.removeAll(u"Page %1 / %2"_qs.arg(page).arg(pages));
       printed += words.join(QString()).remove(u' ');
     }
     return printed;

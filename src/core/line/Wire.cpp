@@ -154,7 +154,7 @@ Answer Wire::TellNoAnswer(Buttons buttons, std::string_view answer) {
     text += u'\r' + comm_.Text(TextNumber::ProgrammerAnswered) + ShownAnswer(answer);
   }
   if (const QString holder = comm_.Port.OtherHolder(); !holder.isEmpty()) {
-    text += u'\r' + comm_.Text(TextNumber::CloseOther) + holder;
+    text += u'\r' + comm_.Text(TextNumber::CloseOther) + QStringLiteral(": ") + holder;
   }
   const Answer said = comm_.Ask.MsgBox(text, buttons, Icon::Critical);
   link.ClosePort();

@@ -236,7 +236,7 @@ class WireTest : public QObject {
     if (answered) return;
     QCOMPARE(reply.Said, Answer::Retry);
     QCOMPARE(f.prompts.Shown(), QStringList(u"Critical RetryCancel: " + noAnswer +
-                                            u"\rCLOSE THE PROGRAM THAT USES IT cat (7)"));
+                                            u"\rCLOSE THE PROGRAM THAT USES IT: cat (7)"));
     QCOMPARE(f.serial.Now(), 1000 + 10 + 2000);
   }
 };
