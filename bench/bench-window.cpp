@@ -12,6 +12,7 @@
 #include "Programs.h"
 #include "controls/ProgramStyle.h"
 #include "dialogs/QtPrompts.h"
+#include "dialogs/clsCommonDialog.h"
 #include "editor/MainWindow.h"
 #include "files/CamLines.h"
 #include "sizes/SizeOperations.h"
