@@ -12,13 +12,10 @@
 #include "editor/SizeCommands.h"
 #include "editor/SizeStepper.h"
 #include "editor/StatusLine.h"
-#include "files/OptionsFile.h"
-#include "files/ScriptFile.h"
 #include "functions/BNKRTN.h"
 #include "functions/CalcAnt.h"
 #include "functions/FuncSel.h"
 #include "ground/Text.h"
-#include "line/FaultText.h"
 #include "messages/AlMsg.h"
 #include "printing/PrnSize.h"
 
@@ -75,6 +72,7 @@ QString FirstLocalFile(const QMimeData* data) {
 
 MainWindow::MainWindow(Instance& instance, const PortNames& ports)
     : instance_(instance),
+      languages_(instance),
       menu_(
           new MainMenu(menuBar(), [this](const MainMenu::Handler& handler) { Command(handler); })),
       files_(new FileCommands(instance, this)),
@@ -258,7 +256,7 @@ bool MainWindow::Form_Load(const QString& startFile) {
   program.SelectSize(1);
   entry_->HideBoxes();
   program.IsSaved = true;
-  ReadOptions();
+  files_->SetRecent(languages_.ReadOptions());
   if (!LoadTexts()) return false;
   program.SetLimits(22, 32, 255);
   program.SelectCam(1);
@@ -269,38 +267,15 @@ bool MainWindow::Form_Load(const QString& startFile) {
   program.IsSaved = true;
   instance_.Dialog.InitDir = instance_.Folder.Path();
   ProgramReplaced();
-  const QString missing = MissingTexts(instance_.Texts);
+  const QString missing = languages_.MissingTexts();
   if (!missing.isEmpty()) statusBar()->showMessage(missing);
   if (!startFile.isEmpty()) files_->OpenAtStart(startFile);
   return true;
 }
 
-/// Takes the settings over from the options file; a missing one is told.
-void MainWindow::ReadOptions() {
-  const StoredOptions stored = nira::ReadOptions(instance_.Folder);
-  if (!stored.Found) {
-    instance_.Ask.MsgBox(QStringLiteral("FILE 'KlmQx_opt.DEF' NOT FOUND!!!\r SET OPTIONS"),
-                         Buttons::Ok, Icon::Exclamation);
-  }
-  static_cast<Options&>(instance_.Settings) = stored.Settings;
-  files_->SetRecent(stored.Recent);
-}
-
-/// False, after a message, when the options file cannot be written.
-bool MainWindow::WriteOptions() {
-  const Refusal refusal =
-      nira::WriteOptions(instance_.Settings, instance_.Folder, instance_.Writer);
-  if (refusal) TellFault(instance_.Ask, instance_.Texts, *refusal);
-  return !refusal;
-}
-
 /// Reads the script and puts its texts where they stay on the screen.
 bool MainWindow::LoadTexts() {
-  const QString& script = instance_.Settings.ScriptFile;
-  if (ReadScript(instance_.Texts, instance_.Folder, script)) {
-    TellScriptGone();
-    return false;
-  }
+  if (!languages_.ReadTexts()) return false;
   for (const Tip& tip : tips) {
     auto* button = toolbar_->findChild<QToolButton*>(QString::fromLatin1(tip.button));
     const QString& text = instance_.Text(tip.text);
@@ -310,41 +285,6 @@ bool MainWindow::LoadTexts() {
   picture1_->setAccessibleName(instance_.Text(TextNumber::SizeWord));
   instance_.Dialog.FolderNotFound = instance_.Text(TextNumber::FolderNotFound);
   return true;
-}
-
-/// The program ends then, as without its texts it always did; the next start finds the default
-/// script again.
-void MainWindow::TellScriptGone() {
-  QString& script = instance_.Settings.ScriptFile;
-  instance_.Ask.MsgBox(
-      QStringLiteral(" FILE '\"") + script + QStringLiteral("\"' IS NOT AVAILABLE"), Buttons::Ok,
-      Icon::Critical, QStringLiteral("UNRECOV. DEF.FILE ERROR"));
-  if (script == QLatin1String(Options::DefaultScript)) return;
-  script = QString::fromLatin1(Options::DefaultScript);
-  WriteOptions();
-}
-
-/// How many texts the script lacks; empty when none.
-QString MainWindow::MissingTexts(const MessageTable& script) const {
-  const int missing = script.Missing();
-  if (missing == 0) return {};
-  return QString::number(missing) + u' ' + instance_.Text(TextNumber::TextsMissing);
-}
-
-/// Looks at a script that was chosen: one that cannot be used is told, one that lacks texts is
-/// asked about.
-bool MainWindow::MayTake(const QString& script) {
-  // The options file could not hold a name with a quote or a line break in it.
-  const bool keepable = !script.contains(u'"') && !script.contains(u'\n');
-  MessageTable texts;
-  if (!keepable || !texts.Read(script)) {
-    instance_.Ask.MsgBox(QStringLiteral("FILE ERROR"), Buttons::Ok, Icon::Critical);
-    return false;
-  }
-  const QString missing = MissingTexts(texts);
-  return missing.isEmpty() ||
-         instance_.Ask.MsgBox(missing + u'\n' + instance_.Text(TextNumber::TakeScript),
-                              Buttons::NoYes, Icon::Exclamation) == Answer::Yes;
 }
 
 void MainWindow::ProgramReplaced() {
@@ -505,18 +445,9 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void MainWindow::SelectLanguage() {
-  clsCommonDialog& dialog = instance_.Dialog;
-  dialog.DialogTitle = QStringLiteral("SELECT LANGUAGE");
-  dialog.Filter = QStringLiteral("File Script Lang. (*.Scr)|*.scr|All Files (*.*)|*.*");
-  dialog.Flags = 0;
-  dialog.FileName.clear();
-  const QString start = std::exchange(dialog.InitDir, instance_.Folder.Path());
-  dialog.ShowOpen(this);
-  dialog.InitDir = start;
-  if (dialog.FileTitle().isEmpty()) return;
-  if (!MayTake(dialog.FileName)) return;
-  instance_.Settings.ScriptFile = dialog.FileName;
-  if (WriteOptions()) ReadOptions();  // otherwise the choice holds for this run
+  if (!languages_.ChooseScript(this)) return;
+  // When they cannot be written the choice holds for this run.
+  if (languages_.WriteOptions()) files_->SetRecent(languages_.ReadOptions());
   if (!LoadTexts()) {
     QCoreApplication::exit(1);
     return;
@@ -620,7 +551,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 void MainWindow::Form_QueryUnload(bool& cancel) {
   entry_->LeaveForCommand();
-  WriteOptions();
+  languages_.WriteOptions();
   if (instance_.Program.IsSaved) return;
   // Saving leaves `IsSaved` as it is: then the box says that nothing would be lost.
   QString question =

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/Instance.h"
+#include "editor/LanguageCommands.h"
 #include "editor/MainMenu.h"
 #include "line/PortNames.h"
 
@@ -88,17 +89,13 @@ class MainWindow : public QMainWindow {
   void ExchangeEnded(bool received);
   void OpenRecent(const QString& path);
   bool LoadTexts();
-  void TellScriptGone();
-  QString MissingTexts(const MessageTable& script) const;
-  bool MayTake(const QString& script);
-  void ReadOptions();
-  bool WriteOptions();
   using TitleParts = std::tuple<QString, int, int, int>;  // what a title is made of
   void ShowTitle(const QString& title);
   QString ActiveTitle() const;
   TitleParts TitleSource() const;
 
   Instance& instance_;
+  LanguageCommands languages_;
   MainMenu* menu_;
   FileCommands* files_;
   SizeCommands* sizes_;

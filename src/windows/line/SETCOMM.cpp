@@ -113,9 +113,12 @@ QWidget* SETCOMM::BuildSpeeds() {
   auto* column = new QVBoxLayout(frame);
   column->setContentsMargins(16, 12, 16, 12);
   column->setSpacing(8);
-  for (const int baud : LineSpeeds) {
+  constexpr std::array names = {"Baud3", "Baud6", "Baud12", "Baud24", "Baud96", "Baud192"};
+  static_assert(names.size() == LineSpeeds.size());
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    const int baud = LineSpeeds.at(i);
     auto* button = new QRadioButton(QString::number(baud));
-    button->setObjectName(QStringLiteral("Baud") + QString::number(baud / 100));
+    button->setObjectName(QString::fromLatin1(names.at(i)));
     button->setChecked(baud == instance_.Settings.BaudRate);
     connect(button, &QRadioButton::clicked, this, [this, baud] { Baud_Click(baud); });
     column->addWidget(button);
