@@ -87,48 +87,30 @@ class FileWriterTest : public QObject {
   }
 
 #ifdef Q_OS_LINUX
-  void DiskFull_data() {
-    QTest::addColumn<int>("oldSize");
-    QTest::addColumn<int>("newSize");
-    QTest::newRow("new") << 10 << (3 << 20);
-    QTest::newRow("backup") << (3 << 20) << 10;
-  }
-
+  /// While the new file is written, and while the old one is kept.
   void DiskFull() {
-    QFETCH(int, oldSize);
-    QFETCH(int, newSize);
-    Place p;
-    QByteArray old;
-    for (int i = 0; old.size() < oldSize; ++i) old += QByteArray::number(i);
-    const std::string bytes(std::size_t(newSize), 'n');
-    QVERIFY(WriteBytes(p.path, old));
-    QString reason;
-    {
-      const FullDisk disk(100);
-      reason = p.writer.Write(p.path, bytes, Backup::Yes).value_or(Fault()).Text;
+    for (const auto& [oldSize, newSize] : {std::pair(10, 3 << 20), {3 << 20, 10}}) {
+      Place p;
+      const QByteArray old(oldSize, 'o');
+      const std::string bytes(std::size_t(newSize), 'n');
+      QVERIFY(WriteBytes(p.path, old));
+      QString reason;
+      {
+        const FullDisk disk(100);
+        reason = p.writer.Write(p.path, bytes, Backup::Yes).value_or(Fault()).Text;
+      }
+      QVERIFY2(reason.endsWith(qt_error_string(EFBIG)), qPrintable(reason));
+      QVERIFY(ReadBytes(p.path) == old);
+      const QStringList left = QDir(p.folder.path()).entryList(QDir::Files | QDir::Hidden);
+      QVERIFY2(left.size() == (oldSize > 100 ? 1 : 2), qPrintable(left.join(u' ')));
+      // With room again the save succeeds, and what is kept is the file before the failure.
+      QVERIFY(!p.writer.Write(p.path, bytes, Backup::Yes));
+      QVERIFY(ReadBytes(p.path) == QByteArray::fromStdString(bytes));
+      QVERIFY(ReadBytes(p.kept) == old);
     }
-    QVERIFY2(reason.endsWith(qt_error_string(EFBIG)), qPrintable(reason));
-    QVERIFY(ReadBytes(p.path) == old);
-    const QStringList left = QDir(p.folder.path()).entryList(QDir::Files | QDir::Hidden);
-    QVERIFY2(left.size() == (oldSize > 100 ? 1 : 2), qPrintable(left.join(u' ')));
-    // With room again the save succeeds, and what is kept is the file from before the failure.
-    QVERIFY(!p.writer.Write(p.path, bytes, Backup::Yes));
-    QVERIFY(ReadBytes(p.path) == QByteArray::fromStdString(bytes));
-    QVERIFY(ReadBytes(p.kept) == old);
   }
 
 #endif
-
-  void SavesThroughTheCamFile() {
-    CamFileFixture f;
-    QVERIFY(SaveCamFile(f.program, {}, f.writer));
-    const QString path = f.Path("press.CAM");
-    QVERIFY(!SaveCamFile(f.program, path, f.writer));
-    QCOMPARE(ReadBytes(path), PlainHead() + " FORMATO N. 01\r\nEND\r\n");
-    QVERIFY(!QFile::exists(f.Path("press.CAM.bak")));
-    QVERIFY(!SaveCamFile(f.program, path, f.writer));
-    QVERIFY(QFile::exists(f.Path("press.CAM.bak")));
-  }
 };
 
 }  // namespace nira

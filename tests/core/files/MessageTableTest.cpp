@@ -3,7 +3,9 @@
 #include "files/ScriptFile.h"
 #include "files/TextNumbers.h"
 #include "files/WorkingFolder.h"
+#include "ground/Text.h"
 #include "support/CamFileFixture.h"
+#include "support/Tables.h"
 
 #include <QTest>
 
@@ -15,32 +17,27 @@ class MessageTableTest : public QObject {
 
  private Q_SLOTS:
   void Pieces_data() {
-    QTest::addColumn<QByteArray>("file");
-    QTest::addColumn<QString>("texts");  // the first five
-    const auto row = [](const char* name, const QByteArray& file, const char* texts) {
-      QTest::newRow(name) << file << QString::fromLatin1(texts);
-    };
-    row("quoted, line 1 without the first", "A\"\r\n\"\"B\"\"\r\n\" C \"\r\n", "A|\"B\"| C ||");
-    row("line 1 keeps its first", "\"A\"\r\n\"B\"\r\n", "\"A|B|||");
-    row("unquoted", "Alpha\r\nBravo\r\nCharlie\r\n", "Alph|rav|harli||");
-    row("LF only", "A\"\n\"B\"\n", "||||");
-    row("one byte", "\r", "||||");
-    row("line 1 empty", "\r\n\"B\"\r\n", "|B|||");
-    row("line of one character", "A\"\r\nX\r\n\"C\"\r\n", "A||C||");
-    row("an empty line takes the next", "A\"\r\n\r\n\"C\"\r\n\"D\"\r\n", "A|\n\"C|D||");
-    row("final CR LF and one more", "A\"\r\n\"B\"\r\nx", "A|B|||");
-    row("code page", "\x80\xE8\"\r\n\"\xFF\"\r\n", "?\xE8|\xFF|||");
+    TextTable({"file", "texts"},  // the first five
+              {{"quoted", "A\"\r\n\"\"B\"\"\r\n\" C \"\r\n", "A|\"B\"| C ||"},
+               {"line 1 keeps its first", "\"A\"\r\n\"B\"\r\n", "\"A|B|||"},
+               {"unquoted", "Alpha\r\nBravo\r\nCharlie\r\n", "Alph|rav|harli||"},
+               {"LF only", "A\"\n\"B\"\n", "||||"},
+               {"one byte", "\r", "||||"},
+               {"line 1 empty", "\r\n\"B\"\r\n", "|B|||"},
+               {"line of one character", "A\"\r\nX\r\n\"C\"\r\n", "A||C||"},
+               {"an empty line takes the next", "A\"\r\n\r\n\"C\"\r\n\"D\"\r\n", "A|\n\"C|D||"},
+               {"no last end", "A\"\r\n\"\u20AC\"\r\nx", "A|\u20AC|||"}});
   }
 
   void Pieces() {
-    QFETCH(QByteArray, file);
+    QFETCH(QString, file);
     QFETCH(QString, texts);
     MessageTable table;
     table.Parse("old\"\r\n\"old\"\r\n\"old\"\r\n\"old\"\r\n\"old\"\r\n\"old\"\r\n");
-    table.Parse(file.toStdString());
+    table.Parse(ToBytes(file).value());
     QStringList got;
     for (int number = 1; number <= 5; ++number) got.append(table.Text(number));
-    QCOMPARE(got.join(u'|'), texts.replace(u'?', QChar(0x20AC)));
+    QCOMPARE(got.join(u'|'), texts);
     QCOMPARE(table.Text(6), QString());
   }
 

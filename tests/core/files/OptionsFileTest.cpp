@@ -2,6 +2,7 @@
 #include "files/OptionsFile.h"
 #include "files/WorkingFolder.h"
 #include "support/CamFileFixture.h"
+#include "support/Tables.h"
 
 #include <QDir>
 #include <QTest>
@@ -51,29 +52,22 @@ class OptionsFileTest : public QObject {
   }
 
   void Reads_data() {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("settings");
-    const auto row = [](const char* name, const QByteArray& bytes, const char* settings) {
-      QTest::newRow(name) << bytes << QString::fromLatin1(settings);
-    };
+    const QByteArray endless = "\"a\",2,3\r\n/1\r\n" + QByteArray(200000, 'x');
     const char* const defaults = "p32qx_IT.SCR,1,9600";
-    row("LF, no end", "\"a.SCR\",2,19200\n/p.CAM", "a.SCR,2,19200|/p.CAM");
-    row("comma in the name", "\"a,b.SCR\",2,19200", "a,b.SCR,2,19200");
-    row("paths", "\"a\",2,3\r\n1\r\n\r\n3 x\r\n4\r\n5\r\n6\r\n", "a,2,3|1||3 x|4|5");
-    row("blanks", " \"a.SCR\" , 2 , 19200 ", "a.SCR,2,19200");
-    row("empty file", "", defaults);
-    row("open quote", "\"a.SCR,2,19200\r\n/1\r\n", defaults);
-    row("no port", "\"a.SCR\",,19200\r\n/1\r\n", "a.SCR,1,9600");
-    row("port too large", "\"a.SCR\",32768,19200", "a.SCR,1,9600");
-    row("speed is text", "\"a.SCR\",2,fast\r\n/1\r\n", "a.SCR,2,9600");
-    row("speed too large", "\"a.SCR\",2,2147483648", "a.SCR,2,9600");
-    row("endless path", "\"a\",2,3\r\n/1\r\n" + QByteArray(200000, 'x'), "a,2,3|/1");
+    TextTable({"bytes", "settings"},
+              {{"LF, no end", "\"a.SCR\",2,19200\n/p.CAM", "a.SCR,2,19200|/p.CAM"},
+               {"comma, blanks", " \"a,b.SCR\" , 2 , 19200 ", "a,b.SCR,2,19200"},
+               {"paths", "\"a\",2,3\r\n1\r\n\r\n3 x\r\n4\r\n5\r\n6\r\n", "a,2,3|1||3 x|4|5"},
+               {"open quote", "\"a.SCR,2,19200\r\n/1\r\n", defaults},
+               {"port too large", "\"a.SCR\",32768,19200\r\n/1\r\n", "a.SCR,1,9600"},
+               {"speed too large", "\"a.SCR\",2,2147483648", "a.SCR,2,9600"},
+               {"endless path", endless.constData(), "a,2,3|/1"}});
   }
 
   void Reads() {
-    QFETCH(QByteArray, bytes);
+    QFETCH(QString, bytes);
     OptionsFixture f;
-    QVERIFY(WriteBytes(f.Path(), bytes));
+    QVERIFY(WriteBytes(f.Path(), bytes.toLatin1()));
     QTEST(f.Read(), "settings");
   }
 

@@ -21,22 +21,19 @@ class WorkingFolderTest : public QObject {
     QVERIFY(WriteBytes(At("installed/p32qx_en.scr"), "english"));
   }
 
-  void StaysWhereItsFilesAre_data() {
-    QTest::addColumn<bool>("stays");
-    QTest::newRow("KLMQX_OPT.DEF") << true;
-    QTest::newRow("P32QX_it.scr") << true;
-    QTest::newRow("p32qx_EN.SCR") << false;
-    QTest::newRow("KlmQx_opt.def/x") << false;  // a folder of that name
-  }
-
   void StaysWhereItsFilesAre() {
-    QFETCH(bool, stays);
-    const QString path = At("here/") + QString::fromLatin1(QTest::currentDataTag());
-    QVERIFY(QDir().mkpath(QFileInfo(path).path()));
-    QVERIFY(WriteBytes(path, "x"));
-    const auto folder = WorkingFolder::Choose(At("here"), At("user/deep"), At("installed"));
-    QCOMPARE(folder.Path(), stays ? At("here") : At("user/deep"));
-    QCOMPARE(QFileInfo::exists(At("user")), !stays);
+    for (const auto& [name, stays] : {std::pair("here/KlmQx_opt.def/x", false),  // a folder
+                                      {"here/p32qx_EN.SCR", false},
+                                      {"here/P32QX_it.scr", true},
+                                      {"here/KLMQX_OPT.DEF", true}}) {
+      const QString path = At(name);
+      QVERIFY(QDir().mkpath(QFileInfo(path).path()));
+      QVERIFY(WriteBytes(path, "x"));
+      const auto folder = WorkingFolder::Choose(At("here"), At("user/deep"), At("installed"));
+      QCOMPARE(folder.Path(), stays ? At("here") : At("user/deep"));
+      QCOMPARE(QFileInfo::exists(At("user")), !stays);
+      for (const char* done : {"here", "user"}) QVERIFY(QDir(At(done)).removeRecursively());
+    }
   }
 
   void ScriptsAreGivenOnce() {

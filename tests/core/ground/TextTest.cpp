@@ -3,8 +3,6 @@
 
 #include <QTest>
 
-#include <limits>
-
 namespace nira {
 
 /// Numbers in texts and the code page of everything outside the program.
@@ -33,14 +31,6 @@ class TextTest : public QObject {
     QFETCH(QByteArray, text);
     QTEST(qint64(NumericValue(text.toStdString())), "value");
     QTEST(qint64(NumericValue(FromBytes(text.toStdString()))), "value");
-  }
-
-  void NumbersBeyondAnyField() {
-    for (const std::size_t digits : {30U, 400U}) {
-      const std::string text(digits, '9');
-      QVERIFY(NumericValue(text) > std::numeric_limits<std::int32_t>::max());
-      QVERIFY(NumericValue('-' + text) < std::numeric_limits<std::int32_t>::min());
-    }
   }
 
   void EveryCodeSurvives() {
