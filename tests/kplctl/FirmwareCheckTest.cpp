@@ -64,14 +64,8 @@ class FirmwareCheckTest : public QObject {
         u": good: 1 line, 12 bytes, program A1B2C3 of DEC 05 97"
         u"; it has no end record: it may be incomplete"
         u"|  filled  00000000-0000000B          12 bytes|0"_qs);
-    row("two ends", end + end,
-        u": good: 2 lines, 0 bytes"_qs + unnamed + u"; it has 2 end records|0"_qs);
     row("checksum", At(0, 1) + ":00000001fe\n", u":2: fault: checksum fe found, FF expected|1"_qs);
-    row("count", ":0200000000FE\n", u":1: fault: the byte count is 2, the line holds 1|1"_qs);
     row("empty", "", u": fault: it is empty|1"_qs);
-    row("base of one byte", Base("01", 4),
-        u":1: fault: an address record of 1 bytes, 2 expected|1"_qs);
-    row("too long", ":00" + QByteArray(520, '0'), u":1: fault: more than 521 characters|1"_qs);
     row("type", Base("01", 6), u":1: fault: record type 6, the last is 5|1"_qs);
   }
 

@@ -178,13 +178,6 @@ class OnLineTest : public QObject {
     const QString kept = damaged.err.section(u"what came is kept in "_qs, 1).trimmed();
     QVERIFY2(ReadBytes(kept).endsWith("END\r\n"), qPrintable(damaged.err));
     QVERIFY(QDir(QFileInfo(kept).path()).removeRecursively());
-    LineFixture nowhere;
-    QCOMPARE(nowhere.Run([&nowhere](LineSession& session) {
-      return ReceiveMessages(session, nowhere.Path(u"none/back.msg"_qs));
-    }),
-             1);
-    QCOMPARE(nowhere.serial.BytesSent(), 0);
-    QCOMPARE(ReadBytes(back), ReadBytes(sample));
     const auto sendAll = [&sample](LineSession& session) { return SendMessages(session, sample); };
     LineFixture silent({u"no-answer"_qs});
     QCOMPARE(silent.Run(sendAll), 1);
@@ -229,14 +222,6 @@ class OnLineTest : public QObject {
     const QString back = f.Path(u"back.cam"_qs);
     QCOMPARE(LineFixture({u"bad-checksum=9"_qs}).Receive(back), 1);
     QVERIFY(!QFile::exists(back));
-  }
-
-  void FirmwareWithoutCts() {
-    LineFixture f({u"no-cts"_qs});
-    const QString sample = QStringLiteral(NIRA_SOURCE_FOLDER "/samples/firmware.abs");
-    QCOMPARE(f.Run([&](LineSession& session) { return SendFirmware(session, sample); }), 1);
-    QVERIFY2(f.err.contains(u"NOT sent: the programmer does not hold the CTS line"_qs),
-             qPrintable(f.err));
   }
 
   /// Ctrl+C in the middle of the exchange.
@@ -303,15 +288,6 @@ class OnLineTest : public QObject {
     QCOMPARE(status, 0);
     const QString row = printed.section(u"\n3 "_qs, 1).section(u'\n', 0, 0).simplified();
     QVERIFY2(row.startsWith(u"/dev/null - - "_qs), qPrintable(printed));
-  }
-
-  void WrongLines() {
-    QString printed;
-    QTextStream lines(&printed);
-    for (const QStringList& options :
-         {QStringList{u"--baud"_qs, u"4800"_qs}, {u"--port"_qs, u"0"_qs}, {u"--port=com256"_qs}}) {
-      QCOMPARE(RunKplctl(QStringList{u"kplctl"_qs, u"identify"_qs} + options, lines, lines), 2);
-    }
   }
 
   /// A device by its path; one that has a number keeps it.

@@ -44,13 +44,10 @@ class SimulationTest : public QObject {
     const QString text = QStringLiteral(NIRA_SOURCE_FOLDER "/README.md");
     const std::function<void(SimulateOptions&)> wrong[] = {
         [](auto& o) { o.cams = 33; },
-        [](auto& o) { o.baud = 0; },
         [](auto& o) {
           o.faults = QStringList{u"nak=1"_qs, u"nonsense"_qs};
         },
-        [](auto& o) { o.program = u"none.cam"_qs; },
-        [&](auto& o) { o.program = text; },
-        [&](auto& o) { o.firmware = text; },
+        [](auto& o) { o.program = u"none.cam"_qs; }, [&](auto& o) { o.firmware = text; },
         [](auto& o) { o.link = u"none/com1"_qs; }};
     for (const auto& set : wrong) {
       SimulateOptions options;

@@ -47,8 +47,6 @@ class MessageListingTest : public QObject {
     QTest::addColumn<QPageSize::PageSizeId>("paper");
     QTest::addColumn<int>("length");
     QTest::newRow("as usual") << 9 << QPageSize::A4 << 40;
-    QTest::newRow("nothing to print") << 9 << QPageSize::A4 << 0;
-    QTest::newRow("large") << 36 << QPageSize::A4 << 40;
     QTest::newRow("too large, small paper") << 200 << QPageSize::A6 << 20;
     QTest::newRow("too small, long text") << 1 << QPageSize::Letter << 900;
   }

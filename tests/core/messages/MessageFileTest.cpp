@@ -44,29 +44,14 @@ class MessageFileTest : public QObject {
   Q_OBJECT
 
  private:
-  /// Of a sample, or of a file with each code alone in a text.
-  void Kept(const QString& sample, int messages) {
+  static void Keeps(const QByteArray& bytes, int messages) {
     Place p(messages);
-    QByteArray bytes = ReadBytes(QStringLiteral(NIRA_SOURCE_FOLDER "/samples/") + sample);
-    if (sample.isEmpty()) {
-      bytes.clear();
-      for (int code = 1; code < 256; ++code) {  // alone in a text, "\n" left out
-        bytes += "N. " + QByteArray::number(code).rightJustified(3, '0');
-        if (code != '\n' && code != ' ') bytes += " \"" + QByteArray(1, char(code)) + '"';
-        bytes += "\r\n";
-      }
-    }
     QVERIFY(WriteBytes(p.path, bytes));
     const auto file = p.Read();
     QVERIFY(bool(file));
     ReplaceMessages(p.program, *file);
     QVERIFY(!p.Write(p.path));
     QCOMPARE(ReadBytes(p.path), bytes);
-    if (sample.isEmpty()) return;
-    for (int n = 1; n <= messages; ++n) {
-      const QString& text = p.program.MessageText(n);
-      QVERIFY2(text.size() > 20 && text.size() <= 40 && text.at(20) != u' ', qPrintable(text));
-    }
   }
 
  private Q_SLOTS:
@@ -85,8 +70,6 @@ class MessageFileTest : public QObject {
     row("quotes", "N\"A\"B\"\r\nN\"\r\nN\"ABC\r\nN x\r\n", u"A\"B||AB| "_qs, u"A\"B||AB|d"_qs);
     row("more lines", QByteArray("N. 001 \"X\"\r\n").repeated(9), u"X|X|X|X"_qs, u"X|X|X|X"_qs);
     row("empty file", "", u"|||"_qs, u"a|b|c|d"_qs);
-    row("all over", QByteArray("N\"\0\x01\x80\x81\r\xFF\"\r\n", 11),
-        u"\0\x01\u20AC\u0081\r\u00FF|||"_qs, u"\0\x01\u20AC\u0081\r\u00FF|b|c|d"_qs);
     row("too long for the display", "N\"" + QByteArray(997, 'A') + "\"",
         QString(997, u'A') + u"|||"_qs, QString(997, u'A') + u"|b|c|d"_qs);
   }
@@ -126,9 +109,14 @@ class MessageFileTest : public QObject {
 
   /// Opening and saving changes no byte.
   void OpenedAndSaved() {
-    Kept(u"press_IT.MSG"_qs, 255);
-    Kept(u"press_EN.MSG"_qs, 180);
-    Kept(QString(), 255);
+    Keeps(ReadBytes(QStringLiteral(NIRA_SOURCE_FOLDER "/samples/press_EN.MSG")), 180);
+    QByteArray bytes;
+    for (int code = 1; code < 256; ++code) {  // each alone in a text, line end left out
+      bytes += "N. " + QByteArray::number(code).rightJustified(3, '0');
+      if (code != '\n' && code != ' ') bytes += " \"" + QByteArray(1, char(code)) + '"';
+      bytes += "\r\n";
+    }
+    Keeps(bytes, 255);
   }
 
   /// The model takes nothing that no file could hold.
