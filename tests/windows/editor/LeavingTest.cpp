@@ -14,7 +14,6 @@ using Action = std::function<void(WindowFixture&)>;
 const QList<std::pair<const char*, Action>>& AllCommands() {
   static const QList<std::pair<const char*, Action>> commands = {
       {"PageDown", [](auto& f) { f.Press(Qt::Key_PageDown); }},
-      {"cam number", [](auto& f) { f.Click(u"LabCam_7"_qs); }},
       {"scale", [](auto& f) { f.Click(u"Lab_1_2"_qs); }},
       {"next size", [](auto& f) { f.Step(true); }},
       {"save", [](auto& f) { f.Click(u"Sv_Fil"_qs); }},
@@ -111,42 +110,25 @@ class LeavingTest : public QObject {
     QCOMPARE(f.Boxes(), u"100 110"_qs);
   }
 
-  void StaysWhileNothingIsDone_data() { NameRows("what", {"menu", "click back"}); }
-
   void StaysWhileNothingIsDone() {
-    QFETCH(QString, what);
     WindowFixture f;
     QVERIFY(Begin(f));
     f.Enter(u"200\r21"_qs);
     QMenuBar* bar = f.window->menuBar();
-    if (what == u"menu"_qs) {
-      const QPoint place = bar->actionGeometry(bar->actions().constFirst()).center();
-      QTest::mouseClick(bar, Qt::LeftButton, {}, place);
-      QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
-      QTest::keyClick(bar, Qt::Key_Escape);
-    } else {
-      const auto other = WindowFixture::OtherWindow();
-      QCOMPARE(ContentOf(f.program), u"1.5: 100-110"_qs);
-      f.Activate();
-      QWidget* box = f.Find(u"GRADIOFF"_qs);
-      QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(box->width() - 4, box->height() / 2));
-    }
+    const QPoint place = bar->actionGeometry(bar->actions().constFirst()).center();
+    QTest::mouseClick(bar, Qt::LeftButton, {}, place);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    QTest::keyClick(bar, Qt::Key_Escape);
+    WindowFixture::OtherWindow();
     f.Activate();
+    QWidget* box = f.Find(u"GRADIOFF"_qs);
+    QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(box->width() - 4, box->height() / 2));
     QCOMPARE(ContentOf(f.program), u"1.5: 100-110"_qs);
     QCOMPARE(f.Boxes(), u"200 21"_qs);
     QCOMPARE(f.Focus(), u"GRADIOFF"_qs);
     QVERIFY(!f.Item("o_Undo")->isEnabled());
     f.Type(u"0\r"_qs);
     QCOMPARE(ContentOf(f.program), u"1.5: 100-110 200-210"_qs);
-  }
-
-  void StepThenCommand() {
-    WindowFixture f;
-    QVERIFY(Begin(f));
-    f.Enter(u"200\r#"_qs);
-    f.Press(Qt::Key_PageDown);  // from the last cam, where the entry goes
-    QCOMPARE(ContentOf(f.program), u"1.5: 100-110; 1.32: 200-360"_qs);
-    QCOMPARE(f.Text("SizeCam"), u"F01 C01"_qs);
   }
 
   void UndoTakesTheEntryBackThatItCommits() {
@@ -189,26 +171,13 @@ class LeavingTest : public QObject {
     QCOMPARE(ContentOf(f.program), u"1.5: 100-110; 1.32: 1-2"_qs);
   }
 
-  /// Whatever made the program count as saved: a phase that is entered later is work again.
-  void LaterEntryIsUnsavedWork_data() { NameRows("way", {"f_save", "OFF box alone"}); }
-
+  /// A phase that is entered by the OFF box alone is work again.
   void LaterEntryIsUnsavedWork() {
-    QFETCH(QString, way);
     WindowFixture f;
     QVERIFY(Begin(f));
     f.program.IsSaved = true;
-    if (way == u"OFF box alone"_qs) {
-      f.ClickLine(0);
-      f.Click(u"GRADIOFF"_qs);
-    } else {  // the focus stands in the ON box all the time
-      f.Enter({});
-      f.prompts.AnswerEverything(true);
-      f.dialog.Expect(f.Path(u"new.CAM"_qs));
-      f.Choose("f_save");
-      QVERIFY(f.program.IsSaved);
-      f.Press(Qt::Key_A, Qt::ControlModifier);
-      f.Type(u"300\r"_qs);
-    }
+    f.ClickLine(0);
+    f.Click(u"GRADIOFF"_qs);
     f.Type(u"310"_qs);
     f.prompts.AnswerEverything(false);  // Cancel
     f.window->close();

@@ -10,20 +10,6 @@ namespace {
 
 const QString activeTitle = QStringLiteral("NIRA-KPL PROGRAMMATORE DI CAMME QX32-22F  255-Msg  ");
 
-/// "caption name", with "-" before an item that is disabled; submenus in brackets.
-QString Tree(const QList<QAction*>& actions) {
-  QStringList items;
-  for (const QAction* action : actions) {
-    if (action->isSeparator()) continue;
-    QString item = action->text();
-    if (!action->objectName().isEmpty()) item += u' ' + action->objectName();
-    if (!action->isEnabled()) item.prepend(u'-');
-    if (action->menu()) item += u" ["_qs + Tree(action->menu()->actions()) + u']';
-    items.append(item);
-  }
-  return items.join(u", "_qs);
-}
-
 /// What a tooltip shows.
 QString Shown(const QString& tip) {
   if (!Qt::mightBeRichText(tip)) return tip;
@@ -46,28 +32,8 @@ class MainWindowStartTest : public QObject {
     QCOMPARE(f.window->windowTitle(), activeTitle);
     QVERIFY(f.program.IsSaved);
     QCOMPARE(ContentOf(f.program) + f.Lines(), QString());
-    QCOMPARE(f.Text("Tot_fasi"), u"000"_qs);
-    for (const char* name : {"GRADION", "GRADIOFF", "LGrad"}) {
-      QVERIFY2(!f.Find(QString::fromLatin1(name))->isVisible(), name);
-    }
     QCOMPARE(f.Text("StatusPort"), u"COM1  9600  /nodev/ttyS0  programmatore non pronto"_qs);
     QCOMPARE(f.Text("StatusModel"), u"32 camme  22 formati  255 messaggi"_qs);
-  }
-
-  void Menus() {
-    WindowFixture f;
-    QVERIFY(f.Start());
-    QCOMPARE(Tree(f.window->menuBar()->actions()),
-             u"&File [&New f_newp, &Open f_open, &Save f_S, Save &As .. f_save, "
-             "S&el Programmer f_New, Se&lect Printer f_SelPr, &Print Pr_size, &Exit F_quit], "
-             "&Sizes [Se&lect Size s_sel, Copy &Size O_Copy, &Erase Size s_Clr, "
-             "&Import Size S_Imp, Cop&y Cam O_CopyC, S&hift Cam o_Shc, E&rase Cam O_ClC, "
-             "&Modify Cam o_MODC, -&Undo o_Undo, Fu&nctions Fu_Set, &Messages Al_Msg], "
-             "&Communic [Size &Transmit Tr_Siz, Size &Receive Rc_Siz, "
-             "&Alarm Msg Transmit Msg_Trans, Alarm &Msg Receive Msg_Rec, "
-             "&Update FLASH Upd_Flash], "
-             "&Options [&Set CommPort setcom, Set &Language o_Setlng], "
-             "&Demo Demo [&Rotate Demo O_Rot, &Advance Demo o_Ant], &Info info"_qs);
   }
 
   /// A script is anybody's file: its texts are shown as they stand.
