@@ -19,6 +19,7 @@ struct Fault {
     BadLine,      ///< `Text` is the offending line, as far as it can be shown
     CutOff,       ///< the file ends before it is complete; `Text` is its last line
     WrongCams,    ///< a program of `Found` cams where `Expected` are
+    WrongDevice,  ///< what came is of a programmer of `Text` cams
     OtherSizes,   ///< a program of `Found` sizes where `Expected` are
     InUse,        ///< another exchange works with the file
     TooLarge,     ///< more than the file may hold

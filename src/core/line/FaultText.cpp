@@ -4,6 +4,7 @@
 #include "files/MessageTable.h"
 #include "files/TextNumbers.h"
 #include "ground/Prompts.h"
+#include "line/Comm.h"
 
 namespace nira {
 
@@ -26,6 +27,8 @@ Icon IconOf(Fault::Kind kind) {
     case Fault::Kind::InUse:
     case Fault::Kind::WrongCams:
       return Icon::Critical;
+    case Fault::Kind::WrongDevice:
+      return Icon::None;
     default:
       return Icon::Exclamation;
   }
@@ -49,6 +52,8 @@ QString FaultText(const Fault& fault, const MessageTable& texts) {
       return fault.Text + texts.Text(TextNumber::BadFile);
     case Fault::Kind::WrongCams:
       return Counts(fault, QStringLiteral(" WRONG NUMBER OF CAMS "));
+    case Fault::Kind::WrongDevice:
+      return QStringLiteral("WRONG DSP  C.") + fault.Text;
     case Fault::Kind::OtherSizes:
       return Counts(fault, QStringLiteral(" BAD TOTAL FORMATS "));
     case Fault::Kind::NoSize:
@@ -61,6 +66,20 @@ QString FaultText(const Fault& fault, const MessageTable& texts) {
 
 void TellFault(Prompts& prompts, const MessageTable& texts, const Fault& fault) {
   prompts.MsgBox(FaultText(fault, texts), Buttons::Ok, IconOf(fault.What));
+}
+
+TransferEnd TellFault(Comm& comm, const Fault& fault) {
+  TellFault(comm.Ask, comm.Texts, fault);
+  switch (fault.What) {
+    case Fault::Kind::CannotRead:
+    case Fault::Kind::CannotWrite:
+    case Fault::Kind::InUse:
+      return TransferEnd::NoFile;
+    case Fault::Kind::WrongDevice:
+      return TransferEnd::NotIdentified;
+    default:
+      return TransferEnd::BadFile;
+  }
 }
 
 }  // namespace nira

@@ -2,9 +2,9 @@
 #include "line/MessageTransfer.h"
 
 #include "ground/Text.h"
+#include "line/FaultText.h"
 #include "line/Identity.h"
 #include "line/SerialLink.h"
-#include "line/TransferFault.h"
 #include "line/WorkFile.h"
 
 #include <QFileInfo>

@@ -60,7 +60,7 @@ Refusal SizeImport::CheckHeader(LineReader& lines) const {
   const std::string_view cams =
       before.size() < header.size() ? Tail(before, 2) : std::string_view();
   if (NumericValue(cams) == program_.NumCams()) return std::nullopt;
-  return Fault{.What = Fault::Kind::WrongCams, .Text = FromBytes(cams)};
+  return Fault{.What = Fault::Kind::WrongDevice, .Text = FromBytes(cams)};
 }
 
 }  // namespace nira

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "line/SizeTransfer.h"
 
+#include "line/FaultText.h"
 #include "line/Identity.h"
 #include "line/SerialLink.h"
 #include "line/SizeImport.h"
-#include "line/TransferFault.h"
 #include "line/WireFunctions.h"
 #include "line/WorkFile.h"
 #include "model/FunctionRules.h"
