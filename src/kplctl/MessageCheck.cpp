@@ -2,6 +2,7 @@
 #include "MessageCheck.h"
 
 #include "Printable.h"
+#include "files/CamWords.h"
 #include "ground/Text.h"
 #include "messages/MessageFile.h"
 #include "messages/MessageTexts.h"
@@ -18,7 +19,6 @@ struct LineForm {
 
 constexpr LineForm writtenForm = {"N. ", " \""};  // by this tool
 constexpr LineForm receivedForm = {"N ", "\""};   // from a programmer: its records as they came
-constexpr std::string_view endLine = "END";
 
 QString TooLong() {
   return QStringLiteral("a line of more than %1 bytes").arg(MessageFile::MaxLine);
@@ -72,7 +72,7 @@ MessagesReport CheckMessageFile(const QString& path) {
   LineReader lines(path);
   bool tooLong = false;
   while (const auto line = NextMessageLine(lines, tooLong)) {
-    if (*line == endLine && lines.AtEnd()) break;
+    if (*line == EndWord && lines.AtEnd()) break;
     ++report.lines;
     QString text = MessageLineFault(*line, report.lines);
     if (report.lines > CamProgram::MaxMessages) {

@@ -101,7 +101,7 @@ Refusal CamFileReader::ReadSizes() {
     if (stop == SizeBlockReader::Stop::BadLine) return At(Fault::Kind::BadLine, sizes.Line());
     if (stop == SizeBlockReader::Stop::EndOfFile) break;
     line_ = sizes.Line();
-    Loaded.WithoutEnd = line_.find("END") == std::string::npos;
+    Loaded.WithoutEnd = line_.find(EndWord) == std::string::npos;
   }
   return std::nullopt;
 }

@@ -36,7 +36,7 @@ std::string CamLine(const CamProgram& program, int cam, bool withText) {
   return line;
 }
 
-void AddLine(std::string& file, const std::string& line) {
+void AddLine(std::string& file, std::string_view line) {
   file += line;
   file += lineEnd;
 }
@@ -114,7 +114,7 @@ std::string WriteCamFile(const CamProgram& program) {
   std::string file;
   WriteFunctionsBlock(program, file);
   for (int size = 1; size <= program.NumSizes(); ++size) WriteSizeBlock(program, size, file);
-  AddLine(file, "END");
+  AddLine(file, EndWord);
   return file;
 }
 

@@ -68,7 +68,7 @@ SizeBlockReader::Stop SizeBlockReader::Read(int size, bool skip) {
       const char first = line->empty() ? '\0' : line->front();
       if (first == 'C') {
         if (!skip) TakeCamLine(*line);
-      } else if (line->find(SizeWords) != std::string_view::npos || *line == "END") {
+      } else if (line->find(SizeWords) != std::string_view::npos || *line == EndWord) {
         return Stop::SizeOrEnd;
       } else if (first == ' ' && !skip) {
         TakePhaseLine(*line, size);

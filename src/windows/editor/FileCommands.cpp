@@ -105,10 +105,12 @@ void FileCommands::Load() {
 }
 
 void FileCommands::TakeAsRecent(const QString& path, const LoadedFile& file) {
-  if (file.WithoutEnd) Q_EMIT Note(instance_.Text(TextNumber::FileWithoutEnd) + path);
+  QStringList notes;
   if (file.LeftOut > 0) {
-    Q_EMIT Note(instance_.Text(TextNumber::SizesLeftOut) + QString::number(file.LeftOut));
+    notes << instance_.Text(TextNumber::SizesLeftOut) + QString::number(file.LeftOut);
   }
+  if (file.WithoutEnd) notes << instance_.Text(TextNumber::FileWithoutEnd) + path;
+  if (!notes.isEmpty()) Q_EMIT Note(notes.join(QStringLiteral("  ")));
   QStringList paths = recent_;
   paths.removeAll(path);
   paths.prepend(path);
