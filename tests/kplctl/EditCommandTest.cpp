@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "CommandLine.h"
 #include "model/FunctionFields.h"
 #include "support/CamFileFixture.h"
+#include "support/Kplctl.h"
 #include "support/Rows.h"
 #include "support/Tables.h"
 
 #include <QProcess>
 #include <QTest>
-#include <QTextStream>
 
 namespace nira {
 
@@ -16,7 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// A cam file in a folder of its own, and what an edit of it prints and leaves.
-struct EditFixture : CamFileFixture {
+struct EditFixture : CamFileFixture, Ran {
   explicit EditFixture(int cams = 32) : CamFileFixture(3, cams) {
     program.SetRow(1, 0, RowOf(u"10-20 100-110"_qs));
     program.SetRow(2, 1, RowOf(u"0-5 350-360"_qs));
@@ -27,16 +26,12 @@ struct EditFixture : CamFileFixture {
 
   /// kplctl edit in.cam -o out.cam and more, where @ stands for the fixture's folder.
   void Edit(const QString& more, const char* output = "out.cam") {
-    QStringList arguments = {u"kplctl"_qs, u"edit"_qs, Path("in.cam"), u"-o"_qs, Path(output)};
+    QStringList arguments = {u"edit"_qs, Path("in.cam"), u"-o"_qs, Path(output)};
     arguments += QProcess::splitCommand(QString(more).replace(u'@', folder.path()));
     Run(arguments);
   }
 
-  void Run(const QStringList& arguments) {
-    QTextStream outStream(&out);
-    QTextStream errStream(&err);
-    status = RunKplctl(arguments, outStream, errStream);
-  }
+  void Run(const QStringList& arguments) { static_cast<Ran&>(*this) = Kplctl(arguments); }
 
   /// What the written file holds.
   const CamProgram& Written() {
@@ -52,9 +47,6 @@ struct EditFixture : CamFileFixture {
   }
 
   QByteArray input;
-  int status = -1;
-  QString out;
-  QString err;
 };
 
 /// The fields that are not 0: "AdvanceOn 1, CamFunc 2 12".
@@ -92,26 +84,20 @@ class EditCommandTest : public QObject {
     QCOMPARE(ReadBytes(f.Path("in.cam")), f.input);
   }
 
-  void Functions_data() {
-    TextTable({"settings", "fields"},
-              {{"advances", "AdvanceOn 1|AdvanceLast 31|CamFunc 32 210|CamFunc 2 5",
-                "AdvanceOn 1, AdvanceLast 31, CamFunc 2 5, CamFunc 32 210"},
-               {"delays", "DelayOn 1|Delay17to20 10|Delay21to24 210",
-                "DelayOn 1, Delay17to20 10, Delay21to24 210"},
-               {"a group", "AdvanceOn 1|AdvanceLast 23|Ratio25to32 9|Ratio25On 1",
-                "AdvanceOn 1, AdvanceLast 23, Ratio25On 1, Ratio25to32 9"},
-               {"the last one counts", "SpeedLimit 4000|CamFunc 1 9|SpeedLimit 7|CamFunc 1 0",
-                "SpeedLimit 7"}});
-  }
-
   void Functions() {
-    QFETCH(QString, settings);
-    EditFixture f;
-    f.Edit(QStringLiteral("set-function ") +
-           QString(settings).replace(u"|"_qs, u" set-function "_qs));
-    QCOMPARE(f.err, QString());
-    QCOMPARE(f.status, 0);
-    QTEST(FieldsOf(f.Written().Functions()), "fields");
+    for (const auto& [settings, fields] :
+         {std::pair(u"AdvanceOn 1|AdvanceLast 31|CamFunc 32 210|CamFunc 2 5"_qs,
+                    u"AdvanceOn 1, AdvanceLast 31, CamFunc 2 5, CamFunc 32 210"_qs),
+          {u"DelayOn 1|Delay17to20 10|Delay21to24 210"_qs,
+           u"DelayOn 1, Delay17to20 10, Delay21to24 210"_qs},
+          {u"AdvanceOn 1|AdvanceLast 23|Ratio25to32 9|Ratio25On 1"_qs,
+           u"AdvanceOn 1, AdvanceLast 23, Ratio25On 1, Ratio25to32 9"_qs},
+          {u"SpeedLimit 4000|CamFunc 1 9|SpeedLimit 7|CamFunc 1 0"_qs, u"SpeedLimit 7"_qs}}) {
+      EditFixture f;
+      f.Edit(QString(u"|"_qs + settings).replace(u"|"_qs, u" set-function "_qs));
+      QCOMPARE(f.err, QString());
+      QCOMPARE(FieldsOf(f.Written().Functions()), fields);
+    }
   }
 
   /// Fields that the file had count too; what it had wrong is left alone.
@@ -130,11 +116,9 @@ class EditCommandTest : public QObject {
   }
 
   void Refused_data() {
-    QTest::addColumn<QString>("operations");
     QTest::addColumn<QString>("reason");
     const auto row = [](const QByteArray& operations, const QByteArray& reason) {
-      QTest::newRow(operations.constData())
-          << QString::fromUtf8(operations) << QString::fromUtf8(reason);
+      QTest::newRow(operations.constData()) << QString::fromUtf8(reason);
     };
     const auto outside = [](const QByteArray& limits) -> QByteArray {
       return "VALUE OUT OF RANGE: " + limits;
@@ -176,12 +160,11 @@ class EditCommandTest : public QObject {
 
   /// Also behind a good operation: nothing is written, and the message names the bad one.
   void Refused() {
-    QFETCH(QString, operations);
     QFETCH(QString, reason);
     EditFixture f;
     const QByteArray head = f.input.left(f.input.indexOf(" FORMATO N. "));
     QVERIFY(WriteBytes(f.Path("bad.cam"), head + " FORMATO N. 01\r\n 400 010\r\n"));
-    f.Edit(u"erase-size 2 "_qs + operations);
+    f.Edit(u"erase-size 2 "_qs + QTest::currentDataTag());
     QVERIFY2(f.err.startsWith(u"kplctl: operation "_qs), qPrintable(f.err));
     QVERIFY2(f.err.endsWith(u": "_qs + reason.replace(u'@', f.folder.path()) + u'\n'),
              qPrintable(f.err));
@@ -219,7 +202,7 @@ class EditCommandTest : public QObject {
           "edit in.cam --output= erase-size 1", "functions a.cam b.cam", "list a.cam --yes=1",
           "list a.cam --size x", "identify --baud 4800", "identify --port 0"}) {
       EditFixture f;
-      f.Run(QString(u"kplctl "_qs + line).split(u' '));
+      f.Run(QString(line).split(u' '));
       QVERIFY2(f.status == 2 && f.out.isEmpty(), line);
       QVERIFY2(f.err.startsWith(u"kplctl: "_qs) && f.err.endsWith(u" --help tells more\n"_qs) &&
                    f.err.count(u'\n') == 2,
@@ -229,10 +212,10 @@ class EditCommandTest : public QObject {
 
   void OptionsAnywhere() {
     EditFixture f;
-    f.Run({u"kplctl"_qs, u"--yes"_qs, u"edit"_qs, u"--"_qs, f.Path("in.cam"), u"describe"_qs,
-           u"2"_qs, QString()});
+    f.Run(
+        {u"--yes"_qs, u"edit"_qs, u"--"_qs, f.Path("in.cam"), u"describe"_qs, u"2"_qs, QString()});
     QCOMPARE(f.status, 2);
-    f.Run({u"kplctl"_qs, u"edit"_qs, f.Path("in.cam"), u"describe"_qs, u"2"_qs, QString(),
+    f.Run({u"edit"_qs, f.Path("in.cam"), u"describe"_qs, u"2"_qs, QString(),
            u"--output="_qs + f.Path("out.cam"), u"erase-cam"_qs, u"1"_qs, u"1"_qs});
     QCOMPARE(f.status, 0);
     QCOMPARE(ContentOf(f.Written()), u"2.2: 0-5 350-360"_qs);
@@ -267,7 +250,7 @@ class EditCommandTest : public QObject {
   void FunctionsCommand() {
     EditFixture f;
     QVERIFY(WriteBytes(f.Path("in.cam"), FullFile()));
-    f.Run({u"kplctl"_qs, u"functions"_qs, f.Path("in.cam")});
+    f.Run({u"functions"_qs, f.Path("in.cam")});
     QCOMPARE(f.status, 0);
     const QStringList lines = f.out.split(u'\n');
     for (const char* line : {"AdvanceLast       2      last cam with an advance, counted from 0",

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "CommandLine.h"
 #include "support/CamFileFixture.h"
+#include "support/Kplctl.h"
 
 #include <QTest>
-#include <QTextStream>
 
 #include <tuple>
 
@@ -11,37 +10,14 @@ namespace nira {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// What a call of kplctl prints and returns.
-struct Ran {
-  int status = 0;
-  QString out;
-  QString err;
-};
-
-Ran Kplctl(const QStringList& arguments) {
-  Ran ran;
-  QTextStream out(&ran.out);
-  QTextStream err(&ran.err);
-  ran.status = RunKplctl(QStringList{u"kplctl"_qs} + arguments, out, err);
-  return ran;
-}
-
-QString Sample(const QString& name) {
-  return QStringLiteral(NIRA_SOURCE_FOLDER "/samples/") + name;
-}
-
-}  // namespace
-
 /// The same work without windows.
 class KplctlTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
   void Check() {
-    const Ran good = Kplctl({u"check"_qs, Sample(u"press.CAM"_qs), Sample(u"carton.CAM"_qs),
-                             Sample(u"../lang/p32qx_IT.SCR"_qs)});
+    const Ran good = Kplctl(
+        {u"check"_qs, Sample("press.CAM"), Sample("carton.CAM"), Sample("../lang/p32qx_IT.SCR")});
     QCOMPARE(good.status, 0);
     QCOMPARE(good.out.count(u": good: "_qs), 3);
     QVERIFY(!good.out.contains(u"missing"_qs));
@@ -60,7 +36,7 @@ class KplctlTest : public QObject {
           Row{"e.cam", "\x1B[2J FUNZI\r\n", ":1: "}}) {
       CamFileFixture f;
       QVERIFY(WriteBytes(f.Path(name), bytes));
-      const Ran ran = Kplctl({u"check"_qs, Sample(u"smallest.CAM"_qs), f.Path(name)});
+      const Ran ran = Kplctl({u"check"_qs, Sample("smallest.CAM"), f.Path(name)});
       QCOMPARE(ran.status, 1);
       const QString printed = ran.out + ran.err;
       QVERIFY2(printed.contains(QString(place)), qPrintable(printed));
@@ -71,16 +47,16 @@ class KplctlTest : public QObject {
 
   void List() {
     const Ran ran =
-        Kplctl({u"list"_qs, Sample(u"press.CAM"_qs), u"--size"_qs, u"1"_qs, u"--cam"_qs, u"5"_qs});
+        Kplctl({u"list"_qs, Sample("press.CAM"), u"--size"_qs, u"1"_qs, u"--cam"_qs, u"5"_qs});
     QCOMPARE(ran.status, 0);
     QVERIFY(ran.out.contains(u"\nCam 05 TRANSFER LOWER\nF001 037 074\n"_qs));
-    QCOMPARE(Kplctl({u"list"_qs, Sample(u"press.CAM"_qs), u"--size"_qs, u"23"_qs}).status, 1);
-    QCOMPARE(Kplctl({u"list"_qs, Sample(u"none.CAM"_qs)}).status, 1);
+    QCOMPARE(Kplctl({u"list"_qs, Sample("press.CAM"), u"--size"_qs, u"23"_qs}).status, 1);
+    QCOMPARE(Kplctl({u"list"_qs, Sample("none.CAM")}).status, 1);
   }
 
   /// The samples are canonical: written anew they are what they were.
   void Rewrite() {
-    for (const QString& sample : {u"press.CAM"_qs, u"carton.CAM"_qs, u"smallest.CAM"_qs}) {
+    for (const char* sample : {"press.CAM", "carton.CAM", "smallest.CAM"}) {
       CamFileFixture f;
       QCOMPARE(Kplctl({u"rewrite"_qs, Sample(sample), f.Path("out.cam")}).status, 0);
       QCOMPARE(ReadBytes(f.Path("out.cam")), ReadBytes(Sample(sample)));

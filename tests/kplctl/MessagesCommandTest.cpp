@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "CommandLine.h"
 #include "support/CamFileFixture.h"
+#include "support/Kplctl.h"
 
 #include <QTest>
 
@@ -34,13 +34,10 @@ class MessagesCommandTest : public QObject {
       QVERIFY(WriteBytes(path, bytes));
       const bool good = told.startsWith(u"good"_qs);
       const QString line = QString::number(bytes.contains("1\r\n") ? 2 : bytes == many ? 256 : 1);
-      QString printed;
-      QTextStream out(&printed);
       for (const QStringList& command : {QStringList{u"check"_qs}, {u"messages"_qs, u"check"_qs}}) {
-        printed.clear();
-        const QStringList words = QStringList{u"kplctl"_qs} + command + QStringList{path};
-        QCOMPARE(RunKplctl(words, out, out), good ? 0 : 1);
-        out.flush();
+        const Ran ran = Kplctl(command + QStringList{path});
+        QCOMPARE(ran.status, good ? 0 : 1);
+        const QString printed = ran.out + ran.err;
         const QString place = good ? u": "_qs : u':' + line + u": fault: ";
         QVERIFY2(printed.startsWith(path + place + told), qPrintable(printed));
       }
@@ -49,22 +46,15 @@ class MessagesCommandTest : public QObject {
 
   void List() {
     CamFileFixture f;
-    QString printed;
-    QString errors;
-    QTextStream out(&printed);
-    QTextStream err(&errors);
     QVERIFY(
         WriteBytes(f.Path("a.msg"), "N. 001\r\nN. 009 \"B\x80\"\r\nX \"C\"\r\nN. 004 \" \"\r\n"));
-    const auto list = [&](const char* file) {
-      return RunKplctl({u"kplctl"_qs, u"messages"_qs, u"list"_qs, f.Path(file)}, out, err);
-    };
-    QCOMPARE(list("a.msg"), 0);
-    QCOMPARE(list("none.msg"), 1);
-    QCOMPARE(RunKplctl({u"kplctl"_qs, u"messages"_qs, u"sort"_qs, f.Path("a.msg")}, out, err), 2);
-    out.flush();
-    err.flush();
-    QCOMPARE(printed, u"002 B\u20AC\n"_qs);
-    QVERIFY(errors.startsWith(f.Path("none.msg") + u": fault: "_qs));
+    const Ran ran = Kplctl({u"messages"_qs, u"list"_qs, f.Path("a.msg")});
+    QCOMPARE(ran.status, 0);
+    QCOMPARE(ran.out, u"002 B\u20AC\n"_qs);
+    const Ran none = Kplctl({u"messages"_qs, u"list"_qs, f.Path("none.msg")});
+    QCOMPARE(none.status, 1);
+    QVERIFY(none.err.startsWith(f.Path("none.msg") + u": fault: "_qs));
+    QCOMPARE(Kplctl({u"messages"_qs, u"sort"_qs, f.Path("a.msg")}).status, 2);
   }
 };
 

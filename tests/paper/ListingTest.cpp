@@ -190,20 +190,6 @@ class ListingTest : public QObject {
       QVERIFY(painter.LayOut(paper) < 500);
     }
   }
-
-  void Pdf() {
-    program_.SetPhase(1, 0, 10, 20);
-    ListingOptions options;
-    options.LastSize = 22;
-    const Listing listing(program_, texts_, u"a.cam"_qs, QDateTime(), options);
-    ListingPainter painter(listing);
-    const QPageSize own(QSizeF(500, 700), QPageSize::Point);
-    const QMarginsF margins(10, 10, 10, 10);
-    const QByteArray pdf = PdfOf(painter, QPageLayout(own, QPageLayout::Landscape, margins));
-    QVERIFY(pdf.startsWith("%PDF-") && pdf.trimmed().endsWith("%%EOF"));
-    QVERIFY(painter.Pages() >= 22);
-    QCOMPARE(pdf.count("/MediaBox [0 0 700.000000 500.000000"), painter.Pages());
-  }
 };
 
 }  // namespace nira

@@ -42,29 +42,21 @@ class MessageListingTest : public QObject {
   }
 
  private Q_SLOTS:
-  void Everything_data() {
-    QTest::addColumn<int>("points");
-    QTest::addColumn<QPageSize::PageSizeId>("paper");
-    QTest::addColumn<int>("length");
-    QTest::newRow("as usual") << 9 << QPageSize::A4 << 40;
-    QTest::newRow("too large, small paper") << 200 << QPageSize::A6 << 20;
-    QTest::newRow("too small, long text") << 1 << QPageSize::Letter << 900;
-  }
-
   /// Every number and every character of every message in their order.
   void Everything() {
-    QFETCH(int, points);
-    QFETCH(QPageSize::PageSizeId, paper);
-    QFETCH(int, length);
     program_.SetLimits(22, 32, 255);
-    QString expected;
-    for (int number = 1; number <= 255; ++number) {
-      QString text = u"%1 PRESSIONE OLIO BASSA "_qs.arg(number);
-      while (text.size() < length) text += u"W x"_qs;
-      program_.SetMessageText(number, number % 50 == 0 ? QString() : text.left(length));
-      expected += ZeroFilled(number, 3) + program_.MessageText(number);
+    for (const auto& [points, paper, length] : {std::tuple(9, QPageSize::A4, 40),
+                                                {200, QPageSize::A6, 20},
+                                                {1, QPageSize::Letter, 900}}) {
+      QString expected;
+      for (int number = 1; number <= 255; ++number) {
+        QString text = u"%1 PRESSIONE OLIO BASSA "_qs.arg(number);
+        while (text.size() < length) text += u"W x"_qs;
+        program_.SetMessageText(number, number % 50 == 0 ? QString() : text.left(length));
+        expected += ZeroFilled(number, 3) + program_.MessageText(number);
+      }
+      QCOMPARE(Printed(points, paper), expected.remove(u' '));
     }
-    QCOMPARE(Printed(points, paper), expected.remove(u' '));
   }
 
   /// It goes on in the next column or page, with its number again.

@@ -70,19 +70,6 @@ class CamFileTest : public QObject {
     QCOMPARE(Written(f.program), FullFile());
   }
 
-  /// To the programmer, which is when the port is open, descriptions go with size 1 alone.
-  void DescriptionAndOpenPort() {
-    CamFileFixture f(2, 2);
-    for (const int size : {1, 2}) f.program.SetPhase(size, 0, 10, 20);
-    f.program.SetCamText(0, u"Pressa"_qs);
-    for (const int size : {1, 2}) {
-      for (const bool open : {false, true}) {
-        QCOMPARE(BuildCamLines(f.program, size, 0, open)[0],
-                 std::string(size == 2 && open ? "C 01" : "C 01\"Pressa\""));
-      }
-    }
-  }
-
   void RandomProgramsComeBack() {
     std::mt19937 random(7);
     const auto pick = [&random](int count) { return static_cast<int>(random() % unsigned(count)); };
@@ -146,12 +133,9 @@ class CamFileTest : public QObject {
                           << QString::fromLatin1(shown);
     };
     const QByteArray one = " FORMATO N. 01|";
-    row("no end of last line", one + "C 01| 010 020", "1.1: 10-20");
     row("LF", " FORMATO N. 01\nC 01\"a\"\n 010 020\nEND\n", "1.1: 10-20; 1 = a");
     row("nothing after END", one + "END|C 01| 010 020| 999 999|", "");
-    row("a size line with END ends", one + " FORMATO N. 01 END|C 01| 010 020|", "");
     row("other lines", one + "|C 01|x||\"| 010 020|| 030 040|", "1.1: 10-20 30-40");
-    row("size line begins with C", one + "C 02 FORMATO N. 05| 010 020|", "1.2: 10-20");
     row("cam of the block before", one + "C 02|" + one + " 010 020|", "1.2: 10-20");
     row("cam number", one + "C 0199| 010 020|Cx2| 030 040|", "1.1: 10-20; 1.2: 30-40");
     row("phases later win", one + "C 01| 011 016| 350 010|", "1.1: 0-10 350-360");
@@ -164,7 +148,6 @@ class CamFileTest : public QObject {
     row("its text", one + "C 03\"b\"| 010 020|", "", 10, "C 03\"b\"");
     row("blanks before any cam", one + "  |", "", 10, "  ");
     row("size beyond", " FORMATO N. 02|" + one + "C 01| 010 020|", "1.1: 10-20");
-    row("tail of the size line", " FORMATO N. 101|C 01| 010 020|", "1.1: 10-20");
     row("ON 360", one + "C 01| 010 020| 360 010| 030 040|", "1.1: 10-20", 12, " 360 010");
     row("longest", one + "C 01| 010" + Zeros(LineReader::MaxLine - 8) + " 020|", "1.1: 10-20");
     row("line too long", one + "C 01| 010" + Zeros(LineReader::MaxLine - 7) + " 020|", "", 11,
