@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "messages/MessageFile.h"
 #include "support/CamFileFixture.h"
+#include "support/Tables.h"
 
 #include <QDir>
 #include <QTest>
@@ -12,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Messages in a folder of their own, and what reads and writes them.
-struct Place {
+struct Place : CamFileFixture {
   explicit Place(int messages = 4) { program.SetLimits(22, 32, messages); }
 
   /// The texts of the messages, "a|b||".
@@ -31,10 +32,7 @@ struct Place {
     return WriteMsgFile(program, to, writer, FileWriter::Backup::Yes);
   }
 
-  QTemporaryDir temporary;
-  QString path = temporary.filePath(u"in.MSG"_qs);
-  CamProgram program;
-  FileWriter writer;
+  QString path = Path("in.MSG");
 };
 
 }  // namespace
@@ -56,28 +54,26 @@ class MessageFileTest : public QObject {
 
  private Q_SLOTS:
   void Read_data() {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("cleared");
-    QTest::addColumn<QString>("kept");
-    const auto row = [](const char* name, const QByteArray& bytes, const QString& cleared,
-                        const QString& kept) { QTest::newRow(name) << bytes << cleared << kept; };
-    row("written form", "N. 001 \"ONE\"\r\nN. 002\r\nN. 003 \" C \"\r\nN. 004\r\n",
-        u"ONE| | C | "_qs, u"ONE|b| C |d"_qs);
-    row("by position", "N. 009 \"X\"\r\nN. 001 \"Y\"\r\n", u"X|Y||"_qs, u"X|Y|c|d"_qs);
-    row("LF, no last end", "N. 001 \"X\"\nN. 002 \"Y\"", u"X|Y||"_qs, u"X|Y|c|d"_qs);
-    row("lines that are none", "n. 001 \"X\"\r\n\r\n N. 003 \"Z\"\r\nEND\r\n", u"|||"_qs,
-        u"a|b|c|d"_qs);
-    row("quotes", "N\"A\"B\"\r\nN\"\r\nN\"ABC\r\nN x\r\n", u"A\"B||AB| "_qs, u"A\"B||AB|d"_qs);
-    row("more lines", QByteArray("N. 001 \"X\"\r\n").repeated(9), u"X|X|X|X"_qs, u"X|X|X|X"_qs);
-    row("empty file", "", u"|||"_qs, u"a|b|c|d"_qs);
-    row("too long for the display", "N\"" + QByteArray(997, 'A') + "\"",
-        QString(997, u'A') + u"|||"_qs, QString(997, u'A') + u"|b|c|d"_qs);
+    const QByteArray longest(997, 'A');
+    const QByteArray line = "N\"" + longest + '"';
+    const QByteArray cleared = longest + "|||";
+    const QByteArray kept = longest + "|b|c|d";
+    TextTable(
+        {"bytes", "cleared", "kept"},
+        {{"written form", "N. 001 \"ONE\"\r\nN. 002\r\nN. 003 \" C \"\r\nN. 004\r\n", "ONE| | C | ",
+          "ONE|b| C |d"},
+         {"by position", "N. 009 \"X\"\nN. 001 \"Y\"", "X|Y||", "X|Y|c|d"},
+         {"lines that are none", "n. 001 \"X\"\r\n\r\n N. 003 \"Z\"\r\nEND\r\n", "|||", "a|b|c|d"},
+         {"quotes", "N\"A\"B\"\r\nN\"\r\nN\"ABC\r\nN x\r\n", "A\"B||AB| ", "A\"B||AB|d"},
+         {"more lines", "N\"X\"\r\nN\"X\"\r\nN\"X\"\r\nN\"X\"\r\nN\"Y\"\r\n", "X|X|X|X", "X|X|X|X"},
+         {"empty file", "", "|||", "a|b|c|d"},
+         {"longest", line.constData(), cleared.constData(), kept.constData()}});
   }
 
   void Read() {
-    QFETCH(QByteArray, bytes);
+    QFETCH(QString, bytes);
     Place p;
-    QVERIFY(WriteBytes(p.path, bytes));
+    QVERIFY(WriteBytes(p.path, bytes.toLatin1()));
     p.SetMessages(u"a|b|c|d|beyond"_qs);
     const auto file = p.Read();
     QVERIFY(bool(file));
@@ -87,7 +83,7 @@ class MessageFileTest : public QObject {
     ReplaceMessages(p.program, *file);
     QTEST(p.Messages(), "cleared");
     QCOMPARE(p.program.MessageText(5), u"beyond"_qs);
-    QCOMPARE(file->HasMessages(), !bytes.startsWith('n'));
+    QCOMPARE(file->HasMessages(), !bytes.startsWith(u'n'));
   }
 
   void Refused() {

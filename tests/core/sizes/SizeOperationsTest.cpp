@@ -2,12 +2,24 @@
 #include "sizes/SizeOperations.h"
 #include "support/CamFileFixture.h"
 #include "support/Rows.h"
+#include "support/Tables.h"
 
 #include <QTest>
 
 namespace nira {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What an import says: nothing, or what is missing, or the bad line.
+QString Told(const Result<LoadedFile>& result) {
+  if (result) return result->WithoutEnd ? u"without END"_qs : QString();
+  if (result.Why().What == Fault::Kind::NoSize) return u"no size"_qs;
+  return result.Why().What == Fault::Kind::BadLine ? result.Why().Text : u"another fault"_qs;
+}
+
+}  // namespace
 
 /// Operations on whole sizes and cams.
 class SizeOperationsTest : public QObject {
@@ -43,59 +55,49 @@ class SizeOperationsTest : public QObject {
   }
 
   void Imports_data() {
-    QTest::addColumn<QByteArray>("body");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<QString>("content");
-    QTest::addColumn<QString>("told");
-    const QString before = u"1.1: 1-2; 1.2: 3-4; 2.1: 5-6; 1 = OLD"_qs;
-    const auto row = [](const char* name, const QByteArray& body, int number, int kind,
-                        const QString& content, const QString& told = {}) {
-      QTest::newRow(name) << body << number << kind << content << told;
-    };
-    constexpr int whole = -1;
-    constexpr int withoutEnd = -2;
-    constexpr int bad = static_cast<int>(Fault::Kind::BadLine);
-    constexpr int noSize = static_cast<int>(Fault::Kind::NoSize);
-    row("phases and descriptions",
-        "FUNZIONI 99 - 3\r\n FORMATO N. 01\r\nC 01\r\n 100 110\r\n FORMATO N. 03\r\n"
-        "C 02\"NEW\"\r\n 350 010\r\nEND\r\n",
-        3, whole, u"1.2: 0-10 350-360; 2.1: 5-6; 1 = OLD; 2 = NEW"_qs);
-    row("an empty size", "FUNZIONI\r\n FORMATO N. 02\r\nEND\r\n", 2, whole,
-        u"2.1: 5-6; 1 = OLD"_qs);
-    row("no such size", "FUNZIONI\r\n FORMATO N. 02\r\nEND\r\n", 1, noSize, before);
-    row("no cam file", "SOMETHING\r\n FORMATO N. 01\r\n", 1, bad, before, u"SOMETHING"_qs);
-    row("a cam beyond the program's",
-        "FUNZIONI\r\n FORMATO N. 01\r\nC 01\r\n 100 110\r\nC 03\r\n 001 002\r\n", 1, bad, before,
-        u" 001 002"_qs);
+    const char* before = "1.1: 1-2; 1.2: 3-4; 2.1: 5-6; 1 = OLD";
+    const char* last = "1.1: 100-110; 2.1: 5-6; 1 = OLD";
     const QByteArray cut = "FUNZIONI\n FORMATO N. 01\nC 01\n 100 110";
-    const QString last = u"1.1: 100-110; 2.1: 5-6; 1 = OLD"_qs;
-    row("cut in its last line", cut + "\nEN", 1, withoutEnd, last);
-    row("cut behind the block", cut + "\n FORMATO N. 02", 1, whole, last);
-    const QByteArray endless(100000, 'x');
-    row("endless line", cut + "\n" + endless + "\nEND\n", 1, bad, before,
-        QString(200, u'x') + u"..."_qs);
+    const QByteArray inItsEnd = cut + "\nEN";
+    const QByteArray behind = cut + "\n FORMATO N. 02";
+    const QByteArray endless = cut + '\n' + QByteArray(100000, 'x') + "\nEND\n";
+    const QByteArray shown = QByteArray(200, 'x') + "...";
+    TextTable(
+        {"body", "number", "told", "content"},
+        {{"phases and descriptions",
+          "FUNZIONI 99 - 3\r\n FORMATO N. 01\r\nC 01\r\n 100 110\r\n FORMATO N. 03\r\n"
+          "C 02\"NEW\"\r\n 350 010\r\nEND\r\n",
+          "3", "", "1.2: 0-10 350-360; 2.1: 5-6; 1 = OLD; 2 = NEW"},
+         {"an empty size", "FUNZIONI\n FORMATO N. 02\nEND\n", "2", "", "2.1: 5-6; 1 = OLD"},
+         {"no such size", "FUNZIONI\n FORMATO N. 02\nEND\n", "1", "no size", before},
+         {"no cam file", "SOMETHING\n FORMATO N. 01\n", "1", "SOMETHING", before},
+         {"a cam beyond the program's",
+          "FUNZIONI\n FORMATO N. 01\nC 01\n 100 110\nC 03\n 001 002\n", "1", " 001 002", before},
+         {"cut in its last line", inItsEnd.constData(), "1", "without END", last},
+         {"cut behind the block", behind.constData(), "1", "", last},
+         {"endless line", endless.constData(), "1", shown.constData(), before}});
   }
 
   void Imports() {
-    QFETCH(QByteArray, body);
-    QFETCH(int, number);
+    QFETCH(QString, body);
+    QFETCH(QString, number);
     CamFileFixture f(2, 2);
     f.program.SetRow(1, 0, RowOf(u"1-2"_qs));
     f.program.SetRow(1, 1, RowOf(u"3-4"_qs));
     f.program.SetRow(2, 0, RowOf(u"5-6"_qs));
     f.program.SetCamText(0, u"OLD"_qs);
-    QVERIFY(WriteBytes(f.Path("in.cam"), body));
-    const auto result = ImportSize(f.program, f.Path("in.cam"), number, 1);
-    const int kind = !result ? static_cast<int>(result.Why().What) : result->WithoutEnd ? -2 : -1;
-    QTEST(kind, "kind");
+    QVERIFY(WriteBytes(f.Path("in.cam"), body.toLatin1()));
+    QTEST(Told(ImportSize(f.program, f.Path("in.cam"), number.toInt(), 1)), "told");
     QTEST(ContentOf(f.program), "content");
-    QTEST(result ? QString() : result.Why().Text, "told");
-    const auto gone = ImportSize(f.program, f.folder.path(), number, 1);
+  }
+
+  void ImportsNoFile() {
+    CamFileFixture f;
+    const auto gone = ImportSize(f.program, f.folder.path(), 1, 1);
     QVERIFY(!gone && gone.Why().What == Fault::Kind::CannotRead);
 #ifdef Q_OS_LINUX
     // Opens, but its first page cannot be read.
-    const auto failing = ImportSize(f.program, u"/proc/self/mem"_qs, number, 1);
+    const auto failing = ImportSize(f.program, u"/proc/self/mem"_qs, 1, 1);
     QVERIFY(!failing && failing.Why().What == Fault::Kind::CannotRead);
     QVERIFY(!failing.Why().Text.isEmpty());
 #endif
