@@ -65,8 +65,7 @@ class KplctlTest : public QObject {
 
   void NothingIsWritten() {
     const QByteArray good = PlainHead() + " FORMATO N. 01\r\nEND\r\n";
-    for (const auto& [options, bytes] : {std::pair(u""_qs, good),  // over another file
-                                         {u"--yes"_qs, good.left(40)},
+    for (const auto& [options, bytes] : {std::pair(u"--yes"_qs, good.left(40)),
                                          {u"--yes --cams 3"_qs, good},
                                          {u"--sizes 3"_qs, good}}) {
       CamFileFixture f;

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "LineProgress.h"
 #include "MessagesOnLine.h"
 #include "ProgramComparison.h"
 #include "ProgramTransfer.h"
@@ -299,20 +298,6 @@ class OnLineTest : public QObject {
     silent.arguments = f.arguments;
     QCOMPARE(silent.Run(IdentifyProgrammer), 1);
     QVERIFY(silent.prompts.Shown().constFirst().contains(u" Errore su Porta simulator\r"_qs));
-  }
-
-  void Bar() {
-    QString shown;
-    QTextStream lines(&shown);
-    LineProgress bar(lines, true);
-    bar.Label1(u"JOB\x1B"_qs);
-    bar.Label2(QString(100, u'x'));
-    bar.Progress(50);
-    bar.Break();
-    const QStringList drawn = shown.split(u'\r');
-    QVERIFY(drawn.last().startsWith(u"[###############...............]  50 %  xxx"_qs));
-    QVERIFY(drawn.last().size() < 80 + 4 && drawn.last().endsWith(u"\x1B[K\n"_qs));
-    QVERIFY(!drawn.first().contains(u'\x1B'));
   }
 };
 
