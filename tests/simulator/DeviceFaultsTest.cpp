@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "DeviceFrame.h"
 #include "support/DeviceFixture.h"
-#include "support/Rows.h"
 
 #include <QTest>
 
@@ -19,11 +18,6 @@ ProgrammerState OneMessage() {
   state.SetMessage(1, "x");
   return state;
 }
-
-const QByteArray message = Frame("N 001\"x\"", '$');
-const QByteArray noise("\x00\xFF\x55", 3);
-const QByteArray ack = "\6";
-const QByteArray nak = "\x15";
 
 }  // namespace
 
@@ -44,68 +38,6 @@ class DeviceFaultsTest : public QObject {
               u"random=7,late,nak"_qs, u"late=5@7"_qs});
   }
 
-  void InAReception_data() {
-    QTest::addColumn<QByteArray>("first");   // answer to F01
-    QTest::addColumn<QByteArray>("second");  // to C 01 and a phase
-    QTest::addColumn<QString>("kept");
-    QTest::newRow("nak=2") << ack << nak + ack << QString();
-    QTest::newRow("double-ack=1") << ack + ack << ack + ack << u"10-20"_qs;
-    QTest::newRow("noise=2") << ack << noise + ack + ack << u"10-20"_qs;
-    QTest::newRow("no-answer=2") << ack << QByteArray() << QString();
-    QTest::newRow("late=501@1") << QByteArray() << ack + ack + ack << u"10-20"_qs;
-    QTest::newRow("unplug=2") << ack << QByteArray() << QString();
-  }
-
-  void InAReception() {
-    QFETCH(QByteArray, first);
-    QFETCH(QByteArray, second);
-    QFETCH(QString, kept);
-    DeviceFixture f(ProgrammerState(), {QString::fromLatin1(QTest::currentDataTag())});
-    QCOMPARE(f.Say(sendSizes + Frame("F01", 'D')), first);
-    QCOMPARE(f.Say(Frame("C 01", 'a') + Frame(" 010 020", ' ')), second);
-    QCOMPARE(RunsOf(f.device.State.Row(1, 0)), kept);
-  }
-
-  void InASending_data() {
-    QTest::addColumn<QByteArray>("first");   // the answer to the command
-    QTest::addColumn<QByteArray>("second");  // to the ACK
-    QTest::addColumn<QByteArray>("third");   // comes without an ACK
-    const QByteArray end = Frame("END", 'L');
-    QTest::newRow("lost-ack=1") << message << QByteArray() << end;
-    QTest::newRow("bad-checksum=1") << Frame("N 001\"x\"", '%') << end << QByteArray();
-    QTest::newRow("noise=1") << noise + message << end << QByteArray();
-    QTest::newRow("late=1000@2") << message << QByteArray() << end;
-  }
-
-  void InASending() {
-    QFETCH(QByteArray, first);
-    QFETCH(QByteArray, second);
-    QFETCH(QByteArray, third);
-    DeviceFixture f(OneMessage(), {QString::fromLatin1(QTest::currentDataTag())});
-    QCOMPARE(f.Say(receiveMessages), first);
-    QCOMPARE(f.Say("\6"), second);
-    QCOMPARE(f.Listen(1900ms), third);
-  }
-
-  /// About one frame in twenty of each kind, always the same ones of a seed.
-  void Random() {
-    using Kind = Faults::Kind;
-    const Faults one = FaultsOf({u"random=1"_qs});
-    const Faults other = FaultsOf({u"random=2"_qs});
-    const Faults noiseAlone = FaultsOf({u"random=1,noise"_qs});
-    int strikes = 0;
-    int differences = 0;
-    for (std::uint64_t i = 0; i < 10'000; ++i) {
-      const FrameNumber frame{1, i};
-      strikes += one.Strikes(Kind::Noise, frame) ? 1 : 0;
-      differences += one.Strikes(Kind::Noise, frame) != other.Strikes(Kind::Noise, frame) ? 1 : 0;
-      QCOMPARE(noiseAlone.Strikes(Kind::Noise, frame), one.Strikes(Kind::Noise, frame));
-      QVERIFY(!noiseAlone.Strikes(Kind::Nak, frame) && !one.Strikes(Kind::Unplug, frame));
-    }
-    QVERIFY2(strikes > 400 && strikes < 600, qPrintable(QString::number(strikes)));
-    QVERIFY(differences > 500);
-  }
-
   /// Bytes without end, of any kind and at any point of a job: nothing grows, nothing breaks, and
   /// the next command is obeyed.
   void Hostile_data() {
@@ -118,13 +50,8 @@ class DeviceFaultsTest : public QObject {
     for (int i = 0; i < 70'000; ++i) garbage.append(static_cast<char>(random()));
     for (const QByteArray& command : commands) {
       const QByteArray name = command.left(3);
-      QTest::addRow("%s, one byte", name.constData()) << command << QByteArray(70'000, 'A');
       QTest::addRow("%s, a frame", name.constData()) << command << "\2" + QByteArray(70'000, 'F');
       QTest::addRow("%s, ACKs", name.constData()) << command << QByteArray(70'000, '\6');
-      QTest::addRow("%s, lines", name.constData())
-          << command << QByteArray(":0\r").repeated(20'000);
-      QTest::addRow("%s, empty frames", name.constData())
-          << command << Frame("", '#').repeated(9'000);
       QTest::addRow("%s, garbage", name.constData()) << command << garbage;
       QTest::addRow("%s, itself", name.constData())
           << command << QByteArray(command + "N").repeated(2'000);

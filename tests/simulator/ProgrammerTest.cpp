@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "DeviceFrame.h"
-#include "FrameSending.h"
 #include "support/DeviceFixture.h"
 #include "support/Rows.h"
 
@@ -36,10 +35,6 @@ class ProgrammerTest : public QObject {
     DeviceFixture f;
     QCOMPARE(f.Say(identify), identity);
     QCOMPARE(f.Say("?M\x8D\r"), QByteArray());  // wrong checksum
-    QCOMPARE(f.Say("?X\x97\r"), QByteArray());
-    QCOMPARE(f.Say("\x6\xFF?" + identify), identity);
-    QCOMPARE(DeviceFixture(ProgrammerState(16, 44, 180)).Say(identify).left(28),
-             QByteArray("16 44 180  NIRA QX16-44F V1."));
     QCOMPARE(DeviceFixture(ProgrammerState(), {u"model=24,7,99"_qs}).Say(identify).left(28),
              QByteArray("24 07 099  NIRA QX24-07F V1."));
   }
@@ -58,15 +53,6 @@ class ProgrammerTest : public QObject {
     QCOMPARE(f.Say(Frame("F01", 'D')), QByteArray());  // no job any more
   }
 
-  /// Records that say nothing leave the functions as they were.
-  void Functions() {
-    DeviceFixture f(SmallState(16));
-    f.Say(sendSizes + Frame("020A", 'p') + Frame("0509012000", ',') + Frame("F01", 'D'));
-    QCOMPARE(f.device.State.Functions.AdvanceLast, 2);
-    f.Say(sendSizes + Frame("020A0B", '"') + Frame("0509012000", ',') + Frame("F01", 'D'));
-    QCOMPARE(f.device.State.Functions.AdvanceLast, 1);
-  }
-
   void SizesOut() {
     const QByteArray sizes =
         Frame("FORMATO N. 01", '.') + Frame("C 01\"Press\"", '&') + Frame(" 010 020", ' ') +
@@ -78,21 +64,6 @@ class ProgrammerTest : public QObject {
                  Frame("0C64", 'r') + Frame("4", '7') + scalars + sizes);
     QCOMPARE(DeviceFixture(SmallState(16)).Collect(receiveSizes),
              Frame("FUNZIONI 16-02", '-') + Frame("030500D2", 's') + scalars + sizes);
-    ProgrammerState bare = SmallState(16);
-    bare.Functions.AdvanceLast = 0;
-    QVERIFY(
-        DeviceFixture(bare).Collect(receiveSizes).contains(QByteArray(Frame("0", '3') + scalars)));
-  }
-
-  /// Without an ACK the next frame follows in the end, and after three of them none.
-  void NobodyAcknowledges() {
-    DeviceFixture f(SmallState(32));
-    QCOMPARE(f.Say(receiveSizes), Frame("FUNZIONI 32-02", '+'));
-    QCOMPARE(f.Listen(FrameSending::AckWait), Frame("1 1 1 0 ", '"'));
-    QCOMPARE(f.Say("\6"), Frame("030500D2", 's'));
-    QCOMPARE(f.Listen(std::chrono::minutes(1)), Frame("0C64", 'r') + Frame("4", '7'));
-    QCOMPARE(f.Say("\6"), QByteArray());
-    QCOMPARE(f.Say(receiveSizes), Frame("FUNZIONI 32-02", '+'));
   }
 
   void Messages() {
@@ -114,24 +85,18 @@ class ProgrammerTest : public QObject {
           ":02000000414G7B\r", "02000000414200\r", ":\r", ":020000014142\r"}) {
       QCOMPARE(f.Say(bad), QByteArray("\x15"));
     }
-    // Plain data, data at the end of a segment, in another 64 KiB and beyond its end, then the end.
-    for (const char* good : {":0200000041427B\r", ":020000023000CC\r", ":02FFFF00aabb9b\r\n",
-                             ":020000040001F9\r", ":01001000FFF0\r", ":02FFFF0041427D\r",
-                             ":0400000512345678E3\r", ":00000001FF\r", ":00000001FF\r"}) {
+    // Data at the end of a segment, in another 64 KiB and beyond its end, then the end.
+    for (const char* good : {":020000023000CC\r", ":02FFFF00aabb9b\r\n", ":020000040001F9\r",
+                             ":01001000FFF0\r", ":02FFFF0041427D\r", ":00000001FF\r"}) {
       QCOMPARE(f.Say(good), QByteArray("\6"));
     }
     const FirmwareImage& image = f.device.State.Firmware;
     QVERIFY(image.IsComplete());
-    QCOMPARE(image.Bytes(), std::size_t{7});
-    for (const auto& [address, byte] : {std::pair{0U, 0x41},
-                                        {1U, 0x42},
-                                        {0x3FFFFU, 0xAA},
-                                        {0x30000U, 0xBB},
-                                        {0x20000U, 0x42},
-                                        {0x10010U, 0xFF}}) {
+    QCOMPARE(image.Bytes(), std::size_t{5});
+    for (const auto& [address, byte] :
+         {std::pair{0x3FFFFU, 0xAA}, {0x30000U, 0xBB}, {0x20000U, 0x42}, {0x10010U, 0xFF}}) {
       QCOMPARE(int{image.At(address).value_or(0)}, byte);
     }
-    QVERIFY(!image.At(0x10011U));
   }
 };
 

@@ -55,30 +55,13 @@ class SimulatedSerialTest : public QObject {
     port.serial.Output(identify);
     port.serial.Pause(1000, Yield::Events);
     QCOMPARE(port.serial.InBufferCount(), identityLength);
-    port.serial.InputLen(SerialControl::OneCharacter);
-    QCOMPARE(port.serial.Input(), QByteArray("3"));
-    port.serial.InputLen(SerialControl::AllInput);
-    QCOMPARE(port.serial.Input().size(), identityLength - 1);
-    QVERIFY(port.serial.Input().isEmpty());
+    QCOMPARE(port.serial.Input().size(), identityLength);
     port.serial.InBufferSize(20);
     port.serial.Output(identify);
     port.serial.Pause(1000, Yield::Events);
     QCOMPARE(port.serial.InBufferCount(), 20);  // the rest is lost
     port.serial.DiscardInput();
     QCOMPARE(port.serial.InBufferCount(), 0);
-  }
-
-  void Cts() {
-    Port port({u"no-cts"_qs});
-    QVERIFY(!port.serial.CTSHolding());
-    port.serial.Output(identify);
-    QCOMPARE(port.ReadAll().size(), identityLength);
-    port.serial.Handshaking(SerialControl::HandshakeRts);
-    port.serial.Output(identify);
-    QVERIFY(port.ReadAll().isEmpty());
-    port.serial.Handshaking(SerialControl::HandshakeNone);
-    QCOMPARE(port.ReadAll().size(), identityLength);
-    QVERIFY(Port().serial.CTSHolding());
   }
 
   /// Nothing written is dropped by closing, but what CTS holds back is in the end.
@@ -104,7 +87,6 @@ class SimulatedSerialTest : public QObject {
     port.serial.Output(receiveMessages);
     QVERIFY_EXCEPTION_THROWN(port.ReadAll(), SerialError);
     QVERIFY_EXCEPTION_THROWN(port.serial.Output("x"), SerialError);
-    QVERIFY_EXCEPTION_THROWN(port.serial.CTSHolding(), SerialError);
     port.serial.PortOpen(false);
     QVERIFY_EXCEPTION_THROWN(port.serial.PortOpen(true), SerialError);
     port.device.PlugIn();

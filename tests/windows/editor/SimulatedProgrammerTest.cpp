@@ -37,19 +37,6 @@ struct SimulatedWindow : Simulated, WindowFixture {
         .remove(QRegularExpression(u"\"[^\"]*\""_qs));
   }
 
-  /// The message editor from the menu, with a click on each of its buttons; closed again.
-  void InMessages(const std::function<void(const AlMsg*)>& act) {
-    bool opened = false;
-    WhenOpens<AlMsg>([&](AlMsg* open) {
-      opened = true;
-      act(open);
-      if (!settings.MsgSaved) prompts.Expect(Answer::Yes);
-      open->close();
-    });
-    Choose("Al_Msg");
-    QVERIFY(opened);
-  }
-
   static void ClickIn(const QWidget* window, const char* button) {
     QTest::mouseClick(window->findChild<QPushButton*>(QString::fromLatin1(button)), Qt::LeftButton);
   }
@@ -134,39 +121,23 @@ class SimulatedProgrammerTest : public QObject {
     f.settings.MsgFile = f.Path(u"own.MSG"_qs);
     f.program.SetMessageText(1, u"ONE"_qs);
     f.program.SetMessageText(255, u"LAST"_qs);
-    f.InMessages([](const AlMsg* open) { SimulatedWindow::ClickIn(open, "Tr_M"); });
-    QCOMPARE(f.device.State.Message(1) + f.device.State.Message(255), std::string("ONELAST"));
-    QVERIFY(f.settings.MsgSaved);
-    f.device.State.SetMessage(1, "OTHER");
-    f.program.SetMessageText(2, u"GOES"_qs);
     QString first;
-    f.InMessages([&first](const AlMsg* open) {
+    WhenOpens<AlMsg>([&](AlMsg* open) {
+      SimulatedWindow::ClickIn(open, "Tr_M");
+      QVERIFY(f.settings.MsgSaved);
+      f.device.State.SetMessage(1, "OTHER");
+      f.program.SetMessageText(2, u"GOES"_qs);
       SimulatedWindow::ClickIn(open, "Rc_M");
       first = open->findChild<QListWidget*>(u"LstAlr"_qs)->item(0)->text();
+      f.prompts.Expect(Answer::Yes);
+      open->close();
     });
+    f.Choose("Al_Msg");
+    QCOMPARE(f.device.State.Message(255), std::string("LAST"));
     QCOMPARE(first, u"001 OTHER"_qs);
-    QCOMPARE(f.program.MessageText(255), u"LAST"_qs);
     QVERIFY(f.program.MessageText(2).trimmed().isEmpty());
-    QVERIFY(!f.settings.MsgSaved);
+    QVERIFY(!f.settings.MsgSaved && !f.line.PortOpen());
     QCOMPARE(f.settings.MsgFile, f.Path(u"own.MSG"_qs));
-    QVERIFY(!QFile::exists(f.settings.MsgFile) && !f.line.PortOpen());
-  }
-
-  void MessageFilesFromTheMenu() {
-    SimulatedWindow f;
-    QVERIFY(f.Start());
-    f.dialog.Expect(f.Sample(u"press_IT.MSG"_qs));
-    f.Choose("Msg_Trans");
-    QCOMPARE(f.device.State.Message(1), std::string("EMERGENZA PREMUTA   PULPITO FRONTALE"));
-    QVERIFY(f.program.MessageText(1).isEmpty());
-    f.dialog.Expect(f.Path(u"got"_qs));
-    f.Choose("Msg_Rec");
-    QVERIFY(ReadBytes(f.Path(u"got.MSG"_qs)).endsWith("\r\nEND\r\n"));
-    for (int number = 1; number <= 255; ++number) {
-      const std::string& text = f.device.State.Message(number);
-      QCOMPARE(f.program.MessageText(number).trimmed(), FromBytes(text).trimmed());
-    }
-    QVERIFY(!f.settings.MsgSaved && f.settings.MsgFile.isEmpty());
   }
 };
 
