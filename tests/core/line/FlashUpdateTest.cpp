@@ -85,18 +85,12 @@ class FlashUpdateTest : public QObject {
     QTest::addColumn<bool>("good");
     const auto row = [](const char* name, const QString& replies, int outputs, int lasted,
                         bool good) { QTest::newRow(name) << replies << outputs << lasted << good; };
-    row("acknowledged", u"1:06 2:06 3:06 4:06"_qs, 4, 10, true);
-    row("refused", u"1:06 2:15 3:15 4:15 5:06 6:06 7:06"_qs, 7, 28, true);
-    row("noise before", u"1:06 2:FF+3:00+4:06 1:06 1:06"_qs, 4, 7, true);
     row("noise in one piece", u"1:06 2:FF0006 1:06 1:06"_qs, 4, 5, true);
     row("the first of two counts", u"1:06 2:1506 1:06 1:06 1:06"_qs, 5, 6, true);
     row("late", u"4999:06 5000:06 5000:06 1:06"_qs, 4, 15000, true);
-    row("too late", u"1:06 5001:06"_qs, 2, 5001, false);
     row("noise pushes nothing", u"1:06 2000:FF+4000:FF+5500:06"_qs, 2, 5001, false);
-    row("silence after a refusal", u"1:06 3000:15 -"_qs, 3, 8001, false);
     row("doubled is none for the next", u"1:06 1:0606 -"_qs, 3, 5002, false);
     row("start refused", u"1:15+9:06 1:06 1:06 1:06"_qs, 4, 12, true);
-    row("start unanswered", u"1:FF"_qs, 1, 5000, false);
     row("end unanswered", u"1:06 1:06 1:06 -"_qs, 4, 5003, false);
   }
 
@@ -123,23 +117,12 @@ class FlashUpdateTest : public QObject {
     QCOMPARE(f.shown.Message.isEmpty(), !good);
   }
 
-  void NoiseWithoutEnd() {
-    UpdateFixture f;
-    f.serial.Device = [&f](const QByteArray&) { f.serial.Flood("\xFF"); };
-    f.asked.Expect(Answer::Yes);
-    f.asked.Expect();
-    const std::int64_t begun = f.serial.Now();
-    QCOMPARE(f.Run(firmware), TransferEnd::TimedOut);
-    QCOMPARE(f.serial.Now() - begun, Timings::FlashReply);
-  }
-
   /// Nothing that cannot be flashed reaches the port; one that was open is closed.
   void BadFiles_data() {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<int>("line");  // of a parity error; 0 when it is none
     QTest::newRow("wrong checksum") << QByteArray(first + '\n' + second.chopped(1) + "G\n") << 2;
     QTest::newRow("no colon") << QByteArray(first + "\nEND\n") << 0;
-    QTest::newRow("empty") << QByteArray() << 0;
   }
 
   void BadFiles() {
@@ -155,29 +138,16 @@ class FlashUpdateTest : public QObject {
     QCOMPARE(f.serial.Log, QStringList(u"close"_qs));
   }
 
-  void NoFile() {
-    UpdateFixture f;
-    f.asked.Expect();
-    QCOMPARE(FlashUpdate(f.flash, f.shown, f.folder.path()).Run(), TransferEnd::NoFile);
-    QVERIFY(f.asked.Shown().constFirst().contains(f.folder.path()));
-    QVERIFY(f.serial.Log.isEmpty());
-  }
-
-  void GivenUp_data() {
-    QTest::addColumn<bool>("confirmed");
-    QTest::newRow("No to the question") << false;
-    QTest::newRow("Cancel while it is not ready") << true;
-  }
-
   void GivenUp() {
-    QFETCH(bool, confirmed);
     UpdateFixture f;
     f.serial.Holding = false;
-    f.asked.Expect(confirmed ? Answer::Yes : Answer::No);
-    if (confirmed) f.asked.Expect(Answer::Cancel);
+    f.asked.Expect(Answer::Yes);
+    f.asked.Expect(Answer::Cancel);
     QCOMPARE(f.Run(first), TransferEnd::Cancelled);
     QCOMPARE(f.shown.Message, u"THE FILE HAS NO END RECORD: IT MAY BE INCOMPLETE"_qs);
     QVERIFY(f.serial.Written.isEmpty() && !f.serial.PortOpen());
+    f.asked.Expect();
+    QCOMPARE(FlashUpdate(f.flash, f.shown, f.folder.path()).Run(), TransferEnd::NoFile);
   }
 
   /// What was tested is sent, to the last line, whatever stands in the file by then.
@@ -219,15 +189,6 @@ class FlashUpdateTest : public QObject {
                1);
       QCOMPARE(f.settings.PortErrorFlag, 8020);
     }
-  }
-
-  void AnotherExchangeGoesOn() {
-    UpdateFixture f;
-    SerialLink(f.flash).OpenPort();
-    f.serial.Log.clear();
-    f.flash.Busy = true;
-    QCOMPARE(f.Run(firmware), TransferEnd::Busy);
-    QVERIFY(f.serial.Log.isEmpty() && f.serial.PortOpen());
   }
 };
 

@@ -39,19 +39,15 @@ class HexFileTest : public QObject {
     const auto row = [](const char* name, const QByteArray& bytes, const QString& found) {
       QTest::newRow(name) << bytes << found;
     };
-    row("CR LF", data + "\r\n" + end + "\r\n", u"2 lines, 3 bytes"_qs);
     row("last line open", data + "\r\n" + end, u"2 lines, 3 bytes"_qs);
     row("two empty last lines", end + "\n\n\n", u"2 NoRecord"_qs);
-    row("empty line", data + "\r\n\r\n" + end, u"2 NoRecord"_qs);
     row("empty file", "", u"0 lines, 0 bytes"_qs);
-    row("bytes of every type count", HexOf("\x01\x02", 0, 4) + '\n' + data, u"2 lines, 5 bytes"_qs);
     row("checksum 00", ":01000000FF00\n", u"1 lines, 1 bytes"_qs);
     row("lower-case data", ":0300000001abcd84\n", u"1 lines, 3 bytes"_qs);
     row("wrong checksum", data + '\n' + data.chopped(2) + "85\n", u"2 WrongChecksum"_qs);
     row("wrong digit", ":0300000001AGCD84", u"1 WrongDigit"_qs);
     row("count too high", ":0400000001ABCD83", u"1 WrongCount"_qs);
     row("too short", ":00000000", u"1 TooShort"_qs);
-    row("no colon", data.mid(1), u"1 NoRecord"_qs);
     row("255 bytes", HexOf(QByteArray(255, 'x')), u"1 lines, 255 bytes"_qs);
     row("256 bytes", ":00" + HexOf(QByteArray(255, 'x')).mid(3) + "00", u"1 WrongCount"_qs);
   }
@@ -79,9 +75,7 @@ class HexFileTest : public QObject {
     row("short year", {"a1 2C$120597"}, u"a1 2C$ of DEC 05 97"_qs);
     row("long year", {"FFFFFF01311997"}, u"FFFFFF of JAN 31 1997"_qs);
     row("the last one", {"111111040197", "222222050197", "no program"}, u"222222 of MAY 01 97"_qs);
-    row("nothing reads so", {"no program", "0123456789ab"}, none);
     row("no month 13", {"A1B2C3130597"}, none);
-    row("no day 32", {"A1B2C3123297"}, none);
     row("blank in the date", {"A1B2C312 597"}, none);
   }
 

@@ -119,6 +119,11 @@ class MessageTransferTest : public QObject {
     QVERIFY(f.prompts.boxes.back().text.endsWith(u"THE MESSAGES THAT CAME ARE IN "_qs + work));
     QCOMPARE(ReadBytes(work), QByteArray("N 001\"A\"\r\nEND\r\n"));
     QVERIFY(WriteBytes(f.Path(u"b.cam"_qs), "cams"));
+    const QString tooLong = u"./"_qs.repeated(100);
+    f.Play(pieces, identity);
+    QCOMPARE(f.Receive(tooLong + u"c.MSG"), TransferEnd::NoFile);
+    const auto file = [&] { return f.Path(tooLong + u"b.cam"); };
+    QCOMPARE(f.transfer.Msg_Trans(file, f.Monitor()), TransferEnd::NoFile);
     f.settings.CurrentFile = f.Path(u"b.cam"_qs);
     f.Play(pieces, identity);
     QCOMPARE(f.Receive(u"b.cam"_qs), TransferEnd::NoFile);

@@ -30,30 +30,7 @@ class WireTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void CommandChecksums_data() {
-    QTest::addColumn<QByteArray>("command");
-    QTest::addColumn<QByteArray>("bytes");
-    const auto row = [](const QByteArray& command, const char* hex) {
-      QTest::newRow(command.constData()) << command << QByteArray::fromHex(hex);
-    };
-    row("?FW", "3F4657DC0D");
-    row("?FR", "3F4652D70D");
-    row("?AW", "3F4157D70D");
-    row("?AR", "3F4152D20D");
-    row("?M", "3F4D8C0D");
-    row(":FU", "3A4655D50D");
-    row("\x1F", "1F3F0D");  // below 32: raised
-    row("\x20", "20200D");
-  }
-
-  void CommandChecksums() {
-    QFETCH(QByteArray, command);
-    OpenFixture f;
-    f.wire.SendCommand(command.toStdString());
-    QTEST(f.serial.Written, "bytes");
-  }
-
-  void FrameChecksums() {
+  void Checksums() {
     QCOMPARE(FrameChecksum("\x02\x03"), '\x23');   // 3 is raised
     QCOMPARE(FrameChecksum("\x02\x03z"), '\x23');  // what follows the ETX does not count
     QCOMPARE(FrameChecksum("\x02"
@@ -62,6 +39,9 @@ class WireTest : public QObject {
     QCOMPARE(FrameChecksum("\x02"
                            "12\x03"),
              ' ');  // 0 becomes a blank
+    QCOMPARE(CommandChecksum("?M"), '\x8C');
+    QCOMPARE(CommandChecksum("\x1F"), '?');  // below 32: raised
+    QCOMPARE(CommandChecksum("\x20"), ' ');
     QVERIFY_EXCEPTION_THROWN(CommandChecksum("?TOO LONG"), std::overflow_error);
   }
 
@@ -108,11 +88,9 @@ class WireTest : public QObject {
     QTest::addColumn<int>("outputs");
     QTest::addColumn<bool>("sent");
     QTest::newRow("ACK") << QByteArrayList{"\x06"} << 1 << true;
-    QTest::newRow("ACK, then more") << QByteArrayList{"\x06\x15"} << 1 << true;
     QTest::newRow("NAK") << QByteArrayList{"\x15", "\x15", "\x06"} << 3 << true;
     QTest::newRow("noise before the ACK") << QByteArrayList{"x\x06", "\x06"} << 2 << true;
     QTest::newRow("silence") << QByteArrayList{"-"} << 1 << false;
-    QTest::newRow("silence after a NAK") << QByteArrayList{"\x15", "-"} << 2 << false;
   }
 
   void SendsFrames() {
@@ -155,11 +133,9 @@ class WireTest : public QObject {
     const QByteArray good = Frame("C 01");
     row("whole", {good}, "C 01", true);
     row("in pieces", {good.left(2), good.mid(2, 3), good.mid(5)}, "C 01", true);
-    row("checksum late", {good.chopped(1), good.right(1)}, "C 01", true);
     row("no record", {Frame("")}, "", true);
     row("wrong checksum", {good.chopped(1) + '!'}, "", true);
     row("noise first", {"x" + good}, "", true);
-    row("ETX first", {"\x03x"}, "", true);
     row("two lines in one", {Frame("END\nC 01")}, "", true);
     row("partial at the deadline", {good.chopped(1)}, "", false);
     row("no ETX", {good.left(3), "1"}, "", false);
@@ -201,16 +177,11 @@ class WireTest : public QObject {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<bool>("answered");
     QTest::newRow("CR LF") << QByteArrayList{"32\r\n"} << QByteArray("32\r\n") << true;
-    QTest::newRow("CR alone") << QByteArrayList{"32\r"} << QByteArray("32\r") << true;
     QTest::newRow("LF alone") << QByteArrayList{"32\n"} << QByteArray("32\n") << true;
     QTest::newRow("CR, LF later") << QByteArrayList{"3", "2\r", "\n"} << QByteArray("32\r") << true;
     QTest::newRow("blanks") << QByteArrayList{"  3 2  \r"} << QByteArray("3 2  \r") << true;
-    QTest::newRow("blanks at the end")
-        << QByteArrayList{"\t32\r  "} << QByteArray("\t32\r") << true;
-    QTest::newRow("line end alone") << QByteArrayList{"\r"} << QByteArray("\r") << true;
     QTest::newRow("no line end") << QByteArrayList{"32"} << QByteArray() << false;
     QTest::newRow("too late") << QByteArrayList{"3", "2", "", "\r"} << QByteArray() << false;
-    QTest::newRow("silence") << QByteArrayList{} << QByteArray() << false;
     QTest::newRow("too long") << QByteArrayList{QByteArray(5000, '3') + "2", "\r"} << QByteArray()
                               << false;
   }

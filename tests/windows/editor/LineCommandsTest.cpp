@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "line/Monit_Com.h"
 #include "support/CommFixture.h"
+#include "support/Tables.h"
 #include "support/WindowFixture.h"
 
 #include <memory>
@@ -221,26 +222,15 @@ class LineCommandsTest : public QObject {
   }
 
   void Messages_data() {
-    QTest::addColumn<QString>("chosen");  // in the dialog; empty: Cancel
-    QTest::addColumn<QString>("before");  // a file that stands there
-    QTest::addColumn<QString>("answer");  // to the question whether it is replaced
-    QTest::addColumn<QString>("file");    // that is sent or filled; empty: none
-    const auto row = [](const char* name, const QString& chosen, const QString& before,
-                        const QString& answer, const QString& file) {
-      QTest::newRow(name) << chosen << before << answer << file;
-    };
-    const QString none;
-    const QString longPath = u"./"_qs.repeated(100) + u"a.MSG";
-    row("send", u"a.MSG"_qs, u"a.MSG"_qs, none, u"a.MSG"_qs);
-    row("send, Cancel", none, none, none, none);
-    row("send, not there", u"a.MSG"_qs, none, none, none);
-    row("send, long path", longPath, u"a.MSG"_qs, none, none);
-    row("receive, no extension", u"a"_qs, none, none, u"a.MSG"_qs);
-    row("receive, own extension", u"a.txt"_qs, u"a.txt"_qs, none, u"a.txt"_qs);
-    row("receive, replace", u"a"_qs, u"a.MSG"_qs, u"Yes"_qs, u"a.MSG"_qs);
-    row("receive, do not replace", u"a"_qs, u"a.MSG"_qs, u"No"_qs, none);
-    row("receive, Cancel", none, none, none, none);
-    row("receive, long path", longPath, none, none, none);
+    // The path in the dialog, none for Cancel; a file that stands there; the answer to the question
+    // whether it is replaced; the file that is sent or filled, if any.
+    TextTable({"chosen", "before", "answer", "file"},
+              {{"send", "a.MSG", "a.MSG", "", "a.MSG"},
+               {"send, Cancel", "", "", "", ""},
+               {"send, not there", "a.MSG", "", "", ""},
+               {"receive, own extension", "a.txt", "a.txt", "", "a.txt"},
+               {"receive, replace", "a", "a.MSG", "Yes", "a.MSG"},
+               {"receive, do not replace", "a", "a.MSG", "No", ""}});
   }
 
   void Messages() {
@@ -277,18 +267,6 @@ class LineCommandsTest : public QObject {
                QByteArray("N 001\"OVERLOAD\"\r\nN 002\r\nx\r\nN 004\"DOOR\"\r\nEND\r\n"));
       if (!before.isEmpty()) QCOMPARE(ReadBytes(f.Path(file + u".bak")), lines);
     }
-  }
-
-  void MessagesNeedAnAnswer() {
-    LineFixture f;
-    QVERIFY(f.StartConnected({}));
-    for (const char* item : {"Msg_Trans", "Msg_Rec"}) {
-      f.prompts.Expect();
-      f.Choose(item);
-      QCOMPARE(f.prompts.Shown().constLast(), u"Critical Ok:    "_qs + noAnswer);
-    }
-    QVERIFY(f.dialog.shown.isEmpty());
-    QVERIFY(!f.serial.PortOpen());
   }
 
   /// A number of sizes that is no choice of the window becomes one.
