@@ -24,9 +24,6 @@ class ScriptedSerial : public SerialControl, public Clock {
   /// Lets bytes arrive so many milliseconds from now.
   void Send(const QByteArray& bytes, int afterMs = 0) { due_.emplace(now_ + afterMs, bytes); }
 
-  /// Bytes that never end, some thousands a millisecond.
-  void Flood(const QByteArray& piece) { flood_ = piece; }
-
   /// The port is gone at the n-th operation (from 0) from now on; it can be opened again.
   void GoneAfter(int operations) { left_ = operations; }
 
@@ -36,7 +33,6 @@ class ScriptedSerial : public SerialControl, public Clock {
   std::optional<SerialError> Refusal;  ///< what opening raises
   bool Gone = false;                   ///< `GoneAfter` has struck
   QString Holder;                      ///< another program that reads the port
-  qsizetype MostWaiting = 0;           ///< bytes that ever waited to be read
 
   std::int64_t Now() const override { return now_; }
   void Pause(int ms, Yield) override {
@@ -142,17 +138,11 @@ class ScriptedSerial : public SerialControl, public Clock {
       if (open_) input_ += due_.begin()->second.left(std::max<qsizetype>(room_ - input_.size(), 0));
       due_.erase(due_.begin());
     }
-    if (!flood_.isEmpty() && input_.isEmpty()) {
-      while (input_.size() < 4096) input_ += flood_;
-      ++now_;
-    }
-    MostWaiting = std::max(MostWaiting, input_.size());
   }
 
   std::multimap<std::int64_t, QByteArray> due_;  // in the order of their times
   std::int64_t now_ = 1000;
   QByteArray input_;
-  QByteArray flood_;
   QByteArray held_;  // output that waits for CTS
   qsizetype room_ = 1024;
   int handshake_ = HandshakeNone;

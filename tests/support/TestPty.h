@@ -47,8 +47,6 @@ class TestPty {
     return arrived_;
   }
 
-  int End() const { return end_; }
-
   QString Path;
 
  private:

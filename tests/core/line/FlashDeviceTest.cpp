@@ -84,7 +84,6 @@ class FlashDeviceTest : public QObject {
     row("none", {}, Done, 8);
     row("all passing ones", {u"random=6,nak,noise,double-ack,late"_qs}, Done, 9);
     row("acknowledgement lost", {u"lost-ack=5"_qs}, TimedOut, 5);
-    row("unplugged at the end", {u"unplug=8"_qs}, PortError, 8);
     row("CTS lost", {u"no-cts=3"_qs}, TimedOut, 4);
     row("refused for ever, then silent", RefusedUntil(300), TimedOut, 300);
   }

@@ -2,6 +2,7 @@
 #include "line/MessageTransfer.h"
 #include "messages/MessageTexts.h"
 #include "support/CommFixture.h"
+#include "support/Tables.h"
 
 #include <QTest>
 
@@ -43,11 +44,9 @@ class MessageTransferTest : public QObject {
 
  private Q_SLOTS:
   void Asked_data() {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("question");
-    QTest::newRow("control") << u"A\003B"_qs
-                             << u"CHARACTER NOT ALLOWED: \u2403\nMESSAGE 002\nSEND ANYWAY ?"_qs;
-    QTest::newRow("nothing") << QString() << u"NO MESSAGE HAS A TEXT\nSEND ANYWAY ?"_qs;
+    TextTable({"text", "question"},
+              {{"control", "A\003B", "CHARACTER NOT ALLOWED: \u2403\nMESSAGE 002\nSEND ANYWAY ?"},
+               {"nothing", "", "NO MESSAGE HAS A TEXT\nSEND ANYWAY ?"}});
   }
 
   /// What is seldom meant goes out after a question only, whose return key says No.

@@ -2,6 +2,7 @@
 #include "line/Identity.h"
 #include "line/SizeTransfer.h"
 #include "support/CommFixture.h"
+#include "support/Tables.h"
 
 #include <QDir>
 #include <QTest>
@@ -152,25 +153,21 @@ class SizeTransferTest : public QObject {
   }
 
   void AutomaticSelection_data() {
-    QTest::addColumn<QByteArray>("reply");
-    QTest::addColumn<QString>("model");  // empty when none
-    QTest::newRow("30 characters")
-        << QByteArray("16 99 001  NIRA 3456789012345\r") << u"16 99 1"_qs;
-    QTest::newRow("29 characters") << QByteArray("32 22 255  NIRA 345678901234\r") << QString();
-    QTest::newRow("24 cams") << QByteArray("24 22 255  NIRA QX32-22F V1.00\r\n") << QString();
-    QTest::newRow("no size") << QByteArray("32 00 255  NIRA QX32-22F V1.00\r\n") << QString();
-    QTest::newRow("256 messages") << QByteArray("32 22 256  NIRA QX32-22F V1.00\r\n") << QString();
+    TextTable({"reply", "model"}, {{"30 characters", "16 99 001  NIRA 3456789012345\r", "16 99 1"},
+                                   {"29 characters", "32 22 255  NIRA 345678901234\r", ""},
+                                   {"24 cams", "24 22 255  NIRA QX32-22F V1.00\r\n", ""},
+                                   {"no size", "32 00 255  NIRA QX32-22F V1.00\r\n", ""},
+                                   {"256 messages", "32 22 256  NIRA QX32-22F V1.00\r\n", ""}});
   }
 
   void AutomaticSelection() {
-    QFETCH(QByteArray, reply);
+    QFETCH(QString, reply);
     TransferFixture f;
-    f.Identify({reply});
+    f.Identify({reply.toLatin1()});
     f.prompts.AnswerEverything(true);
     const auto model = AutSelQuery(f.comm);
-    QCOMPARE(f.prompts.Shown().join(u'|'), model ? QString()
-                                                 : u"Exclamation Ok: ANSWER OF NO USE: "_qs +
-                                                       QString::fromLatin1(reply).trimmed());
+    QCOMPARE(f.prompts.Shown().join(u'|'),
+             model ? QString() : u"Exclamation Ok: ANSWER OF NO USE: "_qs + reply.trimmed());
     QTEST(model ? QStringLiteral("%1 %2 %3").arg(model->Cams).arg(model->Sizes).arg(model->Messages)
                 : QString(),
           "model");

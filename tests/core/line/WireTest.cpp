@@ -161,17 +161,6 @@ class WireTest : public QObject {
     QCOMPARE(f.serial.Log.contains(u"discard output"_qs), acknowledged);
   }
 
-  void EndlessBytes() {
-    OpenFixture f;
-    f.serial.Flood("x");
-    f.serial.InputLen(SerialControl::OneCharacter);
-    for (int i = 0; i < 3; ++i) QCOMPARE(f.wire.ReceiveFrame(), std::string());
-    QCOMPARE(f.serial.Written, QByteArray("\x06\x06\x06"));
-    f.serial.InputLen(SerialControl::AllInput);
-    f.prompts.Expect();
-    QCOMPARE(f.wire.Query("?M", Buttons::Ok).Ended, Reply::End::NoAnswer);
-  }
-
   void Queries_data() {
     QTest::addColumn<QByteArrayList>("arriving");  // a piece each 999 ms after the query
     QTest::addColumn<QByteArray>("text");
