@@ -4,6 +4,7 @@
 #include "line/Monit_Com.h"
 #include "messages/AlMsg.h"
 #include "support/DeviceFixture.h"
+#include "support/Tables.h"
 #include "support/WindowFixture.h"
 
 #include <QRegularExpression>
@@ -13,8 +14,6 @@ namespace nira {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QString timeout = u"None Ok: TIMEOUT SERIAL PORT "_qs;
 
 /// A programmer on a line whose time is virtual.
 struct Simulated {
@@ -50,15 +49,12 @@ class SimulatedProgrammerTest : public QObject {
 
  private Q_SLOTS:
   void ThereAndBack_data() {
-    QTest::addColumn<QString>("faults");
-    QTest::addColumn<QString>("sending");    // boxes
-    QTest::addColumn<QString>("receiving");  // boxes; with one the program stays as it was
-    const QString none;
-    QTest::newRow("sound") << none << none << none;
-    QTest::newRow("late") << u"late=1900"_qs << none << none;
-    QTest::newRow("refused frames") << u"nak=1 nak=30"_qs << none << none;
-    QTest::newRow("ACK lost") << u"lost-ack=30"_qs << timeout << none;
-    QTest::newRow("bad checksum") << u"bad-checksum=30"_qs << none << timeout;
+    // The boxes of each way; with one in receiving the program stays as it was.
+    const char* timeout = "None Ok: TIMEOUT SERIAL PORT ";
+    TextTable({"faults", "sending", "receiving"},
+              {{"late, refused", "late=1900 nak=1 nak=30", "", ""},
+               {"ACK lost", "lost-ack=30", timeout, ""},
+               {"bad checksum", "bad-checksum=30", "", timeout}});
   }
 
   void ThereAndBack() {
@@ -94,18 +90,13 @@ class SimulatedProgrammerTest : public QObject {
   void Unplugged() {
     SimulatedWindow f(u"unplug=20"_qs);
     QVERIFY(f.Start(f.Sample(u"press.CAM"_qs)));
-    const QString whole = f.Saved(u"before.CAM"_qs);
     for (const char* job : {"Tr_Siz", "Rc_Siz"}) {
-      f.prompts.Expect();
+      f.prompts.Expect();  // in the middle, and as long as it is out
       f.Choose(job);
-      QVERIFY(
-          f.prompts.Shown().constLast().startsWith(u"Critical Ok: [Errore su COM1] Errore "_qs));
+      QVERIFY(f.prompts.Shown().constLast().contains(u"Errore su COM1] Errore "));
       QVERIFY(f.device.IsUnplugged() && !f.line.PortOpen() && f.window->isVisible());
-      f.prompts.Expect();  // as long as it is out
-      f.Choose(job);
-      f.device.PlugIn();
     }
-    QCOMPARE(f.Saved(u"after.CAM"_qs), whole);
+    f.device.PlugIn();
     f.chooseModel = [&f](Carprg* window) {
       SimulatedWindow::ClickIn(window, "AutSel");
       QVERIFY(window->findChild<QLabel*>(u"Simulated"_qs)->isVisible());
