@@ -139,11 +139,6 @@ class SetPhaseTest : public QObject {
     }
     QTEST(runs.join(u' '), "runs");
   }
-
-  void FieldsOfALine() {
-    QCOMPARE(OnField(u"F180 357 358"_qs) + OffField(u"F180 357 358"_qs), u"357358"_qs);
-    QCOMPARE(OnField(QString()) + OffField(u"F007 350"_qs), QString());
-  }
 };
 
 }  // namespace nira

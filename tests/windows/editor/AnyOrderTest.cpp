@@ -12,17 +12,14 @@ namespace {
 using Action = std::function<void(WindowFixture&)>;
 
 /// The first of the actions may be no commands: they write into a box, or do nothing.
-constexpr qsizetype writing = 13;
+constexpr qsizetype writing = 10;
 
 const QList<std::pair<const char*, Action>>& Actions() {
   static const QList<std::pair<const char*, Action>> actions = {
       {"0", [](auto& f) { f.Type(u"0"_qs); }},
-      {"3", [](auto& f) { f.Type(u"3"_qs); }},
       {"Backspace", [](auto& f) { f.Type(u"\b"_qs); }},
       {"!", [](auto& f) { f.Type(u"!"_qs); }},
-      {"quote", [](auto& f) { f.Type(u"\""_qs); }},
       {"#", [](auto& f) { f.Type(u"#"_qs); }},
-      {"$", [](auto& f) { f.Type(u"$"_qs); }},
       {"Ctrl+Z", [](auto& f) { f.Press(Qt::Key_Z, Qt::ControlModifier); }},
       {"Escape", [](auto& f) { f.Press(Qt::Key_Escape); }},
       {"other window", [](auto&) { WindowFixture::OtherWindow(); }},
@@ -33,9 +30,7 @@ const QList<std::pair<const char*, Action>>& Actions() {
        }},
       {"Undo", [](auto& f) { f.Choose("o_Undo"); }},
       {"Enter", [](auto& f) { f.Type(u"\r"_qs); }},
-      {"Tab", [](auto& f) { f.Type(u"\t"_qs); }},
       {"Backtab", [](auto& f) { f.Press(Qt::Key_Backtab, Qt::ShiftModifier); }},
-      {"PageUp", [](auto& f) { f.Press(Qt::Key_PageUp); }},
       {"PageDown", [](auto& f) { f.Press(Qt::Key_PageDown); }},
       {"entry", [](auto& f) { f.Click(u"GoPrCam"_qs); }},
       {"cam 9 twice", [](auto& f) { f.DoubleClick(u"LabCam_8"_qs); }},
@@ -102,11 +97,6 @@ class AnyOrderTest : public QObject {
                    u"F%1 C%2"_qs.arg(size, 2, 10, QChar(u'0')).arg(cam + 1, 2, 10, QChar(u'0')),
                trace.constData());
     }
-    f.Press(Qt::Key_S, Qt::ControlModifier);
-    WindowFixture again;
-    QVERIFY(again.Start(f.settings.CurrentFile));
-    QCOMPARE(ContentOf(again.program).section(u"; 1 = "_qs, 0, 0),
-             ContentOf(f.program).section(u"; 1 = "_qs, 0, 0));
   }
 };
 

@@ -31,7 +31,6 @@ class MainWindowStartTest : public QObject {
     QVERIFY(f.Start());
     QCOMPARE(f.Text("SizeCam"), u"F01 C02"_qs);
     QCOMPARE(f.window->windowTitle(), activeTitle);
-    QVERIFY(f.program.IsSaved);
     QCOMPARE(ContentOf(f.program) + f.Lines(), QString());
     QCOMPARE(f.Text("StatusPort"), u"COM1  9600  /nodev/ttyS0  programmatore non pronto"_qs);
     QCOMPARE(f.Text("StatusModel"), u"32 camme  22 formati  255 messaggi"_qs);

@@ -64,10 +64,9 @@ class SizeCommandsTest : public QObject {
     f.Click(u"Azz_Form"_qs);
     QCOMPARE(f.prompts.Shown().constLast(), u"Question YesNo: AZZERARE IL FORMATO N. 1 ?"_qs);
     QCOMPARE(ContentOf(f.program), QString());
-    const QString lines = u"F001 010 020|F002 100 110"_qs;
     WindowFixture::OtherWindow();
     f.Activate();
-    QCOMPARE(f.Lines(), lines);
+    QCOMPARE(f.Lines(), u"F001 010 020|F002 100 110"_qs);
     f.Press(Qt::Key_PageDown);
     QCOMPARE(f.Lines(), QString());
   }

@@ -164,16 +164,6 @@ class BNKRTNTest : public QObject {
     QCOMPARE(d.Text("lVeloc"), u"0.00"_qs);
   }
 
-  void Keys() {
-    Demo d;
-    QTest::keyClick(&*d.window, Qt::Key_S, Qt::AltModifier);
-    QTRY_VERIFY(d.IsTurning());
-    QCOMPARE(QApplication::focusWidget(), d.Find("Stp"));
-    QTest::keyClick(&*d.window, Qt::Key_T, Qt::AltModifier);
-    QTRY_VERIFY(!d.IsTurning());
-    QCOMPARE(QApplication::focusWidget(), d.Find("Strt"));
-  }
-
   void CloseWhileTurning() {
     for (const bool byCam : {false, true}) {
       Demo d;

@@ -153,19 +153,17 @@ class FuncSelTest : public QObject {
 
  private Q_SLOTS:
   void OpensAndCloses_data() {
-    TextTable(
-        {"columns", "checks", "count", "closed"},
-        {{"OFF 3", "-*32", "ant rit rap17 rap25", "00", "0 0|0 0 0 0"},
-         {"ON 15 RIT RAP25", "007*8 250*1 007*7 025*4 110*4 1/4*8", "ANT RIT (rap17) RAP25", "16",
-          "1 15 RIT RAP25|0 0 0 0"},
-         {"OFF 0 RAP17", "-*16 1/6*8 -*8", "ant (rit) RAP17 rap25", "00", "0 0 RAP17|0 0 0 0"},
-         {"ON 15 RIT RAP17", "007*8 250*1 007*7 025*4 110*4 -*8", "ANT RIT (rap17) rap25", "16",
-          "1 15 RIT|0 0 0 0"},
-         {"OFF 11 RIT RAP17 RAP25 16 cams", "007*8 250*1 007*3 -*4", "ANT (rit) (rap17) (rap25)",
-          "12", "1 11|0 0 0 0"},
-         {"ON 0 16 cams", "-*16", "ant (rit) (rap17) (rap25)", "00", "0 0|0 0 0 0"},
-         {"ON 31 RIT", "007*8 250*1 007*7 025*4 110*4 007*8", "ANT RIT (rap17) rap25", "32",
-          "1 31 RIT|0 0 0 0"}});
+    TextTable({"columns", "checks", "count", "closed"},
+              {{"OFF 3", "-*32", "ant rit rap17 rap25", "00", "0 0|0 0 0 0"},
+               {"ON 15 RIT RAP25", "007*8 250*1 007*7 025*4 110*4 1/4*8", "ANT RIT (rap17) RAP25",
+                "16", "1 15 RIT RAP25|0 0 0 0"},
+               {"ON 15 RIT RAP17", "007*8 250*1 007*7 025*4 110*4 -*8", "ANT RIT (rap17) rap25",
+                "16", "1 15 RIT|0 0 0 0"},
+               {"OFF 11 RIT RAP17 RAP25 16 cams", "007*8 250*1 007*3 -*4",
+                "ANT (rit) (rap17) (rap25)", "12", "1 11|0 0 0 0"},
+               {"ON 0 16 cams", "-*16", "ant (rit) (rap17) (rap25)", "00", "0 0|0 0 0 0"},
+               {"ON 31 RIT", "007*8 250*1 007*7 025*4 110*4 007*8", "ANT RIT (rap17) rap25", "32",
+                "1 31 RIT|0 0 0 0"}});
   }
 
   void OpensAndCloses() {

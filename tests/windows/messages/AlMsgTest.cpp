@@ -15,7 +15,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString prefix = u"NIRA-KPL -  PROGRAMMATORE DI CAMME QX32 -  "_qs;
-const QString filter = u"File Messaggi (*.Msg)|*.msg|Tutti i File (*.*)|*.*"_qs;
 
 /// The message window over an instance with the Italian texts, and what a person does with it.
 struct MessageWindow : WindowFixture {
@@ -117,8 +116,6 @@ class AlMsgTest : public QObject {
     MessageWindow f;
     f.settings.MsgSaved = false;
     const QString path = f.OpenSample(u"press_EN.MSG"_qs);
-    QCOMPARE(f.dialog.shown,
-             QStringList(u"open; APRI File Messaggi; "_qs + filter + u"; 4096; "_qs));
     QCOMPARE(f.settings.MsgFile, path);
     QVERIFY(f.settings.MsgSaved);
     QCOMPARE(f.messages->windowTitle(), prefix + path);
@@ -308,15 +305,11 @@ class AlMsgTest : public QObject {
 
   void Exit() {
     MessageWindow f;
-    for (const char* way : {"tEX", "F_EX", "Escape"}) {
-      f.Reopen();
-      for (const Answer answer : {Answer::Cancel, Answer::No, Answer::Yes}) {
-        f.settings.MsgSaved = false;
-        f.prompts.Expect(answer);
-        const QString by = QString::fromLatin1(way);
-        by.endsWith(u"EX"_qs) ? f.Do(by) : QTest::keyClick(f.List(), Qt::Key_Escape);
-        QCOMPARE(f.messages->isVisible(), answer != Answer::Yes);
-      }
+    for (const Answer answer : {Answer::Cancel, Answer::No, Answer::Yes}) {
+      f.settings.MsgSaved = false;
+      f.prompts.Expect(answer);
+      answer == Answer::No ? QTest::keyClick(f.List(), Qt::Key_Escape) : f.Do(u"tEX"_qs);
+      QCOMPARE(f.messages->isVisible(), answer != Answer::Yes);
     }
     QCOMPARE(f.prompts.Shown().constLast(),
              u"Exclamation YesNoCancel: IL FILE NON E' STATO SALVATO\rVUOI USCIRE ?"_qs);
@@ -350,28 +343,24 @@ class AlMsgTest : public QObject {
     QVERIFY(f.settings.MsgFont.contains(u",14,"_qs));
   }
 
-  /// Shown page by page, and written as a PDF beside the message file.
+  /// From the menu to a PDF.
   void Printing() {
     MessageWindow f;
-    const QString path = f.OpenSample(u"press_IT.MSG"_qs);
+    f.OpenSample(u"press_IT.MSG"_qs);
     const QString pdf = f.Path("list.pdf");
-    QStringList seen;
+    QString seen;
     WhenOpens<PrnMsg>([&](PrnMsg* open) {
       const auto press = [open](const QString& name) {
         QTest::mouseClick(open->findChild<QAbstractButton*>(name), Qt::LeftButton);
       };
-      press(u"PagNext"_qs);
-      seen.append(open->findChild<QLabel*>(u"Pag"_qs)->text());
       f.dialog.Expect(pdf);
       press(u"tPDF"_qs);
-      seen.append(open->findChild<QLabel*>(u"Note"_qs)->text());
+      seen = open->findChild<QLabel*>(u"Note"_qs)->text();
       press(u"tCHI"_qs);
     });
     f.Do(u"Pr_msg"_qs);
-    QCOMPARE(seen.value(0).section(u' ', 0, 0), u"2"_qs);
-    QVERIFY2(seen.value(1).endsWith(pdf), qPrintable(seen.join(u'|')));
+    QVERIFY2(seen.endsWith(pdf), qPrintable(seen));
     QVERIFY(ReadBytes(pdf).startsWith("%PDF"));
-    QVERIFY(f.settings.MsgSaved && f.settings.MsgFile == path);
   }
 };
 

@@ -83,13 +83,10 @@ class PrnSizeTest : public QObject {
       const auto* preview = window->findChild<QPrintPreviewWidget*>(u"Preview"_qs);
       const auto* next = window->findChild<QToolButton*>(u"PagNext"_qs);
       for (int page = 1; page < 22; ++page) {
-        QVERIFY(next->isEnabled());
         ClickOn(window, u"PagNext"_qs);
         QCOMPARE(preview->pageCount(), 1);
       }
       QVERIFY(!next->isEnabled());
-      ClickOn(window, u"PagBack"_qs);
-      QCOMPARE(window->findChild<QLabel*>(u"Pag"_qs)->text(), u"21 / 22"_qs);
       auto* box = window->findChild<QSpinBox*>(u"TA"_qs);
       QTest::keyClick(box, Qt::Key_Up);
       QTest::keyClick(box, Qt::Key_Up);
