@@ -175,19 +175,6 @@ class SizeTransferTest : public QObject {
     QCOMPARE(f.Limits(), u"32 22 255"_qs);
   }
 
-  void Transmits() {
-    TransferFixture f;
-    f.Acknowledge(qx32);
-    QCOMPARE(SizeTransfer(f.comm).Tr_Siz(f.Monitor()), TransferEnd::Done);
-    const QByteArray& out = f.serial.Written;
-    const QByteArray begin = "?M\x8C\r?FW\xDC\r" + Frames({"0000", "0000000000", "F01",
-                                                           "C 01\"OLD\"", " 010 020", "F02"});
-    QVERIFY(out.startsWith(begin));
-    QVERIFY(out.endsWith(Frames({"F22", "END"})));
-    QVERIFY(!f.serial.PortOpen() && !f.comm.Busy);
-    QCOMPARE(f.settings.CurrentFile, u"press.CAM"_qs);
-  }
-
   /// A programmer that is not ready, does not answer, or is another one.
   void SendsNothing() {
     using enum TransferEnd;
