@@ -127,7 +127,6 @@ class EditCommandTest : public QObject {
     row("set-phase 1 0 10 20", "CAM NOT AVAILABLE IN THIS MODEL");
     row("set-phase 1 1 10 360", outside("0-359"));
     row("copy-size 1 4294967298", "INVALID TARGET SIZE");
-    row("import-size @/in.cam 4 1", "INVALID SIZE NUMBER");
     row("import-size @/in.cam 0 1", "@/in.cam: it has no size of this number");
     row("import-size @/bad.cam 1 1", "@/bad.cam:10: \" 400 010\" INVALID FILE OR SIZE !");
     row("copy-cam 1 1 33", "INVALID CAM NUMBER");
@@ -152,7 +151,6 @@ class EditCommandTest : public QObject {
         back("0: AdvanceLast is 24: advances are kept for cams 2 to 25 only"));
     row("set-function DelayOn 1 set-function Delay17to20 9",
         back("1: a cam file does not keep delays of one digit"));
-    row("set-function Ratio25to32 4", back("0: the ratio is kept only with Ratio25On 1"));
     row("set-function Ratio17On 1", back("0: a cam file does not keep the ratio of cams 17 to 24"));
     row("set-function SpeedLimit 1005",
         back("5: a cam file keeps three digits of the speed limit"));

@@ -281,9 +281,6 @@ class OnLineTest : public QObject {
   /// A device by its path; one that has a number keeps it.
   void Devices() {
     LineFixture f;
-    QVERIFY(WriteBytes(f.Path(u"other"_qs), "/dev/null\n"));
-    f.names.NameDevice(f.Path(u"other"_qs));
-    QCOMPARE(f.names.Device(0), f.Path(u"other"_qs));  // no link, and no device
     QVERIFY(QFile::link(u"/dev/null"_qs, f.Path(u"com3"_qs)));
     f.arguments.SetOption("port", u"/dev/null"_qs);
     QCOMPARE(LineSession(f.console, f.arguments, f.working, f.names, f.serial, f.serial)

@@ -220,7 +220,7 @@ class CamFileTest : public QObject {
   void OutputSizeIsSelected() {
     CamFileFixture f(3, 2);
     f.program.SelectCam(1);
-    for (const auto& [output, selected] : {std::pair{" 0 ", 1}, {" 2 ", 2}, {" 4 ", 1}}) {
+    for (const auto& [output, selected] : {std::pair{" 2 ", 2}, {" 4 ", 1}}) {
       f.program.SelectSize(3);
       const QByteArray head = HeadWith(5, QByteArray("FORMATO IN USCITA   ") + output);
       QVERIFY(f.Loads(QByteArray(head).replace("- 1 ", "- 3 ") + "END\r\n"));
