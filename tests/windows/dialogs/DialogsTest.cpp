@@ -26,7 +26,7 @@ class DialogsTest : public QObject {
     QVERIFY(f.Start());
     QApplication::setApplicationVersion(u"1.2.3"_qs);
     QStringList texts;
-    WhenOpens<About>([&](About* about) {
+    WhenOpens<About>([&texts](About* about) {
       for (const QLabel* label : about->findChildren<QLabel*>()) texts.append(label->text());
       QTest::keyClick(about, Qt::Key_Escape);
     });
@@ -60,7 +60,6 @@ class DialogsTest : public QObject {
   void Filters() {
     QCOMPARE(NameFilters(u"Cam Files (*.Cam)|*.cam|Tutti (*.*)|*.*"_qs),
              QStringList({u"Cam Files (*.Cam) (*.cam *.CAM)"_qs, u"Tutti (*.*) (*)"_qs}));
-    QCOMPARE(NameFilters(u"a|*.a|b"_qs), QStringList(u"a (*.a *.A)"_qs));
   }
 
   void FileDialogs() {

@@ -45,7 +45,6 @@ class MainWindowStartTest : public QObject {
     QVERIFY(f.Start());
     QCOMPARE(Shown(f.Find(u"GoPrCam"_qs)->toolTip()), u"A & <b>B"_qs);
     QCOMPARE(Shown(f.Find(u"New_Fil"_qs)->toolTip()), u"A & B"_qs);
-    QCOMPARE(f.Find(u"OP_FIL"_qs)->toolTip(), MessageTable().Text(TextNumber::TipOpFil));
     QVERIFY(f.window->statusBar()->currentMessage().startsWith(
         QString::number(MessageTable().Missing() - 2) + u" TEXTS ARE MISSING"));
   }

@@ -88,14 +88,6 @@ class SizeCommandsTest : public QObject {
     QVERIFY(f.StartWith(u"10-20"_qs, 4));
     const QString press = f.Sample(u"press.CAM"_qs);
     f.dialog.Expect(press);
-    f.prompts.ExpectInput(u"23"_qs);
-    f.prompts.Expect();
-    f.Choose("S_Imp");
-    QCOMPARE(f.prompts.inputs.at(0).prompt, u"IMPORTA IL FORMATO N. ? 1 - 22"_qs);
-    QCOMPARE(f.prompts.Shown().constLast(), u"Exclamation Ok: NUMERO DI FORMATO NON VALIDO"_qs);
-    QCOMPARE(ContentOf(f.program), u"1.5: 10-20"_qs);
-    QVERIFY(f.program.IsSaved);
-    f.dialog.Expect(press);
     f.prompts.ExpectInput(u"1"_qs);
     f.Choose("S_Imp");
     QVERIFY(!f.program.IsSaved);
@@ -121,8 +113,6 @@ class SizeCommandsTest : public QObject {
       for (const auto* option : window->findChildren<QRadioButton*>()) {
         if (option->isChecked()) opened += u' ' + option->text();
       }
-      QTest::keyClick(window, Qt::Key_Escape);
-      QVERIFY(window->isVisible());
       for (const char* click : {"O_QX_0", "O_F_1"}) {
         window->findChild<QRadioButton*>(QString::fromLatin1(click))->click();
       }

@@ -141,9 +141,7 @@ class PrnSizeTest : public QObject {
   void Refusals() {
     WindowFixture f;
     QVERIFY(Begin(f));
-    for (const QString& name : {u"kept.pdf"_qs, u"kept.txt.pdf"_qs}) {
-      QVERIFY(WriteBytes(f.Path(name), "old"));
-    }
+    QVERIFY(WriteBytes(f.Path(u"kept.pdf"_qs), "old"));
     const QString missing = f.Path(u"no folder/out.pdf"_qs);
     WhenOpens<PrnSize>([&](PrnSize* window) {
       f.prompts.Expect();
@@ -151,11 +149,9 @@ class PrnSizeTest : public QObject {
       f.dialog.Expect(missing);
       f.prompts.Expect();
       ClickOn(window, u"tPDF"_qs);
-      for (const QString& name : {u"kept"_qs, u"kept.txt"_qs}) {
-        f.dialog.Expect(f.Path(name));
-        f.prompts.Expect(Answer::No);
-        ClickOn(window, u"tPDF"_qs);
-      }
+      f.dialog.Expect(f.Path(u"kept"_qs));
+      f.prompts.Expect(Answer::No);
+      ClickOn(window, u"tPDF"_qs);
       f.settings.CurrentFile = f.Path(u"kept.pdf"_qs);
       f.dialog.Expect(f.settings.CurrentFile);
       f.prompts.Expect();
@@ -163,17 +159,15 @@ class PrnSizeTest : public QObject {
       QTest::keyClick(window, Qt::Key_Escape);
     });
     f.Choose("Pr_size");
-    QCOMPARE(ReadBytes(f.Path(u"kept.pdf"_qs)) + ReadBytes(f.Path(u"kept.txt.pdf"_qs)),
-             QByteArray("oldold"));
+    QCOMPARE(ReadBytes(f.Path(u"kept.pdf"_qs)), QByteArray("old"));
     const QString none = u"Exclamation Ok: NESSUNA STAMPANTE: SI PUO' SCRIVERE UN FILE PDF"_qs;
     const QStringList shown = f.prompts.Shown();
-    QCOMPARE(shown.size(), 5);
+    QCOMPARE(shown.size(), 4);
     QCOMPARE(shown.at(0), none);
     QVERIFY(shown.at(1).startsWith(u"Critical Ok: IMPOSSIBILE SCRIVERE IL FILE\n"_qs + missing));
     QCOMPARE(shown.at(2), u"Exclamation YesNo: IL FILE ESISTE GIA'. SOSTITUIRLO ?\n"_qs +
                               f.Path(u"kept.pdf"_qs));
-    QVERIFY(shown.at(3).endsWith(f.Path(u"kept.txt.pdf"_qs)));
-    QCOMPARE(shown.at(4), u"Critical Ok: IMPOSSIBILE SCRIVERE IL FILE\n"_qs +
+    QCOMPARE(shown.at(3), u"Critical Ok: IMPOSSIBILE SCRIVERE IL FILE\n"_qs +
                               f.Path(u"kept.pdf"_qs) + u"\nE' IL FILE DI CAMMA APERTO"_qs);
   }
 };
