@@ -69,10 +69,10 @@ class LineCommandsTest : public QObject {
     const QByteArray asked = box + '|' + box;
     TextTable(
         {"identity", "answers", "limits", "shown", "status"},
-        {{"accepted", qx16, "", "16 44 180", "", "porta non aperta"},
+        {{"accepted", qx16.constData(), "", "16 44 180", "", "porta non aperta"},
          {"rejected", "24 22 255  NIRA\r", "O", "32 22 255", "None Ok: BAD DEVICE  CAM.24 FORM.22",
           ""},
-         {"no answer", "", "RC", "32 22 255", asked, "porta non aperta"},
+         {"no answer", "", "RC", "32 22 255", asked.constData(), "porta non aperta"},
          {"no CTS", "no CTS", "", "32 22 255", "", "programmatore non pronto"},
          {"no port", "no port", "O", "32 22 255",
           "Critical Ok: [Errore su COM1] Errore 8002 generato da MsComm1\rnone", "errore 8002"}});
