@@ -363,6 +363,7 @@ void AlMsg::Tr_M_Click() {
 
 void AlMsg::Rc_M_Click() {
   if (!MayLoseMessages()) return;
+  note_->clear();  // it is about the file that was opened
   link_.Receive();
   ShowAll();
 }
