@@ -2,10 +2,11 @@
 # What every target of this project is compiled with, on one interface target.
 add_library(nira_compiler INTERFACE)
 if(MSVC)
-  target_compile_options(nira_compiler INTERFACE /W4 /WX /utf-8 /permissive-)
+  target_compile_options(nira_compiler INTERFACE
+    /W4 $<$<BOOL:${NIRA_WERROR}>:/WX> /utf-8 /permissive-)
 else()
   target_compile_options(nira_compiler INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion $<$<BOOL:${NIRA_WERROR}>:-Werror>)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     # GCC 12 sees overlapping copies in every optimised `"literal" + std::string` (its bug 105651).
     target_compile_options(nira_compiler INTERFACE -Wno-restrict)
@@ -19,9 +20,8 @@ if(NIRA_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
-# lld links the test programs several times as fast as the default linker.
-find_program(NIRA_LLD ld.lld)
-if(NIRA_LLD AND CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+# It links the test programs several times as fast as the default linker.
+if(NIRA_LLD)
   add_link_options(-fuse-ld=lld)
 endif()
 

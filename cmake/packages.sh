@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: Apache-2.0
 # Debian packages of this project, for ./run, ./test and .ci/run.
-RUN_PACKAGES=(g++ cmake ninja-build lld qt6-base-dev qt6-serialport-dev qt6-svg-dev fonts-dejavu-core)
-TEST_PACKAGES=("${RUN_PACKAGES[@]}")
+RUN_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-svg-dev fonts-dejavu-core)
+TEST_PACKAGES=("${RUN_PACKAGES[@]}" lld)
 CI_PACKAGES=("${TEST_PACKAGES[@]}" clang-format git)
 
 # Installs those that are missing, after saying which and as whom; with NIRA_NO_INSTALL=1 it only says
