@@ -114,7 +114,7 @@ void FlashUpdate::OpenPort() {
   port.CommPort(comm_.Settings.PortNumber);
   port.InBufferSize(SerialLink::InBufferSize);
   port.PortOpen(true);
-  port.Settings(QString::fromLatin1(LineSettings));
+  port.Settings(LineSettings(Baud));
   port.InputLen(SerialControl::AllInput);
   port.Handshaking(SerialControl::HandshakeRts);
   comm_.Settings.PortErrorFlag = 0;

@@ -17,9 +17,8 @@ namespace nira {
 class FlashUpdate {
  public:
   static constexpr const char* Command = ":FU";
-  static constexpr int Baud = 19200;
   /// The programmer takes firmware at this speed, whatever the settings say.
-  static constexpr const char* LineSettings = "19200,n,8,1";
+  static constexpr int Baud = 19200;
 
   /// Bytes of a file that can be kept from its test to its end: more than two hours of the
   /// line, and many times the memory of a programmer.

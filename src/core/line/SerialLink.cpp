@@ -3,6 +3,10 @@
 
 namespace nira {
 
+QString LineSettings(int baud) {
+  return QString::number(baud) + QStringLiteral(",n,8,1");
+}
+
 bool SerialLink::OpenPort() {
   try {
     // The operator may have chosen another port while this one was open.
@@ -22,7 +26,7 @@ bool SerialLink::OpenPort() {
 }
 
 void SerialLink::Configure() {
-  comm_.Port.Settings(QString::number(comm_.Settings.BaudRate) + QStringLiteral(",n,8,1"));
+  comm_.Port.Settings(LineSettings(comm_.Settings.BaudRate));
   comm_.Port.InputLen(SerialControl::AllInput);
   comm_.Port.Handshaking(SerialControl::HandshakeRts);
   const bool ready = comm_.Port.CTSHolding();

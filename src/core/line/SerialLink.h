@@ -10,6 +10,9 @@ namespace nira {
 /// The speeds that a programmer knows, baud.
 inline constexpr std::array LineSpeeds = {300, 600, 1200, 2400, 9600, 19200};
 
+/// What the port is set to at a speed: "9600,n,8,1".
+QString LineSettings(int baud);
+
 /// Opens and closes the port of the settings, and tells the operator when the platform fails.
 class SerialLink {
  public:

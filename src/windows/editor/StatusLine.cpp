@@ -2,6 +2,7 @@
 #include "editor/StatusLine.h"
 
 #include "ground/Text.h"
+#include "line/SerialLink.h"
 #include "line/SimulatedMark.h"
 
 #include <QFileInfo>
@@ -96,11 +97,11 @@ QString StatusLine::ClosedState() const {
 
 /// The place is wide enough for both states, so that nothing moves when the port opens.
 void StatusLine::ShowPort() {
-  const QString speed = QString::number(instance_.Settings.BaudRate);
-  const QString closed = PortText(speed, ClosedState());
+  const int baud = instance_.Settings.BaudRate;
+  const QString closed = PortText(QString::number(baud), ClosedState());
   const QString& openState = instance_.Text(TextNumber::StatusPortOpen);
   const QFontMetrics metrics(port_->font());
-  const QString open = PortText(speed + QStringLiteral(",n,8,1"), openState);
+  const QString open = PortText(LineSettings(baud), openState);
   port_->setMinimumWidth(
       std::max(metrics.horizontalAdvance(closed), metrics.horizontalAdvance(open)) + 18);
   port_->setText(instance_.Port.PortOpen() ? PortText(instance_.Port.Settings(), openState)
