@@ -2,7 +2,8 @@
 # Debian packages of this project, for ./run, ./test and .ci/run.
 RUN_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-svg-dev fonts-dejavu-core)
 TEST_PACKAGES=("${RUN_PACKAGES[@]}" lld)
-CI_PACKAGES=("${TEST_PACKAGES[@]}" clang-format git)
+ASAN_PACKAGES=("${TEST_PACKAGES[@]}" clang libclang-rt-14-dev)
+CI_PACKAGES=("${ASAN_PACKAGES[@]}" clang-format git)
 
 # Installs those that are missing, after saying which and as whom; with NIRA_NO_INSTALL=1 it only says
 # which. Where there is no apt-get, the build itself says what it misses.

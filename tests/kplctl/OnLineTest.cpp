@@ -246,7 +246,7 @@ class OnLineTest : public QObject {
     LinePort port(serial, serial, trace, interrupt);
     port.PortOpen(true);
     const std::int64_t begun = serial.Now();
-    QVERIFY_EXCEPTION_THROWN(port.WaitForInput(begun + 3000, Yield::Painting), Interrupted);
+    QVERIFY_THROWS_EXCEPTION(Interrupted, port.WaitForInput(begun + 3000, Yield::Painting));
     QVERIFY(serial.Now() - begun <= LinePort::Patience);
   }
 

@@ -85,10 +85,10 @@ class SimulatedSerialTest : public QObject {
   void Unplugged() {
     Port port({u"unplug=1"_qs});
     port.serial.Output(receiveMessages);
-    QVERIFY_EXCEPTION_THROWN(port.ReadAll(), SerialError);
-    QVERIFY_EXCEPTION_THROWN(port.serial.Output("x"), SerialError);
+    QVERIFY_THROWS_EXCEPTION(SerialError, port.ReadAll());
+    QVERIFY_THROWS_EXCEPTION(SerialError, port.serial.Output("x"));
     port.serial.PortOpen(false);
-    QVERIFY_EXCEPTION_THROWN(port.serial.PortOpen(true), SerialError);
+    QVERIFY_THROWS_EXCEPTION(SerialError, port.serial.PortOpen(true));
     port.device.PlugIn();
     port.serial.PortOpen(true);
     port.serial.Output(identify);

@@ -158,7 +158,8 @@ class FlashUpdateTest : public QObject {
     UpdateFixture f;
     f.asked.Expect();
     const QByteArray line = HexOf(QByteArray(255, 'x')) + '\n';
-    QCOMPARE(f.Run(line.repeated(FlashUpdate::MostText / line.size() + 1)), TransferEnd::BadFile);
+    QCOMPARE(f.Run(line.repeated(qsizetype(FlashUpdate::MostText) / line.size() + 1)),
+             TransferEnd::BadFile);
     QCOMPARE(f.shown.Message, u"THE FILE IS TOO LARGE: MORE THAN 16 MB"_qs);
     QVERIFY(f.serial.Log.filter(u"open"_qs).isEmpty());
   }

@@ -42,7 +42,7 @@ class WireTest : public QObject {
     QCOMPARE(CommandChecksum("?M"), '\x8C');
     QCOMPARE(CommandChecksum("\x1F"), '?');  // below 32: raised
     QCOMPARE(CommandChecksum("\x20"), ' ');
-    QVERIFY_EXCEPTION_THROWN(CommandChecksum("?TOO LONG"), std::overflow_error);
+    QVERIFY_THROWS_EXCEPTION(std::overflow_error, CommandChecksum("?TOO LONG"));
   }
 
   void OpensAndConfigures() {

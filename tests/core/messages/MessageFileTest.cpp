@@ -119,7 +119,7 @@ class MessageFileTest : public QObject {
   void ForeignTexts() {
     CamProgram program;
     for (const QString& text : {u"a\nb"_qs, u"\u0416"_qs}) {
-      QVERIFY_EXCEPTION_THROWN(program.SetMessageText(1, text), std::invalid_argument);
+      QVERIFY_THROWS_EXCEPTION(std::invalid_argument, program.SetMessageText(1, text));
     }
     QCOMPARE(program.MessageText(1), QString());
   }

@@ -80,7 +80,7 @@ class CamProgramTest : public QObject {
     QFETCH(Operation, operation);
     const CamProgram before = FilledProgram();
     CamProgram program = before;
-    QVERIFY_EXCEPTION_THROWN(operation(program), IndexError);
+    QVERIFY_THROWS_EXCEPTION(IndexError, operation(program));
     QVERIFY(SameContent(program, before));
     QVERIFY(program.UndoRow() == before.UndoRow() && program.NumMessages() == 10);
     QCOMPARE(program.CurrentSize() * 10 + program.CurrentCam(), 21);
@@ -90,7 +90,7 @@ class CamProgramTest : public QObject {
   void DescriptionThatNoFileCanHold() {
     CamProgram program = FilledProgram();
     for (const QString& text : {u"two\nlines"_qs, u"\u0416"_qs, u"\U0001F600"_qs}) {
-      QVERIFY_EXCEPTION_THROWN(program.SetCamText(1, text), std::invalid_argument);
+      QVERIFY_THROWS_EXCEPTION(std::invalid_argument, program.SetCamText(1, text));
       QCOMPARE(program.CamText(1), u"1 cam"_qs);
     }
   }
@@ -102,7 +102,7 @@ class CamProgramTest : public QObject {
     QCOMPARE(program.CurrentSize(), 1);
     QCOMPARE(program.CurrentCam(), 0);
     QCOMPARE(program.LastAdvance(), 0);
-    QVERIFY_EXCEPTION_THROWN((void)program.CamMap(2, 0), IndexError);
+    QVERIFY_THROWS_EXCEPTION(IndexError, (void)program.CamMap(2, 0));
     program.SetLimits(3, 4, 10);
     QCOMPARE(program.Functions(), before.Functions());
     QCOMPARE(ContentOf(program), ContentOf(before));

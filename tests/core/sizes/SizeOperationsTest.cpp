@@ -38,7 +38,7 @@ class SizeOperationsTest : public QObject {
     QCOMPARE(ContentOf(program), u"1.1: 10-20; 2.1: 10-20; 2.32: 10-20"_qs);
     EraseCam(program, 2, 0);
     QCOMPARE(ContentOf(program), u"1.1: 10-20; 2.32: 10-20"_qs);
-    QVERIFY_EXCEPTION_THROWN(CopySize(program, 1, 23), IndexError);
+    QVERIFY_THROWS_EXCEPTION(IndexError, CopySize(program, 1, 23));
   }
 
   void Shifts() {

@@ -97,7 +97,7 @@ class SimulatedProgrammerTest : public QObject {
       QVERIFY(f.device.IsUnplugged() && !f.line.PortOpen() && f.window->isVisible());
     }
     f.device.PlugIn();
-    f.chooseModel = [&f](Carprg* window) {
+    f.chooseModel = [](Carprg* window) {
       SimulatedWindow::ClickIn(window, "AutSel");
       QVERIFY(window->findChild<QLabel*>(u"Simulated"_qs)->isVisible());
     };
