@@ -45,12 +45,12 @@ QString StartFolder(const QString& current) {
 
 WorkingFolder WorkingFolder::Choose(const QString& current, const QString& usersFolder,
                                     const QString& installedScripts) {
-  const WorkingFolder here(current);
+  const WorkingFolder here(current, installedScripts);
   if (here.Has(QString::fromLatin1(OptionsName)) ||
       here.Has(QString::fromLatin1(Options::DefaultScript))) {
     return here;
   }
-  const WorkingFolder users(usersFolder);
+  const WorkingFolder users(usersFolder, installedScripts);
   QDir().mkpath(usersFolder);
   const QDir scripts(installedScripts);
   const QStringList names = installedScripts.isEmpty()
@@ -73,6 +73,11 @@ QString WorkingFolder::InstalledScripts(const QString& programFolder) {
     if (QFileInfo(path).isDir()) return path;
   }
   return {};
+}
+
+void WorkingFolder::BringScript(const QString& name) const {
+  if (installedScripts_.isEmpty() || Has(name)) return;
+  QFile::copy(QDir(installedScripts_).filePath(name), QDir(path_).filePath(name));
 }
 
 QString WorkingFolder::Find(const QString& name) const {

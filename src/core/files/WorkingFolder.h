@@ -14,7 +14,8 @@ class WorkingFolder {
  public:
   static constexpr const char* OptionsName = "KlmQx_opt.def";
 
-  explicit WorkingFolder(const QString& path) : path_(path) {}
+  explicit WorkingFolder(const QString& path, const QString& installedScripts = {})
+      : path_(path), installedScripts_(installedScripts) {}
 
   /// `current` when it holds the options file or the default script; otherwise `usersFolder`,
   /// which is made when it is missing and given the scripts, and the new texts
@@ -32,8 +33,12 @@ class WorkingFolder {
   QString Find(const QString& name) const;
   bool Has(const QString& name) const;
 
+  /// Copies a script that came with the program here when there is none of its name.
+  void BringScript(const QString& name) const;
+
  private:
   QString path_;
+  QString installedScripts_;
 };
 
 }  // namespace nira

@@ -34,9 +34,9 @@ bool LanguageCommands::ReadTexts() {
   instance_.Ask.MsgBox(
       QStringLiteral(" FILE '\"") + script + QStringLiteral("\"' IS NOT AVAILABLE"), Buttons::Ok,
       Icon::Critical, QStringLiteral("UNRECOV. DEF.FILE ERROR"));
-  if (script == QLatin1String(Options::DefaultScript)) return false;
-  script = QString::fromLatin1(Options::DefaultScript);
-  WriteOptions();
+  const QString standard = QString::fromLatin1(Options::DefaultScript);
+  instance_.Folder.BringScript(standard);
+  if (std::exchange(script, standard) != standard) WriteOptions();
   return false;
 }
 

@@ -45,6 +45,11 @@ class WorkingFolderTest : public QObject {
     folder = WorkingFolder::Choose(At("here"), At("user"), At("installed"));
     QCOMPARE(QDir(At("user")).entryList(QDir::Files).size(), 2);
     QCOMPARE(ReadBytes(folder.Find(u"p32qx_IT.SCR"_qs)), QByteArray("my own"));
+    folder.BringScript(u"p32qx_IT.SCR"_qs);
+    QCOMPARE(ReadBytes(folder.Find(u"p32qx_IT.SCR"_qs)), QByteArray("my own"));
+    QVERIFY(QFile::remove(At("user/P32qx_it.Scr")));
+    folder.BringScript(u"p32qx_IT.SCR"_qs);  // the default one, when it is gone
+    QVERIFY(folder.Has(u"p32qx_IT.SCR"_qs));
   }
 
   /// A later version's texts reach a user's copy, whose own lines stay.
