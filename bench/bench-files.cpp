@@ -5,6 +5,7 @@
 #include "Programs.h"
 #include "files/CamFile.h"
 #include "files/CamLines.h"
+#include "files/FileWriter.h"
 
 #include <QCoreApplication>
 #include <QFile>
