@@ -3,6 +3,7 @@
 // all 32 columns are painted anew. Figures are milliseconds.
 
 #include "controls/ProgramStyle.h"
+#include "controls/UserSettings.h"
 #include "dialogs/QtPrompts.h"
 #include "dialogs/clsCommonDialog.h"
 #include "functions/FuncSel.h"
@@ -78,11 +79,13 @@ int main(int argc, char** argv) {
   FileWriter writer;
   QtPrompts prompts;
   clsCommonDialog dialog;
+  UserSettings user(QStringLiteral("bench-functions.ini"));  // nothing is kept in it
   const WorkingFolder folder(QStringLiteral("."));
   SystemClock clock;
   const PortNames ports(folder);
   QtSerialControl serial(ports, texts, clock);
-  Instance instance{{serial, clock, program, settings, texts, writer, folder, prompts}, dialog};
+  Instance instance{
+      {serial, clock, program, settings, texts, writer, folder, prompts}, dialog, user};
   FuncSel window(instance, nullptr, nullptr);
   window.show();
   QElapsedTimer settling;  // the window system places and activates the window

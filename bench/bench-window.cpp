@@ -11,6 +11,7 @@
 #include "FirstPaint.h"
 #include "Programs.h"
 #include "controls/ProgramStyle.h"
+#include "controls/UserSettings.h"
 #include "dialogs/QtPrompts.h"
 #include "dialogs/clsCommonDialog.h"
 #include "editor/MainWindow.h"
@@ -52,9 +53,11 @@ struct Running {
   QtPrompts prompts;
   clsCommonDialog dialog;
   WorkingFolder folder;
+  UserSettings user{folder.Path() + QStringLiteral("/user.ini")};
   ScriptedSerial serial;
   PortNames ports{folder};
-  Instance instance{{serial, serial, program, settings, texts, writer, folder, prompts}, dialog};
+  Instance instance{
+      {serial, serial, program, settings, texts, writer, folder, prompts}, dialog, user};
   MainWindow window;
 };
 

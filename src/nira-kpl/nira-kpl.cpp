@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/ProgramStyle.h"
+#include "controls/UserSettings.h"
 #include "dialogs/QtPrompts.h"
 #include "dialogs/clsCommonDialog.h"
 #include "editor/MainWindow.h"
@@ -23,6 +24,11 @@ QString UsersFolder() {
   const QString path = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
   QDir().mkpath(path);
   return path;
+}
+
+QString UserSettingsPath() {
+  const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
+  return QDir(folder).filePath(QStringLiteral("nira-kpl.ini"));
 }
 
 /// The text that a second instance shows comes from the script, which is not read yet; without one
@@ -75,10 +81,12 @@ int main(int argc, char** argv) {
   FileWriter writer;
   QtPrompts prompts;
   clsCommonDialog dialog;
+  UserSettings user(UserSettingsPath());
   SystemClock clock;
   const PortNames ports(folder);
   QtSerialControl serial(ports, texts, clock);
-  Instance instance{{serial, clock, program, settings, texts, writer, folder, prompts}, dialog};
+  Instance instance{
+      {serial, clock, program, settings, texts, writer, folder, prompts}, dialog, user};
 
   QLockFile lock(QDir(usersFolder).filePath(QStringLiteral("nira-kpl.lock")));
   lock.setStaleLockTime(0);  // held as long as its process lives, whatever the clock says

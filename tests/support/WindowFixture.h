@@ -3,6 +3,7 @@
 
 #include "controls/CamBar.h"
 #include "controls/DegreeBox.h"
+#include "controls/UserSettings.h"
 #include "dialogs/clsCommonDialog.h"
 #include "editor/MainWindow.h"
 #include "line/Carprg.h"
@@ -114,7 +115,8 @@ struct WindowFixture {
   explicit WindowFixture(SerialControl* port = nullptr, Clock* clock = nullptr)
       : instance{{port ? *port : serial, clock ? *clock : serial, program, settings, texts, writer,
                   working, prompts},
-                 dialog} {
+                 dialog,
+                 user} {
     serial.Holding = false;
     const QDir scripts(QStringLiteral(NIRA_SOURCE_FOLDER "/lang"));
     for (const QString& name : scripts.entryList(QDir::Files)) {
@@ -305,6 +307,7 @@ struct WindowFixture {
   WorkingFolder working{temporary.path()};
   ScriptedPrompts prompts;
   ScriptedDialog dialog;
+  UserSettings user{Path(QStringLiteral("user.ini"))};
   ScriptedSerial serial;
   PortNames ports{working, QStringLiteral("/nodev")};
   Instance instance;

@@ -3,6 +3,7 @@
 
 #include "controls/PlainTip.h"
 #include "controls/ThemedIcon.h"
+#include "controls/UserSettings.h"
 #include "dialogs/About.h"
 #include "dialogs/clsCommonDialog.h"
 #include "editor/CamDiagram.h"
@@ -47,6 +48,8 @@ namespace {
 /// Width in pixels that the controls were drawn for; a wider window scales them once.
 constexpr int designWidth = 646;
 constexpr QSize largestStart(1280, 960);
+constexpr QSize leastSize(800, 560);
+constexpr auto placeKey = "window/place";
 
 struct Tip {
   const char* button;
@@ -511,7 +514,10 @@ void MainWindow::Rescale(double factor) {
   entry_->Rescale(pixels(1.2), large, scaled(106));
 }
 
+/// Where the last run left it; a place on a screen that is gone is moved onto one that is there.
 void MainWindow::FitToScreen() {
+  setMinimumSize(leastSize);
+  if (restoreGeometry(instance_.User.Bytes(placeKey))) return;
   const QScreen* screen = QGuiApplication::primaryScreen();
   const QRect room = screen->availableGeometry();
   constexpr QSize frame(8, 40);  // what borders and title bar take, on the generous side
@@ -570,6 +576,7 @@ void MainWindow::Form_QueryUnload(bool& cancel) {
 
 /// The program ends with its last window.
 void MainWindow::Form_Unload() {
+  instance_.User.Keep(placeKey, saveGeometry());
   for (QWidget* window : QApplication::topLevelWidgets()) {
     if (window != this) window->close();
   }

@@ -2,6 +2,7 @@
 #include "support/Tables.h"
 #include "support/WindowFixture.h"
 
+#include <QScreen>
 #include <QTest>
 #include <QTextDocument>
 
@@ -102,6 +103,28 @@ class MainWindowStartTest : public QObject {
     f.window->show();
     QVERIFY(QTest::qWaitForWindowActive(&*f.window));
     QCOMPARE(f.window->windowTitle(), current ? activeTitle + u"press.CAM"_qs : activeTitle);
+  }
+
+  /// The window comes back as it was left, but never beside the screen; a settings file that is
+  /// none is begun anew.
+  void PlaceOfTheLastRun_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("first run") << QByteArray();
+    QTest::newRow("spoilt") << QByteArray("[window]\nplace=@ByteArray(none)\n");
+    QTest::newRow("another file") << QByteArray(100 * 1024, '[');
+  }
+
+  void PlaceOfTheLastRun() {
+    QFETCH(QByteArray, bytes);
+    WindowFixture f;
+    QVERIFY(WriteBytes(f.Path(u"user.ini"_qs), bytes));
+    QVERIFY(f.Start());
+    QCOMPARE(f.window->size(), QSize(800, 760));
+    f.window->setGeometry(4000, 50, 200, 600);
+    f.window->close();
+    QVERIFY(f.Start());
+    QCOMPARE(f.window->size(), QSize(800, 600));
+    QVERIFY(f.window->screen()->availableGeometry().intersects(f.window->geometry()));
   }
 
   void ShortcutsDoNotClash() {
