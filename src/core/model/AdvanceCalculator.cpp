@@ -23,6 +23,11 @@ int AdvanceCalculator::TimeFor(int speed, int degrees) {
   return atOne / speed;
 }
 
+QString AdvanceCalculator::Duration(int speed, int degrees) {
+  const double time = degrees * 60000.0 / (CamProgram::Degrees * speed);
+  return QString::number(time, 'f', time < 99.95 ? 1 : 0) + QStringLiteral(" ms");
+}
+
 AdvanceCalculator::Setting AdvanceCalculator::Fitting(int speed, int wanted) {
   int degrees = wanted;  // one degree fits at every speed: 167 ms at the lowest
   while (TimeFor(speed, degrees) > MaxTime) --degrees;

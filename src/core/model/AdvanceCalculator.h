@@ -25,6 +25,10 @@ struct AdvanceCalculator {
   /// Milliseconds (whole, not limited) that an advance of `degrees` takes at `speed` (1..4000).
   static int TimeFor(int speed, int degrees);
 
+  /// How long the shaft takes for `degrees` at `speed` (1..4000): "35.3 ms", whole milliseconds
+  /// from 100 on.
+  static QString Duration(int speed, int degrees);
+
   /// A wanted angle (degrees) and the time (ms) that gives it.
   struct Setting {
     int degrees = 0;
