@@ -20,7 +20,10 @@ namespace nira {
 namespace {
 
 constexpr int highestRow = 36;  // pixels
+constexpr int leastRow = 12;
 constexpr int rowGap = 1;
+constexpr int leastRowText = 11;
+constexpr int largestRowText = 18;
 constexpr int columnGap = 8;
 constexpr int lampColumn = DiagramPlace::LampSide + 2 * columnGap;  // the lamp between two gaps
 constexpr int tick = 5;
@@ -135,9 +138,9 @@ void CamDiagram::ShowPreview(int cam, const std::vector<Phase>& goes,
   phaseMarks_->Preview(RowOf(cam).bar, goes, comes);
 }
 
-void CamDiagram::Rescale(int rowPixels, int scalePixels) {
-  rowPixels_ = rowPixels;
+void CamDiagram::Rescale(int scalePixels) {
   scalePixels_ = scalePixels;
+  setMinimumHeight(2 * ScaleHeight() + CamProgram::MaxCams * leastRow);
   Arrange();
 }
 
@@ -150,33 +153,44 @@ void CamDiagram::SetScale() {
 }
 
 void CamDiagram::Arrange() {
-  QFont scale = font();
-  scale.setPixelSize(scalePixels_);
-  QFont rows = font();
-  rows.setPixelSize(rowPixels_);
-  const QFontMetrics scaleMetrics(scale);
+  const QFontMetrics scaleMetrics(ScaleFont());
+  const int scaleHeight = ScaleHeight();
+  const int room = std::max(0, height() - 2 * scaleHeight);
+  const int rowHeight = std::min(highestRow * place_.numCams, room);
+  const QFont rows = RowFont(rowHeight / place_.numCams);
   const QFontMetrics rowMetrics(rows);
-
-  const int scaleHeight = scaleMetrics.height() + longTick + 4;
   const int numbers = rowMetrics.horizontalAdvance(QStringLiteral("00")) + 6;
   const int halfMark = scaleMetrics.horizontalAdvance(QStringLiteral("360")) / 2 + 2;
   const int descriptions =
       std::clamp(rowMetrics.horizontalAdvance(QString(20, u'A')) + 12, 60, width() / 4);
   const int left = numbers + lampColumn + descriptions + columnGap;
-  const int room = std::max(0, height() - 2 * scaleHeight);
-  const int rowHeight = std::min(highestRow * place_.numCams, room);
   place_.bars = QRect(left, scaleHeight, std::max(1, width() - left - halfMark), rowHeight);
 
-  ArrangeRows();
+  ArrangeRows(rows);
   ArrangeScale();
   SetScale();
 }
 
-void CamDiagram::ArrangeRows() {
-  const QRect& bars = place_.bars;
-  const int lowest = bars.height() / place_.numCams;
+QFont CamDiagram::ScaleFont() const {
+  QFont scale = font();
+  scale.setPixelSize(scalePixels_);
+  return scale;
+}
+
+/// What one of the scales takes, above the rows or below.
+int CamDiagram::ScaleHeight() const {
+  return QFontMetrics(ScaleFont()).height() + longTick + 4;
+}
+
+/// The text of a row of this height in pixels.
+QFont CamDiagram::RowFont(int height) const {
   QFont rows = font();
-  rows.setPixelSize(std::clamp(lowest * 7 / 10, 6, rowPixels_));
+  rows.setPixelSize(std::clamp(qRound(height * 0.64), leastRowText, largestRowText));
+  return rows;
+}
+
+void CamDiagram::ArrangeRows(const QFont& rows) {
+  const QRect& bars = place_.bars;
   const int numbers = QFontMetrics(rows).horizontalAdvance(QStringLiteral("00")) + 6;
   place_.lampLeft = numbers + columnGap;
   for (int cam = 0; cam < place_.numCams; ++cam) {
@@ -196,8 +210,7 @@ void CamDiagram::ArrangeRows() {
 }
 
 void CamDiagram::ArrangeScale() {
-  QFont scale = font();
-  scale.setPixelSize(scalePixels_);
+  const QFont scale = ScaleFont();
   const QFontMetrics metrics(scale);
   const QRect& bars = place_.bars;
   const int markWidth = metrics.horizontalAdvance(QStringLiteral("0000"));
@@ -231,10 +244,8 @@ void CamDiagram::paintEvent(QPaintEvent*) {
 
 void CamDiagram::PaintTicks(QPainter& painter) const {
   painter.setPen(palette().color(QPalette::WindowText));
-  QFont scale = font();
-  scale.setPixelSize(scalePixels_);
-  painter.setFont(scale);
-  const QFontMetrics metrics(scale);
+  painter.setFont(ScaleFont());
+  const QFontMetrics metrics = painter.fontMetrics();
   const int above = place_.bars.top() - 2;
   const int below = place_.bars.bottom() + 2;
   for (int degree = 0; degree <= 360; degree += 10) {

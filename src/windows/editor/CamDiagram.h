@@ -47,8 +47,8 @@ class CamDiagram : public QWidget {
   /// Computes the units per degree from the width that is drawn on.
   void SetScale();
 
-  /// Font sizes in pixels: of the rows (smaller where a row is low) and of the scale.
-  void Rescale(int rowPixels, int scalePixels);
+  /// Font size of the scale in pixels. That of the rows follows their height.
+  void Rescale(int scalePixels);
 
   CamBar* Barra(int cam) const { return RowOf(cam).bar; }
 
@@ -93,7 +93,10 @@ class CamDiagram : public QWidget {
   void BuildRow(int cam);
   void BuildScale();
   void Arrange();
-  void ArrangeRows();
+  QFont ScaleFont() const;
+  int ScaleHeight() const;
+  QFont RowFont(int height) const;
+  void ArrangeRows(const QFont& rows);
   void ArrangeScale();
   void PaintTicks(QPainter& painter) const;
   void PointAt(const QPoint& place);
@@ -112,7 +115,6 @@ class CamDiagram : public QWidget {
   DiagramPlace place_;
   PhaseMarks* phaseMarks_;
   HoverLine* line_;
-  int rowPixels_ = 12;
   int scalePixels_ = 11;
 };
 

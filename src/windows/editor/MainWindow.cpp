@@ -48,7 +48,8 @@ namespace {
 /// Width in pixels that the controls were drawn for; a wider window scales them once.
 constexpr int designWidth = 646;
 constexpr QSize largestStart(1280, 960);
-constexpr QSize leastSize(800, 560);
+constexpr int leastWidth = 800;  // the least height is that of 32 rows
+constexpr int leastText = 12;    // pixels
 constexpr auto placeKey = "window/place";
 
 struct Tip {
@@ -132,6 +133,7 @@ void MainWindow::BuildToolbar() {
 
 void MainWindow::BuildCentre() {
   auto* centre = new QWidget;
+  centre->setMinimumWidth(leastWidth);
   diagram_ = new CamDiagram(centre);
   diagram_->setObjectName(QStringLiteral("Diagram"));
   entry_ = new PhaseEntry(instance_, centre);
@@ -493,30 +495,29 @@ MainWindow::TitleParts MainWindow::TitleSource() const {
           program.NumMessages()};
 }
 
-/// Fonts and fixed sizes for a scale factor. The design sizes are halves of what a window of twice
-/// the design width shows, in the type size of the desktop.
+/// Fonts and fixed sizes for a scale factor, in parts of the desktop's type size. They are drawn
+/// for a window of twice the design width, and stay so in a smaller one: nothing gets too small to
+/// read.
 void MainWindow::Rescale(double factor) {
-  const double base = QFontInfo(QApplication::font()).pixelSize() / 2.0;
-  const auto scaled = [factor](double design) { return std::max(1, qRound(design * factor)); };
-  const auto pixels = [&](double part) { return std::max(6, scaled(base * part)); };
+  const double base = std::max(leastText, QFontInfo(QApplication::font()).pixelSize());
+  const double share = std::max(1.0, factor / 2);
+  const auto scaled = [share](double design) { return qRound(design * share); };
   // Few sizes: each one more costs the start a font engine.
-  const int text = pixels(1.04);
-  const int large = pixels(2.2);
+  const int large = scaled(base * 2.2);
   QFont label = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   label.setPixelSize(large);
   sizeCam_->setFont(label);
-  toolbar_->setIconSize({scaled(12), scaled(12)});
+  toolbar_->setIconSize({scaled(24), scaled(24)});
   for (QToolButton* button : toolbar_->findChildren<QToolButton*>()) {
     button->setIconSize(toolbar_->iconSize());
   }
-  picture1_->Rescale({scaled(36), scaled(15)});
-  diagram_->Rescale(text, pixels(0.92));
-  entry_->Rescale(pixels(1.2), large, scaled(106));
+  picture1_->Rescale({scaled(72), scaled(30)});
+  diagram_->Rescale(scaled(base * 0.92));
+  entry_->Rescale(scaled(base * 1.2), large, scaled(212));
 }
 
 /// Where the last run left it; a place on a screen that is gone is moved onto one that is there.
 void MainWindow::FitToScreen() {
-  setMinimumSize(leastSize);
   if (restoreGeometry(instance_.User.Bytes(placeKey))) return;
   const QScreen* screen = QGuiApplication::primaryScreen();
   const QRect room = screen->availableGeometry();
