@@ -3,7 +3,7 @@
 //   bench-window start     start of the program to its first painted window, against an empty one
 //   bench-window switch    switching the size, 32 cams of 180 phases each, until it is painted
 //   bench-window hover     a move of the pointer by some degrees over two such sizes, all lamps
-//                          changing, until it is painted
+//                          changing, until it is painted; without and with a speed
 //   bench-window sizes     copying a size onto another, and importing one from the largest file,
 //                          until it is painted
 // Figures are medians in milliseconds; `start` runs both windows in turn, each in its own process.
@@ -15,6 +15,7 @@
 #include "dialogs/QtPrompts.h"
 #include "dialogs/clsCommonDialog.h"
 #include "editor/MainWindow.h"
+#include "editor/SpeedBox.h"
 #include "files/CamLines.h"
 #include "sizes/SizeOperations.h"
 #include "support/ScriptedSerial.h"
@@ -132,9 +133,20 @@ void LoadFull(Running& running) {
   running.window.ShowSizeCam();
 }
 
-void MeasureHover(const QString& folder, QTextStream& out) {
+/// Every cam has an advance and the speed is set: each row has its line of 180 runs.
+void SetSpeed(Running& running, int speed) {
+  FunctionsBlock block;
+  block.AdvanceOn = 1;
+  block.AdvanceLast = CamProgram::MaxCams - 1;
+  block.CamFunc.fill(25);
+  running.program.SetFunctions(block);
+  running.window.findChild<SpeedBox*>()->SetSpeed(speed);
+}
+
+void MeasureHover(const QString& folder, QTextStream& out, int speed) {
   Running running(folder);
   LoadFull(running);
+  SetSpeed(running, speed);
   running.window.show();
   QApplication::processEvents();
   std::vector<double> times;
@@ -149,7 +161,8 @@ void MeasureHover(const QString& folder, QTextStream& out) {
     QApplication::processEvents();
     times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
   }
-  out << "pointer over 32 cams x 180 phases (at most 2 ms): " << Median(times) << " ms, at most "
+  out << "pointer over 32 cams x 180 phases at " << speed
+      << " rev/min (at most 2 ms): " << Median(times) << " ms, at most "
       << *std::max_element(times.begin(), times.end()) << " ms" << Qt::endl;
 }
 
@@ -201,7 +214,9 @@ int main(int argc, char** argv) {
   };
   if (wanted("start")) MeasureStart(folder.path(), out);
   if (wanted("switch")) MeasureSwitch(folder.path(), out);
-  if (wanted("hover")) MeasureHover(folder.path(), out);
+  if (wanted("hover")) {
+    for (const int speed : {0, 600}) MeasureHover(folder.path(), out, speed);
+  }
   if (wanted("sizes")) MeasureSizes(folder.path(), out);
   return 0;
 }

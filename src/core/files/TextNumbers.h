@@ -189,6 +189,7 @@ enum class TextNumber : int {
   PreviewUnasked = 351,
   PreviewNeighbour = 352,
   PreviewNotKept = 353,
+  SpeedPurpose = 420,
 };
 
 }  // namespace nira

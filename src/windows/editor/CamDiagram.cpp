@@ -3,7 +3,9 @@
 
 #include "editor/HoverLine.h"
 #include "editor/PhaseMarks.h"
+#include "editor/SwitchingMarks.h"
 #include "ground/Text.h"
+#include "model/AdvanceCalculator.h"
 
 #include <QContextMenuEvent>
 #include <QHelpEvent>
@@ -122,6 +124,7 @@ void CamDiagram::ShowCam(int cam, const PhaseList& phases, bool selected, const 
     row.description->setPalette(palette);
   }
   row.description->ShowText(text);
+  if (outputs_ != nullptr) outputs_->Follow(cam);
   if (read && line_->Degree() >= 0) Read();
 }
 
@@ -138,6 +141,19 @@ void CamDiagram::ShowPreview(int cam, const std::vector<Phase>& goes,
   phaseMarks_->Preview(RowOf(cam).bar, goes, comes);
 }
 
+void CamDiagram::ShowSpeed(int speed, const std::vector<Switching>& rows) {
+  speed_ = speed;
+  if (outputs_ == nullptr && speed == 0) return;
+  if (outputs_ == nullptr) {
+    outputs_ = new SwitchingMarks(this);
+    outputs_->show();
+    SetScale();
+  }
+  for (std::size_t row = 0; row < rows.size(); ++row) {
+    outputs_->Show(static_cast<int>(row), rows_.at(row).bar, rows[row]);
+  }
+}
+
 void CamDiagram::Rescale(int scalePixels) {
   scalePixels_ = scalePixels;
   setMinimumHeight(2 * ScaleHeight() + CamProgram::MaxCams * leastRow);
@@ -148,6 +164,7 @@ void CamDiagram::SetScale() {
   place_.unitsPerDegree = place_.bars.width() / 359.0;
   for (const Row& row : rows_) row.bar->SetScale(place_.unitsPerDegree);
   phaseMarks_->Arrange(place_, scalePixels_);
+  if (outputs_ != nullptr) outputs_->Arrange(place_, scalePixels_);
   line_->Arrange(place_, scalePixels_);
   update();
 }
@@ -382,10 +399,24 @@ void CamDiagram::ShowTip(int cam, const QHelpEvent& event) const {
   const auto digits = [](std::int64_t value, int width) { return ZeroFilled(value, width); };
   const QString title = u'C' + digits(cam + 1, 2) + u' ' + row.description->text();
   const QString text =
-      QStringLiteral("<p style='white-space:pre'><b>%1   F%2</b><br>ON %3  OFF %4   %5°</p>")
+      QStringLiteral("<p style='white-space:pre'><b>%1   F%2</b><br>ON %3  OFF %4   %5°%6</p>")
           .arg(title.toHtmlEscaped(), digits(number, 3), digits(phase->on, 3),
-               digits(phase->off, 3), QString::number(phase->Length()));
+               digits(phase->off, 3), QString::number(phase->Length()), TimesOf(cam, *phase));
   QToolTip::showText(event.globalPos(), text, row.bar, row.bar->BoxOf(*row.bar->RunAt(event.x())));
+}
+
+/// What the speed adds to the tip: for how long, and where the output really switches.
+QString CamDiagram::TimesOf(int cam, const Phase& phase) const {
+  if (speed_ == 0) return {};
+  const QString time = QStringLiteral("   ") + AdvanceCalculator::Duration(speed_, phase.Length());
+  const Switching& switching = outputs_->Shown(cam);
+  if (!switching.moved) return time;
+  const Phase real = switching.Applied(phase);
+  const QString degrees =
+      (switching.earlier < 0 ? u'+' : u'-') + QString::number(std::abs(switching.earlier));
+  return time + QStringLiteral("<br>R.P.M. %1:  ON %2  OFF %3   %4°")
+                    .arg(QString::number(speed_), ZeroFilled(real.on, 3), ZeroFilled(real.off, 3),
+                         degrees);
 }
 
 }  // namespace nira

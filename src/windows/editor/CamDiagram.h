@@ -20,6 +20,8 @@ namespace nira {
 
 class HoverLine;
 class PhaseMarks;
+class SwitchingMarks;
+struct Switching;
 
 /// The diagram of the selected size: per cam its number, its description and its bar, over a scale
 /// of degrees. It shows what it is given and knows nothing of the program.
@@ -43,6 +45,10 @@ class CamDiagram : public QWidget {
 
   /// Shows in the bar of a cam which phases would go and come.
   void ShowPreview(int cam, const std::vector<Phase>& goes, const std::vector<Phase>& comes);
+
+  /// The speed in rev/min (0 for none) for which times are told, and what the programmer makes of
+  /// each row then.
+  void ShowSpeed(int speed, const std::vector<Switching>& rows);
 
   /// Computes the units per degree from the width that is drawn on.
   void SetScale();
@@ -103,6 +109,7 @@ class CamDiagram : public QWidget {
   void Pin(const QPoint& place);
   void Read();
   void ShowTip(int cam, const QHelpEvent& event) const;
+  QString TimesOf(int cam, const Phase& phase) const;
   int CamOf(const QObject* bar) const;
   const Phase* PhaseUnder(int cam, int x) const;
   bool BarPressed(int cam, const QMouseEvent& event);
@@ -115,6 +122,8 @@ class CamDiagram : public QWidget {
   DiagramPlace place_;
   PhaseMarks* phaseMarks_;
   HoverLine* line_;
+  SwitchingMarks* outputs_ = nullptr;  // made with the first speed
+  int speed_ = 0;
   int scalePixels_ = 11;
 };
 

@@ -12,12 +12,14 @@
 #include "editor/PhaseEntry.h"
 #include "editor/SizeCommands.h"
 #include "editor/SizeStepper.h"
+#include "editor/SpeedBox.h"
 #include "editor/StatusLine.h"
 #include "functions/BNKRTN.h"
 #include "functions/CalcAnt.h"
 #include "functions/FuncSel.h"
 #include "ground/Text.h"
 #include "messages/AlMsg.h"
+#include "model/Switching.h"
 #include "printing/PrnSize.h"
 
 #include <QAction>
@@ -170,6 +172,7 @@ void MainWindow::ConnectAll() {
     o_Undo_->setEnabled(true);
     ShowSizeCam();
   });
+  connect(entry_->Speed(), &SpeedBox::SpeedChanged, this, &MainWindow::ShowSwitching);
   connect(entry_, &PhaseEntry::SelectionMoved, this, &MainWindow::ShowSizeCam);
   connect(files_, &FileCommands::ProgramReplaced, this, &MainWindow::ProgramReplaced);
   connect(files_, &FileCommands::Saved, status_, &StatusLine::ShowFile);
@@ -315,7 +318,17 @@ void MainWindow::ShowSizeCam() {
       instance_.Text(TextNumber::CamWord).left(1) + ZeroFilled(program.CurrentCam() + 1, 2));
   diagram_->ShowRows(program.NumCams());
   for (int cam = 0; cam < program.NumCams(); ++cam) RefreshCam(cam);
+  ShowSwitching();
   status_->Show();
+}
+
+void MainWindow::ShowSwitching() {
+  const int speed = entry_->Speed()->Speed();
+  std::vector<Switching> cams(CamProgram::MaxCams);
+  for (int cam = 0; speed > 0 && cam < instance_.Program.NumCams(); ++cam) {
+    cams[static_cast<std::size_t>(cam)] = Switching::Of(instance_.Program, cam, speed);
+  }
+  diagram_->ShowSpeed(speed, cams);
 }
 
 void MainWindow::RefreshCam(int cam) {
@@ -406,6 +419,7 @@ void MainWindow::Select(QDialog&& window) {
   if (selection() != before) {
     ShowSizeCam();
   } else {
+    ShowSwitching();  // the functions may have changed
     status_->Show();
   }
 }

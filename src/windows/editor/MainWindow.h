@@ -41,6 +41,9 @@ class MainWindow : public QMainWindow {
   /// Draws one cam (index from 0); for the selected one also the phase list and the count.
   void RefreshCam(int cam);
 
+  /// What the programmer makes of the cams at the speed that is set.
+  void ShowSwitching();
+
   void LabCam_Click(int cam);
   void LabCam_DblClick(int cam);
 

@@ -3,7 +3,9 @@
 
 #include "editor/PhaseDelegate.h"
 #include "editor/PreviewField.h"
+#include "editor/SpeedBox.h"
 #include "ground/Text.h"
+#include "model/AdvanceCalculator.h"
 
 #include <QFontDatabase>
 #include <QFrame>
@@ -77,6 +79,10 @@ PhaseEntry::PhaseEntry(Instance& instance, QWidget* parent) : QWidget(parent), i
   for (const DegreeBox* box : {gradiOn_, gradiOff_}) {
     connect(box, &QLineEdit::textChanged, this, &PhaseEntry::Preview);
   }
+  connect(speed_, &SpeedBox::SpeedChanged, this, [this] {
+    ShowLengths();
+    Preview();
+  });
   connect(gradiOn_, &DegreeBox::FocusLost, this, &PhaseEntry::Lost);
   connect(gradiOff_, &DegreeBox::FocusLost, this, &PhaseEntry::Lost);
 }
@@ -91,6 +97,7 @@ void PhaseEntry::BuildControls() {
   tFasi_ = named(new QLabel(this), "t_fasi");
   totFasi_ = named(new QLabel(QStringLiteral("000"), this), "Tot_fasi");
   onSum_ = named(new QLabel(this), "OnSum");
+  speed_ = named(new SpeedBox(this), "SpeedBox");
   lGrad_ = named(new QLabel(QStringLiteral(" ON    DEGR  OFF"), this), "LGrad");
   constexpr int width = PhaseList::EntryWidth;
   const auto onFilter = [this](char16_t& code) { return GRADION_KeyPress(code); };
@@ -136,6 +143,7 @@ void PhaseEntry::BuildLayout() {
   layout->addWidget(lfOnOf_);
   layout->addWidget(fase_, 1);
   layout->addLayout(count);
+  layout->addWidget(speed_);
   layout->addWidget(line);
   layout->addWidget(lGrad_);
   layout->addLayout(boxes);
@@ -161,6 +169,7 @@ void PhaseEntry::Rescale(int dataPixels, int entryPixels, int width) {
   }
   heading.setPixelSize(dataPixels * 13 / 16);
   preview_->setFont(heading);
+  static_cast<PhaseDelegate*>(fase_->itemDelegate())->SetSmallFont(heading);
   constexpr int previewHeight = 44;
   preview_->setFixedHeight(std::max(previewHeight, 2 * QFontMetrics(heading).height() + 8));
   setFixedWidth(width);
@@ -168,6 +177,7 @@ void PhaseEntry::Rescale(int dataPixels, int entryPixels, int width) {
 
 void PhaseEntry::ShowPhases(const PhaseList& phases) {
   tFasi_->setText(instance_.Text(TextNumber::PhasesHeading));
+  speed_->ShowPurpose(instance_.Text(TextNumber::SpeedPurpose));
   const QSignalBlocker quiet(fase_);
   const bool sameCam = std::exchange(shown_, Selected()) == Selected();
   const int scrolled = sameCam ? fase_->verticalScrollBar()->value() : 0;
@@ -184,12 +194,17 @@ void PhaseEntry::ShowPhases(const PhaseList& phases) {
   Preview();
 }
 
-/// For how many degrees each phase is ON, and all of them with their part of the cycle.
+/// For how many degrees each phase is ON, and all of them with their part of the cycle; with a
+/// speed for how long as well.
 void PhaseEntry::ShowLengths() {
+  const int speed = speed_->Speed();
   int sum = 0;
   for (int row = 0; row < fase_->count(); ++row) {
     const int length = phases_[static_cast<std::size_t>(row)].Length();
-    fase_->item(row)->setData(PhaseDelegate::Length, QString(QString::number(length) + u'°'));
+    QListWidgetItem* item = fase_->item(row);
+    item->setData(PhaseDelegate::Length, QString(QString::number(length) + u'°'));
+    item->setData(PhaseDelegate::Time,
+                  speed == 0 ? QString() : AdvanceCalculator::Duration(speed, length));
     sum += length;
   }
   const int percent = qRound(sum * 100.0 / CamProgram::Degrees);
@@ -216,7 +231,7 @@ void PhaseEntry::Preview() {
   const CamRow& row = instance_.Program.CamMap(Selected().first, cam);
   const PhasePreview preview = PhasePreview::Of(row, pair.on, pair.off);
   const bool listed = std::find(phases_.begin(), phases_.end(), pair) != phases_.end();
-  preview_->ShowPreview(preview, !edited_ && !listed, instance_.Texts);
+  preview_->ShowPreview(preview, !edited_ && !listed, instance_.Texts, speed_->Speed());
   Q_EMIT Previewed(cam, preview.goes, preview.comes);
 }
 

@@ -18,6 +18,7 @@ class QListWidget;
 namespace nira {
 
 class PreviewField;
+class SpeedBox;
 
 /// The panel beside the diagram: the phases of the selected cam, their count, and the two boxes in
 /// which a phase is typed, with what they would do. A phase goes into the program when the OFF box
@@ -51,6 +52,7 @@ class PhaseEntry : public QWidget {
   void Rescale(int dataPixels, int entryPixels, int width);
 
   QListWidget* Fase() const { return fase_; }
+  SpeedBox* Speed() const { return speed_; }
 
   void Fase_Click();
   void Fase_DblClick();
@@ -111,6 +113,7 @@ class PhaseEntry : public QWidget {
   QLabel* tFasi_;
   QLabel* totFasi_;
   QLabel* onSum_;
+  SpeedBox* speed_;
   QLabel* lGrad_;
   DegreeBox* gradiOn_;
   DegreeBox* gradiOff_;

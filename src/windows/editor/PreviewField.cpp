@@ -5,6 +5,7 @@
 #include "controls/Shades.h"
 #include "files/TextNumbers.h"
 #include "ground/Text.h"
+#include "model/AdvanceCalculator.h"
 
 #include <QPainter>
 
@@ -24,8 +25,10 @@ QString Pair(const Phase& phase) {
   return ZeroFilled(phase.on, 3) + u'-' + ZeroFilled(phase.off, 3);
 }
 
-QString Length(const Phase& phase) {
-  return QStringLiteral("  ") + QString::number(phase.Length()) + u'°';
+QString Length(const Phase& phase, int speed) {
+  const QString degrees = QStringLiteral("  ") + QString::number(phase.Length()) + u'°';
+  if (speed == 0) return degrees;
+  return degrees + QStringLiteral("  ") + AdvanceCalculator::Duration(speed, phase.Length());
 }
 
 /// "F001, F002 e F003".
@@ -36,8 +39,8 @@ QString Names(const std::vector<int>& numbers, const QString& last) {
   return names.join(QStringLiteral(", ")) + last + end;
 }
 
-QString Words(const PhaseChange& change, const MessageTable& texts) {
-  const QString after = Pair(change.after) + Length(change.after);
+QString Words(const PhaseChange& change, const MessageTable& texts, int speed) {
+  const QString after = Pair(change.after) + Length(change.after, speed);
   switch (change.kind) {
     case PhaseChange::Kind::New:
       return texts.Text(TextNumber::PreviewNew) + after;
@@ -62,15 +65,15 @@ PreviewField::PreviewField(QWidget* parent) : QLabel(parent) {
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 }
 
-void PreviewField::ShowPreview(const PhasePreview& preview, bool unasked,
-                               const MessageTable& texts) {
+void PreviewField::ShowPreview(const PhasePreview& preview, bool unasked, const MessageTable& texts,
+                               int speed) {
   QStringList minded;
   if (unasked) minded.append(texts.Text(TextNumber::PreviewUnasked));
   if (preview.neighbourGoes) minded.append(texts.Text(TextNumber::PreviewNeighbour));
   if (!preview.keptInFile) minded.append(texts.Text(TextNumber::PreviewNotKept));
   amber_ = !minded.isEmpty();
   QStringList words;
-  for (const PhaseChange& change : preview.changes) words.append(Words(change, texts));
+  for (const PhaseChange& change : preview.changes) words.append(Words(change, texts, speed));
   if (words.isEmpty()) words.append(texts.Text(TextNumber::PreviewNothing));
   const QString first =
       amber_ ? minded.join(QStringLiteral("; ")) : texts.Text(TextNumber::PreviewHeading);

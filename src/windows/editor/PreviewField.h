@@ -16,8 +16,9 @@ class PreviewField : public QLabel {
  public:
   explicit PreviewField(QWidget* parent);
 
-  /// `unasked`: nobody typed the pair, and no line of the list has it.
-  void ShowPreview(const PhasePreview& preview, bool unasked, const MessageTable& texts);
+  /// `unasked`: nobody typed the pair, and no line of the list has it. With a speed (rev/min, 0 for
+  /// none) times stand beside degrees.
+  void ShowPreview(const PhasePreview& preview, bool unasked, const MessageTable& texts, int speed);
 
   bool Amber() const { return amber_; }
 

@@ -341,6 +341,51 @@ class DiagramTest : public QObject {
     QCOMPARE(f.Runs(1, 3), u"15-105"_qs);
   }
 
+  /// With a speed: times beside degrees, and below the drawn runs where the outputs really switch.
+  void Speed() {
+    WindowFixture f;
+    QVERIFY(f.StartWith(u"100-120"_qs, 3));
+    FunctionsBlock block;
+    block.AdvanceOn = block.Ratio25On = 1;
+    block.AdvanceLast = 3;
+    block.CamFunc[3] = 25;
+    f.program.SetFunctions(block);
+    f.program.ClearSize(1);  // line and tip tell what is drawn
+    const auto speed = [&f](const QString& typed) {
+      f.ClickLine(0);
+      f.Click(u"Speed"_qs);
+      f.Type(typed + u'\r');
+      return f.Box("Speed");
+    };
+    const auto* bar = f.Find<CamBar>(u"Barra_3"_qs);
+    f.ClickLine(0);
+    const QImage before = Picture(f, u"Diagram"_qs);
+    const QImage drawn = Picture(f, u"Barra_3"_qs);
+    QCOMPARE(speed(u"600"_qs), u"600"_qs);  // 90 degrees
+    QImage line = Picture(f, u"Barra_3"_qs);
+    line = line.copy(0, line.height() - 1, line.width(), 1);
+    const QRect box = bar->BoxOf({10, 30});
+    QCOMPARE(Boxes(line, 0xff8e0f8e), (QList{std::pair(box.left(), box.width())}));
+    const QRect runs = drawn.rect().adjusted(0, 0, 0, -2);
+    QCOMPARE(Picture(f, u"Barra_3"_qs).copy(runs), drawn.copy(runs));
+    const QRect ratios(bar->geometry().right() + 2, f.Find(u"Barra_24"_qs)->y(), 9, 99);
+    QVERIFY(Picture(f, u"Diagram"_qs).copy(ratios) != before.copy(ratios));
+    QHelpEvent over(QEvent::ToolTip, bar->BoxOf({100, 120}).center(), QCursor::pos());
+    QApplication::sendEvent(f.Find(u"Barra_3"_qs), &over);
+    QVERIFY(
+        QToolTip::text().contains(u"20°   5.6 ms<br>R.P.M. 600:  ON 010  OFF 030   -90°</p>"_qs));
+    const auto* list = f.Find<QListWidget>(u"Fase"_qs);
+    QCOMPARE(list->item(0)->data(Qt::UserRole + 1).toString(), u"5.6 ms"_qs);
+    QCOMPARE(f.Text("Preview"), u"Invio, Invio:\nnuova fase 100-120  20°  5.6 ms"_qs);
+    for (const char* none : {"", "1.5", "-1", "x"}) {
+      QCOMPARE(speed(QString::fromLatin1(none)), u"600"_qs);
+    }
+    QCOMPARE(speed(u"9999"_qs), u"4000"_qs);
+    QCOMPARE(speed(u"0"_qs), u"0"_qs);
+    QCOMPARE(Picture(f, u"Barra_3"_qs), drawn);
+    QVERIFY(list->item(0)->data(Qt::UserRole + 1).toString().isEmpty());
+  }
+
   void StatusBar() {
     WindowFixture f;
     QVERIFY(f.StartWith(u"10-20"_qs));
