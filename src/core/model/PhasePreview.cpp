@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "model/PhasePreview.h"
 
+#include "model/PhaseMove.h"
 #include "model/PhaseWrite.h"
 
 #include <algorithm>
@@ -50,6 +51,18 @@ PhaseChange Replacing(const Phase& after, const Phases& before, std::vector<int>
 PhasePreview PhasePreview::Of(const CamRow& row, int on, int off) {
   CamRow next = row;
   WritePhase(next, on, off);
+  PhasePreview preview = Of(row, next, nullptr);
+  if (on == off) preview.neighbourGoes = false;  // it is what was asked for
+  return preview;
+}
+
+PhasePreview PhasePreview::OfReplacing(const CamRow& row, const Phase& before, const Phase& after) {
+  if (after == before) return Of(row, row, nullptr);
+  return Of(row, Replaced(row, before, after), &before);
+}
+
+/// `moved` is a phase that whatever is new stands in the place of, wherever that is.
+PhasePreview PhasePreview::Of(const CamRow& row, const CamRow& next, const Phase* moved) {
   const Phases before = PhaseList::Of(row).phases;
   const Phases after = PhaseList::Of(next).phases;
 
@@ -68,13 +81,14 @@ PhasePreview PhasePreview::Of(const CamRow& row, int on, int off) {
     preview.comes.push_back(phase);
     std::vector<int> replaced;
     std::erase_if(deleted, [&](int number) {
-      const bool touches = Touch(phase, before[static_cast<std::size_t>(number - 1)]);
-      if (touches) replaced.push_back(number);
-      return touches;
+      const Phase& old = before[static_cast<std::size_t>(number - 1)];
+      const bool goesIn = Touch(phase, old) || (moved != nullptr && old == *moved);
+      if (goesIn) replaced.push_back(number);
+      return goesIn;
     });
     preview.changes.push_back(Replacing(phase, before, std::move(replaced)));
   }
-  preview.neighbourGoes = on != off && !deleted.empty();
+  preview.neighbourGoes = !deleted.empty();
   for (const int number : deleted) {
     preview.changes.push_back(
         {PhaseChange::Kind::Deleted, {number}, before[static_cast<std::size_t>(number - 1)], {}});

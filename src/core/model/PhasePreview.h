@@ -33,6 +33,12 @@ struct PhasePreview {
 
   /// Degrees are 0..359.
   static PhasePreview Of(const CamRow& row, int on, int off);
+
+  /// What `ReplacePhase` would do to it.
+  static PhasePreview OfReplacing(const CamRow& row, const Phase& before, const Phase& after);
+
+ private:
+  static PhasePreview Of(const CamRow& row, const CamRow& next, const Phase* moved);
 };
 
 }  // namespace nira

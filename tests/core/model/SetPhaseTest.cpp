@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "model/CamProgram.h"
-#include "model/PhaseList.h"
+#include "model/PhaseMove.h"
 #include "model/PhasePreview.h"
 #include "support/Rows.h"
 #include "support/Tables.h"
 
+#include <QMap>
 #include <QTest>
 
 #include <random>
@@ -91,6 +92,60 @@ class SetPhaseTest : public QObject {
     QTEST(Told(PhasePreview::Of(RowOf(before), on, entry.section(u' ', 1).toInt())), "told");
     program.SetRow(2, 1, others);
     for (int i = 0; i < 9; ++i) QCOMPARE(program.CamMap(1 + i / 3, i % 3), others);
+  }
+
+  /// "w 20": the first phase is moved as a whole by 20 degrees, "on" and "off" one of its ends;
+  /// "x": it is deleted. Undo is one step.
+  void Moving_data() {
+    TextTable({"before", "move", "after", "told"},
+              {{"apart from where it was", "10-20 40-50", "w 15", "25-35 40-50", "1>25-35"},
+               {"overlapping itself", "10-20", "w -5", "5-15", "1>5-15"},
+               {"back across the end", "10-20 40-50", "w -15", "0-5 40-50 355-360", "1>355-5"},
+               {"from the end", "0-10 350-360", "w 350", "340-360", "1>340-0"},
+               {"off the end", "0-10 350-360", "w 12", "2-22", "1>2-22"},
+               {"over another one", "10-20 40-50", "w 30", "40-50", "1> beside"},
+               {"into another one", "10-20 40-50", "w 25", "35-45", "1,2>35-45"},
+               {"onto the beginning of one", "10-20 40-50", "off 20", "10-40", "1,2>10-40"},
+               {"longer", "10-20 40-50", "off 19", "10-39 40-50", "1>10-39"},
+               {"shorter", "10-20 40-50", "on 4", "14-20 40-50", "1>14-20"},
+               {"a degree is left", "10-20", "off -400", "10-11", "1>10-11"},
+               {"all but two", "10-20", "on -400", "0-20 22-360", "1>22-20"},
+               {"all but one stays", "0-359", "w 5", "0-359", ""},
+               {"ON in across the end", "0-10 350-360", "on 15", "5-10", "1>5-10"},
+               {"OFF in across the end", "0-10 350-360", "off -15", "350-355", "1>350-355"},
+               {"OFF to the end", "350-360", "off 0", "350-360", ""},
+               {"across, one degree beside it", "0-10 12-20 350-360", "off 1", "0-11 350-360",
+                "1>350-11 2> beside"},
+               {"the whole cycle shorter", "0-360", "off -10", "0-350", "1>0-350"},
+               {"the whole cycle stays", "0-360", "w 10", "0-360", "file"},
+               {"and becomes no longer", "0-360", "on -10", "0-360", "file"},
+               {"a half", "0-10 100-110 350-360", "x", "100-110", ""}});
+  }
+
+  void Moving() {
+    QFETCH(QString, before);
+    QFETCH(QString, move);
+    QFETCH(QString, after);
+    CamProgram program;
+    program.SelectSize(2);
+    program.SelectCam(3);
+    program.SetRow(2, 3, RowOf(before));
+    const Phase phase = PhaseList::Of(RowOf(before)).phases.front();
+    const QMap<QString, PhasePart> parts = {
+        {u"w"_qs, PhasePart::Whole}, {u"on"_qs, PhasePart::On}, {u"off"_qs, PhasePart::Off}};
+    std::optional<Phase> wanted;
+    if (move != u"x"_qs) {
+      const int degrees = move.section(u' ', 1).toInt();
+      wanted = Moved(phase, parts.value(move.section(u' ', 0, 0)), degrees);
+      QTEST(Told(PhasePreview::OfReplacing(RowOf(before), phase, *wanted)), "told");
+    }
+    const auto revision = program.Revision();
+    QCOMPARE(ReplacePhase(program, phase, wanted), before != after);
+    QCOMPARE(RunsOf(program.CamMap(2, 3)), after);
+    QCOMPARE(program.Revision() - revision, before == after ? 0U : 1U);
+    QCOMPARE(program.IsSaved, before == after);
+    QCOMPARE(RunsOf(program.UndoRow()), before == after ? QString() : before);
+    QVERIFY(!ReplacePhase(program, {77, 78}, Phase{90, 95}));  // there is none
   }
 
   /// Random entries against the other formulation; what did not change is not counted as a change.
