@@ -3,6 +3,7 @@
 
 #include "editor/HoverLine.h"
 #include "editor/PhaseMarks.h"
+#include "editor/RunDrag.h"
 #include "editor/SwitchingMarks.h"
 #include "ground/Text.h"
 #include "model/AdvanceCalculator.h"
@@ -39,7 +40,13 @@ QString Indexed(const char* name, int index) {
 }  // namespace
 
 CamDiagram::CamDiagram(QWidget* parent)
-    : QWidget(parent), phaseMarks_(new PhaseMarks(this)), line_(new HoverLine(this)) {
+    : QWidget(parent),
+      phaseMarks_(new PhaseMarks(this)),
+      line_(new HoverLine(this)),
+      drag_(new RunDrag(this)) {
+  connect(drag_, &RunDrag::Dragged, this, &CamDiagram::Dragged);
+  connect(drag_, &RunDrag::Dropped, this, &CamDiagram::Dropped);
+  connect(drag_, &RunDrag::GivenUp, this, &CamDiagram::DragGivenUp);
   setMouseTracking(true);
   BuildScale();
   for (int cam = 0; cam < CamProgram::MaxCams; ++cam) BuildRow(cam);
@@ -139,6 +146,10 @@ void CamDiagram::MarkPhase(int cam, const std::optional<Phase>& phase) {
 void CamDiagram::ShowPreview(int cam, const std::vector<Phase>& goes,
                              const std::vector<Phase>& comes) {
   phaseMarks_->Preview(RowOf(cam).bar, goes, comes);
+}
+
+void CamDiagram::PutBack() {
+  drag_->PutBack();
 }
 
 void CamDiagram::ShowSpeed(int speed, const std::vector<Switching>& rows) {
@@ -291,12 +302,20 @@ void CamDiagram::leaveEvent(QEvent*) {
 }
 
 bool CamDiagram::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::MouseMove) {
-    PointAt(static_cast<QWidget*>(watched)->pos() + static_cast<QMouseEvent*>(event)->pos());
-  }
   const int cam = CamOf(watched);
+  if (event->type() == QEvent::MouseMove) {
+    const auto& move = *static_cast<QMouseEvent*>(event);
+    const QPoint place = static_cast<QWidget*>(watched)->pos() + move.pos();
+    PointAt(place);
+    if (!move.buttons().testFlag(Qt::LeftButton)) drag_->PutBack();  // the release went elsewhere
+    drag_->Follow(place, place_.unitsPerDegree);
+    if (cam >= 0) ShowCursor(cam, place);
+  }
   if (cam < 0) return false;
   switch (event->type()) {
+    case QEvent::MouseButtonRelease:
+      if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) drag_->Release();
+      return true;
     case QEvent::ToolTip:
       ShowTip(cam, *static_cast<QHelpEvent*>(event));
       return true;
@@ -312,13 +331,46 @@ bool CamDiagram::eventFilter(QObject* watched, QEvent* event) {
 bool CamDiagram::BarPressed(int cam, const QMouseEvent& event) {
   if (event.button() != Qt::LeftButton) return false;
   const bool again = event.type() == QEvent::MouseButtonDblClick;
-  if (const Phase* found = PhaseUnder(cam, event.pos().x())) {
+  const QPoint place = RowOf(cam).bar->pos() + event.pos();
+  if (phaseMarks_->PartAt(place)) {
+    TakeHold(cam, place, again);
+  } else if (const Phase* found = PhaseUnder(cam, event.pos().x())) {
     const Phase phase = *found;  // the handlers draw anew
     again ? Q_EMIT Run_DblClick(cam, phase) : Q_EMIT Run_Click(cam, phase);
   } else if (!again) {
     Q_EMIT LabCam_Click(cam);
   }
   return true;
+}
+
+/// A press on the phase that is selected already, or beside its ends. It is a click at first, which
+/// may enter what stands in the boxes: only what is selected after it still can be dragged.
+void CamDiagram::TakeHold(int cam, const QPoint& place, bool again) {
+  const PhasePart part = *phaseMarks_->PartAt(place);
+  const Phase phase = *phaseMarks_->Selected();
+  if (!again) {
+    Q_EMIT Run_Click(cam, phase);
+    if (phaseMarks_->Selected() == phase) drag_->Press(phase, part, place);
+  } else if (part == PhasePart::Off) {
+    Q_EMIT End_DblClick();
+  } else {
+    Q_EMIT Run_DblClick(cam, phase);
+  }
+  ShowCursor(cam, place);
+}
+
+/// The pointer over a bar tells what would be dragged there, or what is.
+void CamDiagram::ShowCursor(int cam, const QPoint& place) {
+  if (drag_->Dragging()) return;
+  QWidget* bar = RowOf(cam).bar;
+  const std::optional<PhasePart> part = phaseMarks_->PartAt(place);
+  if (!part) {
+    bar->unsetCursor();
+  } else if (*part == PhasePart::Whole) {
+    bar->setCursor(drag_->Held() ? Qt::ClosedHandCursor : Qt::OpenHandCursor);
+  } else {
+    bar->setCursor(Qt::SizeHorCursor);
+  }
 }
 
 void CamDiagram::contextMenuEvent(QContextMenuEvent* event) {

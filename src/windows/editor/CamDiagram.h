@@ -4,7 +4,7 @@
 #include "controls/CamBar.h"
 #include "controls/CamLabel.h"
 #include "editor/DiagramPlace.h"
-#include "model/PhaseList.h"
+#include "model/PhaseMove.h"
 
 #include <QFrame>
 #include <QLabel>
@@ -20,6 +20,7 @@ namespace nira {
 
 class HoverLine;
 class PhaseMarks;
+class RunDrag;
 class SwitchingMarks;
 struct Switching;
 
@@ -50,6 +51,9 @@ class CamDiagram : public QWidget {
   /// each row then.
   void ShowSpeed(int speed, const std::vector<Switching>& rows);
 
+  /// What is being dragged is put back.
+  void PutBack();
+
   /// Computes the units per degree from the width that is drawn on.
   void SetScale();
 
@@ -65,6 +69,14 @@ class CamDiagram : public QWidget {
   /// A press on a drawn run of a cam, and the second one of a quick pair.
   void Run_Click(int cam, const Phase& phase);
   void Run_DblClick(int cam, const Phase& phase);
+  /// The second press of a quick pair on the OFF end of the selected phase.
+  void End_DblClick();
+  /// The selected phase is being dragged: as it stands in the program, and as it would be.
+  void Dragged(const Phase& before, const Phase& after);
+  /// It was dropped there.
+  void Dropped(const Phase& before, const Phase& after);
+  /// It was put back.
+  void DragGivenUp();
   /// The menu of the row of a cam is wanted there on the screen.
   void MenuWanted(int cam, const QPoint& place);
   /// A press that selects nothing.
@@ -113,6 +125,8 @@ class CamDiagram : public QWidget {
   int CamOf(const QObject* bar) const;
   const Phase* PhaseUnder(int cam, int x) const;
   bool BarPressed(int cam, const QMouseEvent& event);
+  void TakeHold(int cam, const QPoint& place, bool again);
+  void ShowCursor(int cam, const QPoint& place);
   QString CamsOn(int degree) const;
   const Row& RowOf(int cam) const { return rows_[static_cast<std::size_t>(cam)]; }
 
@@ -122,6 +136,7 @@ class CamDiagram : public QWidget {
   DiagramPlace place_;
   PhaseMarks* phaseMarks_;
   HoverLine* line_;
+  RunDrag* drag_;
   SwitchingMarks* outputs_ = nullptr;  // made with the first speed
   int speed_ = 0;
   int scalePixels_ = 11;

@@ -155,6 +155,10 @@ void MainWindow::ConnectAll() {
   connect(diagram_, &CamDiagram::LabCam_DblClick, this, &MainWindow::LabCam_DblClick);
   connect(diagram_, &CamDiagram::Run_Click, this, &MainWindow::Run_Click);
   connect(diagram_, &CamDiagram::Run_DblClick, this, &MainWindow::Run_DblClick);
+  connect(diagram_, &CamDiagram::End_DblClick, entry_, &PhaseEntry::OpenSelectedOff);
+  connect(diagram_, &CamDiagram::Dragged, entry_, &PhaseEntry::ShowMoved);
+  connect(diagram_, &CamDiagram::Dropped, entry_, &PhaseEntry::Replace);
+  connect(diagram_, &CamDiagram::DragGivenUp, entry_, &PhaseEntry::PutBack);
   connect(diagram_, &CamDiagram::MenuWanted, this, &MainWindow::ShowRowMenu);
   connect(diagram_, &CamDiagram::LDefC_DblClick, sizes_, &SizeCommands::LDefC_DblClick);
   connect(sizes_, &SizeCommands::Shown, this, &MainWindow::ShowSizeCam);
@@ -246,6 +250,7 @@ void MainWindow::BuildOtherMenus() {
 /// closing makes the window active again is left to the desktop, and is no activation of its own.
 void MainWindow::Command(const MainMenu::Handler& handler) {
   if (instance_.Busy) return;
+  diagram_->PutBack();
   entry_->LeaveForCommand();
   statusBar()->clearMessage();
   const bool active = isActiveWindow();

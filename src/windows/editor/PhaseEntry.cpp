@@ -180,10 +180,13 @@ void PhaseEntry::ShowPhases(const PhaseList& phases) {
   speed_->ShowPurpose(instance_.Text(TextNumber::SpeedPurpose));
   const QSignalBlocker quiet(fase_);
   const bool sameCam = std::exchange(shown_, Selected()) == Selected();
+  const std::optional<Phase> selected = sameCam ? Chosen() : std::nullopt;
   const int scrolled = sameCam ? fase_->verticalScrollBar()->value() : 0;
   fase_->clear();
   fase_->addItems(phases.Lines());
   phases_ = phases.phases;
+  const auto same = std::find(phases_.begin(), phases_.end(), selected);
+  if (same != phases_.end()) fase_->setCurrentRow(static_cast<int>(same - phases_.begin()));
   if (scrolled > 0) {  // the press that caused a commit goes on to the line under the pointer
     fase_->doItemsLayout();
     fase_->verticalScrollBar()->setValue(scrolled);
@@ -211,11 +214,14 @@ void PhaseEntry::ShowLengths() {
   onSum_->setText(QStringLiteral("ON %1°  %2 %").arg(sum).arg(percent));
 }
 
-void PhaseEntry::TellMarked() {
+std::optional<Phase> PhaseEntry::Chosen() const {
   const int row = fase_->selectedItems().isEmpty() ? -1 : fase_->currentRow();
-  std::optional<Phase> phase;
-  if (row >= 0) phase = phases_[static_cast<std::size_t>(row)];
-  Q_EMIT Marked(shown_.second, phase);
+  if (row < 0) return std::nullopt;
+  return phases_[static_cast<std::size_t>(row)];
+}
+
+void PhaseEntry::TellMarked() {
+  Q_EMIT Marked(shown_.second, Chosen());
 }
 
 /// What entering the pair would do to the cam that is current, which a stepping key may have moved
@@ -229,9 +235,10 @@ void PhaseEntry::Preview() {
   }
   const Phase pair{DegreeOf(*gradiOn_), DegreeOf(*gradiOff_)};
   const CamRow& row = instance_.Program.CamMap(Selected().first, cam);
-  const PhasePreview preview = PhasePreview::Of(row, pair.on, pair.off);
+  const PhasePreview preview = moved_ ? PhasePreview::OfReplacing(row, *moved_, pair)
+                                      : PhasePreview::Of(row, pair.on, pair.off);
   const bool listed = std::find(phases_.begin(), phases_.end(), pair) != phases_.end();
-  preview_->ShowPreview(preview, !edited_ && !listed, instance_.Texts, speed_->Speed());
+  preview_->ShowPreview(preview, !edited_ && !listed && !moved_, instance_.Texts, speed_->Speed());
   Q_EMIT Previewed(cam, preview.goes, preview.comes);
 }
 
@@ -289,11 +296,43 @@ void PhaseEntry::Select(const Phase& phase) {
   if (found == phases_.end()) return;
   fase_->setFocus(Qt::MouseFocusReason);
   fase_->setCurrentRow(static_cast<int>(found - phases_.begin()));
+  Fase_Click();  // also when the line was selected already
 }
 
 void PhaseEntry::OpenSelected() {
   Fase_DblClick();
   FocusOnBox();
+}
+
+void PhaseEntry::OpenSelectedOff() {
+  Fase_DblClick();
+  gradiOff_->setFocus(Qt::OtherFocusReason);
+}
+
+void PhaseEntry::ShowMoved(const Phase& before, const Phase& after) {
+  moved_ = before;
+  const auto digits = [](int degree) { return ZeroFilled(degree, PhaseList::EntryWidth); };
+  Load(digits(after.on), digits(after.off));
+  Q_EMIT Marked(shown_.second, after);
+}
+
+void PhaseEntry::PutBack() {
+  if (!std::exchange(moved_, std::nullopt)) return;
+  Load(OnText, OffText);
+  TellMarked();
+}
+
+void PhaseEntry::Replace(const Phase& before, const std::optional<Phase>& after) {
+  moved_.reset();
+  if (instance_.Busy || !ReplacePhase(instance_.Program, before, after)) {
+    Load(OnText, OffText);
+    Q_EMIT SelectionMoved();  // what was to be replaced may be drawn and there no more
+    return;
+  }
+  Q_EMIT Committed();
+  if (!after) return;
+  SelectWritten(after->on, after->off);
+  Fase_Click();
 }
 
 void PhaseEntry::FocusOnBox() {

@@ -3,7 +3,7 @@
 
 #include "controls/DegreeBox.h"
 #include "controls/Instance.h"
-#include "model/PhaseList.h"
+#include "model/PhaseMove.h"
 
 #include <QStringList>
 #include <QWidget>
@@ -38,8 +38,21 @@ class PhaseEntry : public QWidget {
 
   /// Selects the line of a phase, as a click on it does; nothing when the list has no such line.
   void Select(const Phase& phase);
+  /// The phase of the selected line, none without one.
+  std::optional<Phase> Chosen() const;
   /// Opens phase entry with the selected phase.
   void OpenSelected();
+
+  /// The same, and goes to the OFF box.
+  void OpenSelectedOff();
+
+  /// Boxes, preview and marks show a phase as it would be in the place of one of the list.
+  void ShowMoved(const Phase& before, const Phase& after);
+  /// They show the selected phase again.
+  void PutBack();
+  /// Puts a phase in the place of one of the list, or deletes it, as one step for Undo. What was
+  /// written is selected and loaded.
+  void Replace(const Phase& before, const std::optional<Phase>& after);
 
   /// Another program is in memory and shown: no pair of the old one may be entered into it.
   void StartAnew();
@@ -123,9 +136,10 @@ class PhaseEntry : public QWidget {
   QString OffText;
   bool OnTyped = false;
 
-  Box entered_ = Box::None;    // the box that has the focus, menus and other programs aside
-  std::vector<Phase> phases_;  // of the list, line by line
-  std::pair<int, int> shown_;  // size and cam of the list
+  Box entered_ = Box::None;     // the box that has the focus, menus and other programs aside
+  std::vector<Phase> phases_;   // of the list, line by line
+  std::pair<int, int> shown_;   // size and cam of the list
+  std::optional<Phase> moved_;  // of the list, which the pair in the boxes would replace
   Pressed pressed_;
   bool redirected_ = false;  // the last press on the list went to another line
   bool edited_ = false;      // the operator changed a box since the program loaded them

@@ -15,6 +15,7 @@ constexpr int frame = 2;
 constexpr QSize handle(5, 7);
 constexpr int flagGap = 6;  // from the end of the phase to its flag
 constexpr int pointer = 4;  // half the width of what points from a flag to the bar
+constexpr int reach = 4;    // pixels from an end that still take hold of it
 constexpr int slack = 5;    // of frame and handles around a box
 
 /// The boxes of a phase: two when it goes across the end of the cycle.
@@ -50,6 +51,23 @@ void PhaseMarks::Select(const CamBar* bar, const std::optional<Phase>& phase) {
   bar_ = bar;
   phase_ = phase;
   update(before + Places());
+}
+
+std::optional<PhasePart> PhaseMarks::PartAt(const QPoint& place) const {
+  if (!phase_ || !bar_->geometry().contains(place)) return std::nullopt;
+  const std::optional<Run> run = bar_->RunAt(place.x() - bar_->x());
+  if (run && !phase_->Contains(run->on)) return std::nullopt;
+  const std::vector<QRect> boxes = BoxesOf(bar_, *phase_);
+  const QRect& first = boxes.front();
+  const QRect& last = boxes.back();
+  // Of a short run each third is one of the three.
+  const auto inside = [](const QRect& box) { return std::min(reach, box.width() / 3); };
+  const int fromOn = place.x() - first.left();
+  const int toOff = last.right() - place.x();
+  if (fromOn >= -reach && fromOn <= inside(first)) return PhasePart::On;
+  if (toOff >= -reach && toOff <= inside(last)) return PhasePart::Off;
+  if (run) return PhasePart::Whole;
+  return std::nullopt;
 }
 
 void PhaseMarks::Preview(const CamBar* bar, const std::vector<Phase>& goes,

@@ -3,6 +3,7 @@
 
 #include "controls/CamBar.h"
 #include "editor/DiagramLayer.h"
+#include "model/PhaseMove.h"
 
 #include <optional>
 
@@ -19,6 +20,12 @@ class PhaseMarks : public DiagramLayer {
 
   /// The selected phase, in the bar in which it is drawn; none takes the marks away.
   void Select(const CamBar* bar, const std::optional<Phase>& phase);
+
+  const std::optional<Phase>& Selected() const { return phase_; }
+
+  /// What of the selected phase a drag would move from a place in the diagram: an end within 4
+  /// pixels, the whole between them; nothing over another run or beside the phase.
+  std::optional<PhasePart> PartAt(const QPoint& place) const;
 
   /// Phases that would go from a bar and come to it.
   void Preview(const CamBar* bar, const std::vector<Phase>& goes, const std::vector<Phase>& comes);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/ProgramStyle.h"
 #include "editor/PreviewField.h"
+#include "support/Tables.h"
 #include "support/WindowFixture.h"
 
 #include <QContextMenuEvent>
@@ -32,6 +33,14 @@ void PointAt(const WindowFixture& f, int cam, int degree) {
   const QPoint place(qRound((degree + 0.5) * bar->width() / 359.0), 3);
   QMouseEvent move(QEvent::MouseMove, place, bar->mapToGlobal(place), Qt::NoButton, {}, {});
   QApplication::sendEvent(bar, &move);
+}
+
+/// The button goes down, moves or goes up at a place of a control.
+void Mouse(QWidget* widget, QEvent::Type type, const QPoint& place) {
+  const bool move = type == QEvent::MouseMove;
+  QMouseEvent event(type, place, widget->mapToGlobal(place), move ? Qt::NoButton : Qt::LeftButton,
+                    type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, {});
+  QApplication::sendEvent(widget, &event);
 }
 
 /// Presses on the lower scale.
@@ -276,6 +285,61 @@ class DiagramTest : public QObject {
     QContextMenuEvent wanted(QContextMenuEvent::Mouse, QPoint(5, 5), QCursor::pos());
     QApplication::sendEvent(f.Find(u"LDefC_9"_qs), &wanted);
     QTRY_COMPARE(f.prompts.Shown().value(0), u"Question YesNo: AZZERARE LA CAMMA N. 10 ?"_qs);
+  }
+
+  /// The ends of the selected run and the run itself follow the pointer; what ends a drag otherwise
+  /// than by its release puts it back.
+  void Drags_data() {
+    TextTable(
+        {"grip", "way", "end", "boxes", "after"},
+        {{"end", "230", "20,0", "release", "200 250", "0-10 100-110 200-250 350-360"},
+         {"inwards", "200", "12,0", "release", "212 230", "0-10 100-110 212-230 350-360"},
+         {"run", "215", "-50,0", "release", "150 180", "0-10 100-110 150-180 350-360"},
+         {"over a neighbour", "215", "-95,0", "release", "105 135", "0-10 105-135 350-360"},
+         {"beyond the edge", "215", "155,0", "release", "355 025", "0-25 100-110 355-360"},
+         {"a click", "215", "0,3", "release", "200 230", ""},
+         {"an unselected run", "105", "30,0", "release", "100 110", ""},
+         {"left upwards", "230", "20,-999", "release", "200 240", "0-10 100-110 200-240 350-360"},
+         {"Escape", "230", "20,0", "Escape", "200 230", ""},
+         {"a key that waits", "230", "20,0", "PageDown", "200 250", "0-10 100-110 200-250 350-360"},
+         {"other window", "230", "20,0", "window", "200 230", ""},
+         {"a command", "230", "20,0", "command", "200 230", ""}});
+  }
+
+  void Drags() {
+    QFETCH(QString, end);
+    QFETCH(QString, way);
+    WindowFixture f;
+    const QString before = u"0-10 100-110 200-230 350-360"_qs;
+    QVERIFY(f.StartWith(before, 3));
+    f.ClickLine(2);
+    f.prompts.AnswerEverything(false);
+    auto* bar = f.Find<CamBar>(u"Barra_3"_qs);
+    const double unit = bar->width() / 359.0;
+    QFETCH(QString, grip);
+    const QPoint from(qRound(grip.toInt() * unit), 3);
+    const QPoint step(qRound(way.section(u',', 0, 0).toInt() * unit), way.section(u',', 1).toInt());
+    Mouse(bar, QEvent::MouseButtonPress, from);
+    Mouse(bar, QEvent::MouseMove, from + QPoint(step.x() / 2, 0));
+    Mouse(bar, QEvent::MouseMove, from + step);
+    QCOMPARE(f.Runs(1, 3), before);
+    const Qt::CursorShape shown = bar->cursor().shape();
+    if (grip == u"215"_qs) QCOMPARE(shown, Qt::ClosedHandCursor);
+    if (grip.endsWith(u'0')) QCOMPARE(shown, Qt::SizeHorCursor);
+    if (end == u"Escape"_qs) f.Press(Qt::Key_Escape);
+    if (end == u"PageDown"_qs) f.Press(Qt::Key_PageDown);
+    if (end == u"window"_qs) WindowFixture::OtherWindow();
+    if (end == u"command"_qs) f.Item("s_sel")->trigger();
+    Mouse(bar, QEvent::MouseButtonRelease, from + step);
+    QTEST(f.Boxes(), "boxes");
+    QFETCH(QString, after);
+    QCOMPARE(f.Runs(1, 3), after.isEmpty() ? before : after);
+    QCOMPARE(f.Item("o_Undo")->isEnabled(), !after.isEmpty());
+    QCOMPARE(f.program.IsSaved, after.isEmpty());
+    QVERIFY(f.Find<QListWidget>(u"Fase"_qs)->currentItem()->text().endsWith(f.Boxes()));
+    f.Activate();
+    f.Choose("o_Undo");
+    QCOMPARE(f.Runs(1, 3), before);
   }
 
   /// The selected phase is framed and flagged; the one that was written is selected, not loaded.
