@@ -318,9 +318,10 @@ class DiagramTest : public QObject {
     const double unit = bar->width() / 359.0;
     QFETCH(QString, grip);
     const QPoint from(qRound(grip.toInt() * unit), 3);
-    const QPoint step(qRound(way.section(u',', 0, 0).toInt() * unit), way.section(u',', 1).toInt());
+    const int degrees = way.section(u',', 0, 0).toInt();
+    const QPoint step(qRound(degrees * unit), way.section(u',', 1).toInt());
     Mouse(bar, QEvent::MouseButtonPress, from);
-    Mouse(bar, QEvent::MouseMove, from + QPoint(step.x() / 2, 0));
+    Mouse(bar, QEvent::MouseMove, from + QPoint(qRound(degrees / 2 * unit), 0));
     Mouse(bar, QEvent::MouseMove, from + step);
     QCOMPARE(f.Runs(1, 3), before);
     const Qt::CursorShape shown = bar->cursor().shape();
