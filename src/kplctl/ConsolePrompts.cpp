@@ -40,10 +40,12 @@ Answer ConsolePrompts::Choose(Buttons buttons) const {
     case Buttons::Ok:
       return Answer::Ok;
     case Buttons::OkCancel:
+    case Buttons::CancelOk:
       return yes_ ? Answer::Ok : Answer::Cancel;
     case Buttons::YesNo:
     case Buttons::NoYes:
     case Buttons::YesNoCancel:
+    case Buttons::CancelYesNo:
       return yes_ ? Answer::Yes : Answer::No;
     case Buttons::RetryCancel:
       break;

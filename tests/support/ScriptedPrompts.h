@@ -27,8 +27,8 @@ class ScriptedPrompts : public Prompts {
     QString Described() const {
       static const char* const icons[] = {"None", "Information", "Question", "Exclamation",
                                           "Critical"};
-      static const char* const sets[] = {"Ok",          "OkCancel",    "YesNo",
-                                         "YesNoCancel", "RetryCancel", "NoYes"};
+      static const char* const sets[] = {"Ok",          "OkCancel", "YesNo",    "YesNoCancel",
+                                         "RetryCancel", "NoYes",    "CancelOk", "CancelYesNo"};
       const QString head = QString::fromLatin1(icons[static_cast<int>(icon)]) + u' ' +
                            QString::fromLatin1(sets[static_cast<int>(buttons)]) + u": ";
       return title.isEmpty() ? QString(head + text) : QString(head + u'[' + title + u"] " + text);
@@ -94,7 +94,8 @@ class ScriptedPrompts : public Prompts {
   static std::vector<Answer> Offered(Buttons buttons) {
     using enum Answer;
     static const std::vector<Answer> sets[] = {
-        {Ok}, {Ok, Cancel}, {Yes, No}, {Yes, No, Cancel}, {Retry, Cancel}, {Yes, No}};
+        {Ok},      {Ok, Cancel}, {Yes, No},        {Yes, No, Cancel}, {Retry, Cancel},
+        {Yes, No}, {Ok, Cancel}, {Yes, No, Cancel}};
     return sets[static_cast<int>(buttons)];
   }
 

@@ -8,8 +8,9 @@
 namespace nira {
 
 enum class Icon { None, Information, Question, Exclamation, Critical };
-/// `NoYes` is `YesNo` with No as the answer of the return key: for what is seldom meant.
-enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel, RetryCancel, NoYes };
+/// The buttons of a box. The first one named is the answer of the return key: the harmless one
+/// where another destroys something, sends it, or is seldom meant.
+enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel, RetryCancel, NoYes, CancelOk, CancelYesNo };
 enum class Answer { Ok, Cancel, Yes, No, Retry };
 
 /// Everything that is asked of the operator or told to him goes through here. Texts are plain: what

@@ -97,7 +97,7 @@ void FlashUpdate::ShowFile() {
 
 TransferEnd FlashUpdate::Update() {
   OpenPort();
-  if (comm_.Ask.MsgBox(QStringLiteral("UPDATE FLASH ?"), Buttons::YesNo, Icon::Question) !=
+  if (comm_.Ask.MsgBox(QStringLiteral("UPDATE FLASH ?"), Buttons::NoYes, Icon::Question) !=
           Answer::Yes ||
       !WaitUntilReady()) {
     return TransferEnd::Cancelled;

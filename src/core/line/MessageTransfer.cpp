@@ -145,7 +145,7 @@ TransferEnd MessageTransfer::NoFile() {
 /// added.
 bool MessageTransfer::MayReplace(const QString& path, const QString& chosen) {
   return path == chosen || !QFileInfo::exists(path) ||
-         comm_.Ask.MsgBox(comm_.Text(TextNumber::ReplaceFile) + u'\n' + path, Buttons::YesNo,
+         comm_.Ask.MsgBox(comm_.Text(TextNumber::ReplaceFile) + u'\n' + path, Buttons::NoYes,
                           Icon::Exclamation) == Answer::Yes;
 }
 

@@ -101,7 +101,7 @@ void SizeTransfer::Remark(TextNumber text, const QStringList& values) {
 
 bool SizeTransfer::MayReplace() {
   return !comm_.Program.HasUnsavedWork() ||
-         comm_.Ask.MsgBox(comm_.Text(TextNumber::NotSaved), Buttons::OkCancel, Icon::Exclamation) ==
+         comm_.Ask.MsgBox(comm_.Text(TextNumber::NotSaved), Buttons::CancelOk, Icon::Exclamation) ==
              Answer::Ok;
 }
 
@@ -163,7 +163,7 @@ bool SizeTransfer::MayCut(const CamProgram& before) {
   };
   return comm_.Ask.MsgBox(comm_.Text(TextNumber::CutByProgrammer) + u'\n' + model(before) +
                               QStringLiteral(" -> ") + model(comm_.Program),
-                          Buttons::OkCancel, Icon::Exclamation) == Answer::Ok;
+                          Buttons::CancelOk, Icon::Exclamation) == Answer::Ok;
 }
 
 }  // namespace nira

@@ -2,6 +2,7 @@
 #include "dialogs/QtPrompts.h"
 
 #include "controls/BusyPointer.h"
+#include "controls/ThemedIcon.h"
 #include "ground/ProgramTitle.h"
 #include "ground/Text.h"
 
@@ -28,21 +29,28 @@ QString Printable(const QString& text) {
   return shown;
 }
 
-QMessageBox::StandardButtons StandardButtons(Buttons buttons) {
+/// What a box offers, the answer of the return key first.
+QList<QMessageBox::StandardButton> Offered(Buttons buttons) {
+  using enum QMessageBox::StandardButton;
   switch (buttons) {
     case Buttons::OkCancel:
-      return QMessageBox::Ok | QMessageBox::Cancel;
+      return {Ok, Cancel};
+    case Buttons::CancelOk:
+      return {Cancel, Ok};
     case Buttons::YesNo:
+      return {Yes, No};
     case Buttons::NoYes:
-      return QMessageBox::Yes | QMessageBox::No;
+      return {No, Yes};
     case Buttons::YesNoCancel:
-      return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+      return {Yes, No, Cancel};
+    case Buttons::CancelYesNo:
+      return {Cancel, Yes, No};
     case Buttons::RetryCancel:
-      return QMessageBox::Retry | QMessageBox::Cancel;
+      return {Retry, Cancel};
     case Buttons::Ok:
       break;
   }
-  return QMessageBox::Ok;
+  return {Ok};
 }
 
 QMessageBox::Icon BoxIcon(Icon icon) {
@@ -87,6 +95,11 @@ void MarkRefused(QLineEdit* text) {
   QTimer::singleShot(0, text, select);  // a dialog that opens selects the whole text
 }
 
+/// A box may stand alone, before the main window or without it.
+QIcon ProgramIcon() {
+  return ThemedIcon(QStringLiteral("nira-kpl"), QApplication::palette());
+}
+
 QString TitleOr(const QString& title) {
   return title.isEmpty() ? QString::fromLatin1(ProgramTitle) : title;
 }
@@ -95,10 +108,13 @@ QString TitleOr(const QString& title) {
 
 Answer QtPrompts::MsgBox(const QString& text, Buttons buttons, Icon icon, const QString& title) {
   const PlainPointer pointer;
-  QMessageBox box(BoxIcon(icon), TitleOr(title), Printable(text), StandardButtons(buttons),
+  QMessageBox box(BoxIcon(icon), TitleOr(title), Printable(text), QMessageBox::NoButton,
                   QApplication::activeWindow());
+  box.setWindowIcon(ProgramIcon());
   box.setTextFormat(Qt::PlainText);
-  if (buttons == Buttons::NoYes) box.setDefaultButton(QMessageBox::No);
+  const auto offered = Offered(buttons);
+  for (const QMessageBox::StandardButton button : offered) box.addButton(button);
+  box.setDefaultButton(offered.constFirst());
   return AnswerOf(box.exec());
 }
 
@@ -107,6 +123,7 @@ std::optional<QString> QtPrompts::InputBox(const QString& prompt, const QString&
   const PlainPointer pointer;
   QInputDialog box(QApplication::activeWindow());
   box.setWindowTitle(TitleOr(title));
+  box.setWindowIcon(ProgramIcon());
   box.setLabelText(Printable(prompt));
   if (auto* label = box.findChild<QLabel*>()) label->setTextFormat(Qt::PlainText);
   box.setTextValue(preset);

@@ -25,7 +25,7 @@ FileCommands::FileCommands(Instance& instance, QWidget* window)
 
 bool FileCommands::MayLoseWork() {
   return !instance_.Program.HasUnsavedWork() ||
-         instance_.Ask.MsgBox(instance_.Text(TextNumber::NotSaved), Buttons::OkCancel,
+         instance_.Ask.MsgBox(instance_.Text(TextNumber::NotSaved), Buttons::CancelOk,
                               Icon::Exclamation) == Answer::Ok;
 }
 
@@ -179,7 +179,7 @@ bool FileCommands::f_Save() {
 bool FileCommands::MayReplace(const QString& chosen, const QString& forced) {
   if (forced == chosen || !QFileInfo::exists(forced)) return true;
   return instance_.Ask.MsgBox(instance_.Text(TextNumber::ReplaceFile) + u'\n' + forced,
-                              Buttons::YesNo, Icon::Exclamation) == Answer::Yes;
+                              Buttons::NoYes, Icon::Exclamation) == Answer::Yes;
 }
 
 bool FileCommands::Save() {

@@ -83,7 +83,7 @@ void SizeCommands::s_Clr_Click() {
   const QString question = instance_.Text(TextNumber::EraseSize) +
                            QString::number(program.CurrentSize()) +
                            instance_.Text(TextNumber::QuestionEnd);
-  if (instance_.Ask.MsgBox(question, Buttons::YesNo, Icon::Question) != Answer::Yes) return;
+  if (instance_.Ask.MsgBox(question, Buttons::NoYes, Icon::Question) != Answer::Yes) return;
   program.ClearSize(program.CurrentSize());
   Q_EMIT Hidden();
 }
@@ -147,7 +147,7 @@ void SizeCommands::O_ClC_Click() {
   const QString question = instance_.Text(TextNumber::EraseCam) +
                            QString::number(program.CurrentCam() + 1) +
                            instance_.Text(TextNumber::QuestionEnd);
-  if (instance_.Ask.MsgBox(question, Buttons::YesNo, Icon::Question) != Answer::Yes) return;
+  if (instance_.Ask.MsgBox(question, Buttons::NoYes, Icon::Question) != Answer::Yes) return;
   EraseCam(program, program.CurrentSize(), program.CurrentCam());
   Q_EMIT Shown();
 }
@@ -180,7 +180,7 @@ void SizeCommands::LDefC_DblClick() {
                                           QStringLiteral(" N.") + QString::number(cam + 1),
                                       before);
   if (text.isEmpty() && !before.isEmpty() &&
-      instance_.Ask.MsgBox(instance_.Text(TextNumber::EraseDescription), Buttons::OkCancel,
+      instance_.Ask.MsgBox(instance_.Text(TextNumber::EraseDescription), Buttons::CancelOk,
                            Icon::Question) != Answer::Ok) {
     return;
   }

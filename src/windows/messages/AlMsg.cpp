@@ -207,7 +207,7 @@ void AlMsg::ShowAll() {
 /// Messages that are in no file are not thrown away by a slip.
 bool AlMsg::MayLoseMessages() {
   return instance_.Settings.MsgSaved || !HoldsMessages(instance_.Program) ||
-         instance_.Ask.MsgBox(instance_.Text(TextNumber::MessagesNotSaved), Buttons::OkCancel,
+         instance_.Ask.MsgBox(instance_.Text(TextNumber::MessagesNotSaved), Buttons::CancelOk,
                               Icon::Exclamation) == Answer::Ok;
 }
 
@@ -249,7 +249,7 @@ void AlMsg::f_Save_Click() {
     instance_.Ask.MsgBox(QStringLiteral("FILE NON SELEZIONATO"), Buttons::Ok, Icon::Critical);
     return;
   }
-  WriteMsgFile();
+  WriteMsgFile(Buttons::YesNo);
   ShowSelected();
 }
 
@@ -260,7 +260,7 @@ void AlMsg::SVA_Click() {
   if (!instance_.Dialog.ShowSave(this) || instance_.Dialog.FileName.isEmpty()) return;
   const QString before = std::exchange(
       current, MessageFileName(QFileInfo(instance_.Dialog.FileName).absoluteFilePath()));
-  if (!WriteMsgFile()) current = before;
+  if (!WriteMsgFile(Buttons::NoYes)) current = before;
   ShowTitle();
   ShowSelected();
 }
@@ -288,14 +288,14 @@ void AlMsg::ShowNote(const MessageFile& file) {
                  QString::number(file.Last));
 }
 
-/// Writes the messages to `MsgFile`, asking first when it would replace a file. True when it was
-/// written: `MsgSaved` is true then, otherwise as it was.
-bool AlMsg::WriteMsgFile() {
+/// Writes the messages to `MsgFile`, asking first, with these buttons, when it would replace a
+/// file. True when it was written: `MsgSaved` is true then, otherwise as it was.
+bool AlMsg::WriteMsgFile(Buttons asking) {
   const QString path = instance_.Folder.Find(instance_.Settings.MsgFile);
   if (QFileInfo::exists(path)) {
     if (IsOpenCamFile(instance_, path)) return false;
     const QString question = QStringLiteral("SOVRASCRIVERE FILE ");
-    if (instance_.Ask.MsgBox(question + instance_.Settings.MsgFileTitle(), Buttons::YesNo,
+    if (instance_.Ask.MsgBox(question + instance_.Settings.MsgFileTitle(), asking,
                              Icon::Exclamation) != Answer::Yes) {
       return false;
     }
@@ -375,7 +375,7 @@ void AlMsg::tEX_Click() {
 void AlMsg::reject() {
   if (!instance_.Settings.MsgSaved &&
       instance_.Ask.MsgBox(QStringLiteral("IL FILE NON E' STATO SALVATO\rVUOI USCIRE ?"),
-                           Buttons::YesNoCancel, Icon::Exclamation) != Answer::Yes) {
+                           Buttons::CancelYesNo, Icon::Exclamation) != Answer::Yes) {
     return;
   }
   QDialog::reject();

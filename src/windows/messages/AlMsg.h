@@ -55,7 +55,7 @@ class AlMsg : public QDialog {
 
   bool MayLoseMessages();
   bool ReadMsgFile();
-  bool WriteMsgFile();
+  bool WriteMsgFile(Buttons asking);
   void ShowNote(const MessageFile& file);
   void PrepareDialog(const QString& title, int flags, const QString& preset);
 

@@ -183,7 +183,7 @@ bool PrintPane::MayReplace(const QString& path) {
   // The dialog has asked about the name that was chosen, but knows nothing of one made from it.
   if (path == instance_.Dialog.FileName) return true;
   return instance_.Ask.MsgBox(instance_.Text(TextNumber::ReplaceFile) + u'\n' + path,
-                              Buttons::YesNo, Icon::Exclamation) == Answer::Yes;
+                              Buttons::NoYes, Icon::Exclamation) == Answer::Yes;
 }
 
 void PrintPane::tPDF_Click() {

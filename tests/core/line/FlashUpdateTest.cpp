@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr TransferEnd done = TransferEnd::Done;
-const QString question = u"Question YesNo: UPDATE FLASH ?"_qs;
+const QString question = u"Question NoYes: UPDATE FLASH ?"_qs;
 const QString unusable = u"Critical Ok: FILE UNUSABLE"_qs;
 const QString timeout = u"None Ok: TIMEOUT SERIAL PORT "_qs;
 const QByteArray command = ":FU\xD5";

@@ -19,7 +19,7 @@ const QString noAnswer =
     u"Critical RetryCancel:     Errore su Porta COM1\rVerificare le connessioni"_qs;
 const QString gone = u"Critical Ok: [Errore su COM1] Errore 8020 generato da MsComm1\rgone"_qs;
 const QString cut =
-    u"Exclamation OkCancel: THE PROGRAMMER HAS FEWER CAMS OR SIZES THAN THE PROGRAM USES. "
+    u"Exclamation CancelOk: THE PROGRAMMER HAS FEWER CAMS OR SIZES THAN THE PROGRAM USES. "
     "GO ON WITHOUT THE OTHERS ?\n"_qs;
 
 /// A reception of a 32-cam program, its frames in one string with "|" between.
@@ -343,7 +343,7 @@ class SizeTransferTest : public QObject {
     f.prompts.Expect(Answer::Ok);
     QCOMPARE(SizeTransfer(f.comm).Rc_Siz(f.Monitor()), TransferEnd::Done);
     QCOMPARE(f.prompts.Shown().constFirst(),
-             u"Exclamation OkCancel: THE CAM PROGRAM HAS NOT BEEN SAVED !"_qs);
+             u"Exclamation CancelOk: THE CAM PROGRAM HAS NOT BEEN SAVED !"_qs);
   }
 
   void BadReceptions_data() {

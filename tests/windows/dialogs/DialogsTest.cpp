@@ -126,21 +126,27 @@ class DialogsTest : public QObject {
   }
 
   void MessageBoxes() {
-    using Row = std::tuple<Buttons, QMessageBox::StandardButton, Answer>;
-    for (const auto& [buttons, press, answer] :
-         {Row{Buttons::OkCancel, QMessageBox::Ok, Answer::Ok},
-          Row{Buttons::OkCancel, QMessageBox::NoButton, Answer::Cancel},
-          Row{Buttons::YesNo, QMessageBox::Yes, Answer::Yes},
-          Row{Buttons::RetryCancel, QMessageBox::Retry, Answer::Retry},
-          Row{Buttons::NoYes, QMessageBox::NoButton, Answer::No}}) {
-      const auto key = buttons == Buttons::NoYes ? Qt::Key_Return : Qt::Key_Escape;
-      QString shown;
-      WhenOpens<QMessageBox>([&shown, key, press = press](QMessageBox* box) {
-        if (box->textFormat() == Qt::PlainText) shown = box->windowTitle() + u'|' + box->text();
-        press ? box->button(press)->click() : QTest::keyClick(box, key);
-      });
-      QCOMPARE(QtPrompts().MsgBox(u"<b>A</b>\r B\x01"_qs, buttons, Icon::Exclamation, {}), answer);
-      QCOMPARE(shown, u"NIRA-KPL|<b>A</b>\n B\uFFFD"_qs);
+    using Row = std::tuple<Buttons, Answer, Answer>;  // the answers of the return and escape keys
+    for (const auto& [buttons, byReturn, byEscape] :
+         {Row{Buttons::Ok, Answer::Ok, Answer::Ok},
+          Row{Buttons::OkCancel, Answer::Ok, Answer::Cancel},
+          Row{Buttons::CancelOk, Answer::Cancel, Answer::Cancel},
+          Row{Buttons::YesNo, Answer::Yes, Answer::No}, Row{Buttons::NoYes, Answer::No, Answer::No},
+          Row{Buttons::YesNoCancel, Answer::Yes, Answer::Cancel},
+          Row{Buttons::CancelYesNo, Answer::Cancel, Answer::Cancel},
+          Row{Buttons::RetryCancel, Answer::Retry, Answer::Cancel}}) {
+      for (const auto& [key, answer] :
+           {std::pair{Qt::Key_Return, byReturn}, {Qt::Key_Escape, byEscape}}) {
+        QString shown;
+        WhenOpens<QMessageBox>([&shown, key = key](QMessageBox* box) {
+          if (box->textFormat() == Qt::PlainText) shown = box->windowTitle() + u'|' + box->text();
+          QVERIFY(!box->windowIcon().isNull());
+          QTest::keyClick(box, key);
+        });
+        QCOMPARE(QtPrompts().MsgBox(u"<b>A</b>\r B\x01"_qs, buttons, Icon::Exclamation, {}),
+                 answer);
+        QCOMPARE(shown, u"NIRA-KPL|<b>A</b>\n B\uFFFD"_qs);
+      }
     }
   }
 

@@ -284,7 +284,7 @@ class DiagramTest : public QObject {
     });
     QContextMenuEvent wanted(QContextMenuEvent::Mouse, QPoint(5, 5), QCursor::pos());
     QApplication::sendEvent(f.Find(u"LDefC_9"_qs), &wanted);
-    QTRY_COMPARE(f.prompts.Shown().value(0), u"Question YesNo: AZZERARE LA CAMMA N. 10 ?"_qs);
+    QTRY_COMPARE(f.prompts.Shown().value(0), u"Question NoYes: AZZERARE LA CAMMA N. 10 ?"_qs);
   }
 
   /// The ends of the selected run and the run itself follow the pointer; what ends a drag otherwise

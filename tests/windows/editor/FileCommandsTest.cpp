@@ -108,7 +108,7 @@ class FileCommandsTest : public QObject {
     QVERIFY(f.program.IsSaved);
     f.prompts.Expect(Answer::Cancel);
     Go(f, way);
-    QCOMPARE(f.prompts.Shown().join(u'|'), u"Exclamation OkCancel: "_qs + notSaved);
+    QCOMPARE(f.prompts.Shown().join(u'|'), u"Exclamation CancelOk: "_qs + notSaved);
     QVERIFY(f.dialog.shown.isEmpty());
     const bool chooses = way == u"OP_FIL"_qs;
     QCOMPARE(ContentOf(f.program), u"1.5: 120-130; 5 = TEXT"_qs);
@@ -173,7 +173,7 @@ class FileCommandsTest : public QObject {
       if (!stored.isEmpty()) QVERIFY(ReadBytes(f.Path(stored)).contains("C 05\"TEXT\""));
       QCOMPARE(ReadBytes(there) != "there", answer == Answer::Yes);
       QCOMPARE(f.prompts.Shown().join(u'|'),
-               answer ? u"Exclamation YesNo: IL FILE ESISTE GIA'. SOSTITUIRLO ?\n"_qs + there
+               answer ? u"Exclamation NoYes: IL FILE ESISTE GIA'. SOSTITUIRLO ?\n"_qs + there
                       : QString());
     }
   }

@@ -62,7 +62,7 @@ class SizeCommandsTest : public QObject {
     QCOMPARE(ContentOf(f.program), u"1.5: 10-20 100-110"_qs);
     f.prompts.Expect(Answer::Yes);
     f.Click(u"Azz_Form"_qs);
-    QCOMPARE(f.prompts.Shown().constLast(), u"Question YesNo: AZZERARE IL FORMATO N. 1 ?"_qs);
+    QCOMPARE(f.prompts.Shown().constLast(), u"Question NoYes: AZZERARE IL FORMATO N. 1 ?"_qs);
     QCOMPARE(ContentOf(f.program), QString());
     WindowFixture::OtherWindow();
     f.Activate();
@@ -77,7 +77,7 @@ class SizeCommandsTest : public QObject {
     f.Enter(u"100\r110\r"_qs);
     f.prompts.Expect(Answer::Yes);
     f.Choose("O_ClC");
-    QCOMPARE(f.prompts.Shown().constLast(), u"Question YesNo: AZZERARE LA CAMMA N. 5 ?"_qs);
+    QCOMPARE(f.prompts.Shown().constLast(), u"Question NoYes: AZZERARE LA CAMMA N. 5 ?"_qs);
     QCOMPARE(f.Lines(), QString());
     f.Choose("o_Undo");  // the row from before the last entry, not from before the erasing
     QCOMPARE(f.Lines(), u"F001 010 020"_qs);
@@ -130,8 +130,8 @@ class SizeCommandsTest : public QObject {
     TextTable({"answers", "told", "text"},
               {{"too long", "AAAAAAAAAAAAAAAAAAAAA|B", "Information Ok: MASSIMO 20 CARATTERI", "B"},
                {"refused", "A\x7f|A", "Exclamation Ok: CARATTERE NON AMMESSO: \u2421", "A"},
-               {"emptied", "", "Question OkCancel: CANCELLARE LA DESCRIZIONE DELLA CAMMA ?", ""},
-               {"emptied, Cancel", "", "Question OkCancel: CANCELLARE LA DESCRIZIONE DELLA CAMMA ?",
+               {"emptied", "", "Question CancelOk: CANCELLARE LA DESCRIZIONE DELLA CAMMA ?", ""},
+               {"emptied, Cancel", "", "Question CancelOk: CANCELLARE LA DESCRIZIONE DELLA CAMMA ?",
                 "OLD"}});
   }
 

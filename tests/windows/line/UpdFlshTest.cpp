@@ -115,7 +115,7 @@ class UpdFlshTest : public QObject {
     dialog.Path = f.File(firmware);
     f.asked.Expect(Answer::No);
     QCOMPARE(Upd_Flash_Click(f.flash, dialog, nullptr), TransferEnd::Cancelled);
-    QCOMPARE(f.asked.Shown(), QStringList(u"Question YesNo: UPDATE FLASH ?"_qs));
+    QCOMPARE(f.asked.Shown(), QStringList(u"Question NoYes: UPDATE FLASH ?"_qs));
     QCOMPARE(dialog.InitDir, u"cams"_qs);
     f.flash.Busy = true;
     dialog.Started.clear();

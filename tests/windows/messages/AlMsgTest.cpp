@@ -289,7 +289,7 @@ class AlMsgTest : public QObject {
       f.prompts.Expect(Answer::Cancel);
       f.Do(QString::fromLatin1(name));
       QCOMPARE(f.prompts.Shown().constLast(),
-               u"Exclamation OkCancel: I MESSAGGI NON SONO STATI SALVATI !"_qs);
+               u"Exclamation CancelOk: I MESSAGGI NON SONO STATI SALVATI !"_qs);
       QCOMPARE(f.Selected(), u"100 LUBRIFICAZIONE      DISTRIBUTORE 1 FERMO"_qs);
     }
     f.settings.MsgSaved = true;
@@ -308,7 +308,7 @@ class AlMsgTest : public QObject {
       QCOMPARE(f.messages->isVisible(), answer != Answer::Yes);
     }
     QCOMPARE(f.prompts.Shown().constLast(),
-             u"Exclamation YesNoCancel: IL FILE NON E' STATO SALVATO\rVUOI USCIRE ?"_qs);
+             u"Exclamation CancelYesNo: IL FILE NON E' STATO SALVATO\rVUOI USCIRE ?"_qs);
   }
 
   /// The list shows what the exchange left, and at most as many messages as the programmer has.

@@ -165,7 +165,7 @@ class PrnSizeTest : public QObject {
     QCOMPARE(shown.size(), 4);
     QCOMPARE(shown.at(0), none);
     QVERIFY(shown.at(1).startsWith(u"Critical Ok: IMPOSSIBILE SCRIVERE IL FILE\n"_qs + missing));
-    QCOMPARE(shown.at(2), u"Exclamation YesNo: IL FILE ESISTE GIA'. SOSTITUIRLO ?\n"_qs +
+    QCOMPARE(shown.at(2), u"Exclamation NoYes: IL FILE ESISTE GIA'. SOSTITUIRLO ?\n"_qs +
                               f.Path(u"kept.pdf"_qs));
     QCOMPARE(shown.at(3), u"Critical Ok: IMPOSSIBILE SCRIVERE IL FILE\n"_qs +
                               f.Path(u"kept.pdf"_qs) + u"\nE' IL FILE DI CAMMA APERTO"_qs);
