@@ -16,7 +16,8 @@ struct Fault {
     Missing,      ///< there is no such file
     CannotRead,   ///< `Text` is the system's reason, empty when what has this name is no file
     CannotWrite,  ///< the same
-    BadLine,      ///< `Text` is the offending line, as far as it can be shown
+    NoMessages,   ///< there is no such message file
+    BadLine,      ///< `Text` is the offending line, as far as it can be shown; empty: it cannot
     CutOff,       ///< the file ends before it is complete; `Text` is its last line
     WrongCams,    ///< a program of `Found` cams where `Expected` are
     WrongDevice,  ///< what came is of a programmer of `Text` cams

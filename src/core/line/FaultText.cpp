@@ -40,6 +40,8 @@ QString FaultText(const Fault& fault, const MessageTable& texts) {
   switch (fault.What) {
     case Fault::Kind::Missing:
       return texts.Text(TextNumber::FileNotFound) + fault.Path;
+    case Fault::Kind::NoMessages:
+      return texts.Text(TextNumber::MessageFileNotFound);
     case Fault::Kind::CannotRead:
       return FileText(texts.Text(TextNumber::CannotRead), fault, texts);
     case Fault::Kind::CannotWrite:
@@ -49,7 +51,7 @@ QString FaultText(const Fault& fault, const MessageTable& texts) {
     case Fault::Kind::BadLine:
     case Fault::Kind::CutOff:
     case Fault::Kind::TooLarge:
-      return fault.Text + texts.Text(TextNumber::BadFile);
+      return (fault.Text.isEmpty() ? fault.Path : fault.Text) + texts.Text(TextNumber::BadFile);
     case Fault::Kind::WrongCams:
       return Counts(fault, QStringLiteral(" WRONG NUMBER OF CAMS "));
     case Fault::Kind::WrongDevice:
@@ -71,6 +73,7 @@ void TellFault(Prompts& prompts, const MessageTable& texts, const Fault& fault) 
 TransferEnd TellFault(Comm& comm, const Fault& fault) {
   TellFault(comm.Ask, comm.Texts, fault);
   switch (fault.What) {
+    case Fault::Kind::NoMessages:
     case Fault::Kind::CannotRead:
     case Fault::Kind::CannotWrite:
     case Fault::Kind::InUse:

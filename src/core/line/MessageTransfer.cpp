@@ -166,7 +166,7 @@ TransferEnd MessageTransfer::Take(
   if (!file) {
     Fault fault = file.Why();
     fault.Path = WorkPath(comm_);
-    return TellMessageFault(comm_, fault);
+    return TellFault(comm_, fault);
   }
   take(comm_.Program, *file);
   comm_.Settings.MsgSaved = false;
@@ -175,21 +175,10 @@ TransferEnd MessageTransfer::Take(
 
 bool IsOpenCamFile(Comm& comm, const QString& path) {
   if (QFileInfo(path) != QFileInfo(comm.Settings.CurrentFile)) return false;
-  TellMessageFault(comm, {.What = Fault::Kind::CannotWrite,
-                          .Path = path,
-                          .Text = comm.Text(TextNumber::IsOpenCamFile)});
+  TellFault(comm, {.What = Fault::Kind::CannotWrite,
+                   .Path = path,
+                   .Text = comm.Text(TextNumber::IsOpenCamFile)});
   return true;
-}
-
-TransferEnd TellMessageFault(Comm& comm, const Fault& fault) {
-  if (fault.What != Fault::Kind::Missing && fault.What != Fault::Kind::BadLine) {
-    return TellFault(comm, fault);
-  }
-  const bool missing = fault.What == Fault::Kind::Missing;
-  comm.Ask.MsgBox(missing ? comm.Text(TextNumber::MessageFileNotFound)
-                          : fault.Path + comm.Text(TextNumber::BadFile),
-                  Buttons::Ok, Icon::Exclamation);
-  return missing ? TransferEnd::NoFile : TransferEnd::BadFile;
 }
 
 }  // namespace nira

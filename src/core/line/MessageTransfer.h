@@ -62,7 +62,4 @@ class MessageTransfer {
 /// True, after a message, for the cam file that is open: messages never take its place.
 bool IsOpenCamFile(Comm& comm, const QString& path);
 
-/// Tells the operator why a message file was not read or written; returns the end that this is.
-TransferEnd TellMessageFault(Comm& comm, const Fault& fault);
-
 }  // namespace nira

@@ -88,7 +88,7 @@ std::string WriteMessageLines(const CamProgram& program) {
 }
 
 Result<MessageFile> ReadMsgFile(const QString& path, int most) {
-  if (!QFileInfo::exists(path)) return Fault{.What = Fault::Kind::Missing, .Path = path};
+  if (!QFileInfo::exists(path)) return Fault{.What = Fault::Kind::NoMessages, .Path = path};
   LineReader lines(path);
   Result<MessageFile> file = ReadMsgFile(lines, most);
   if (file) return file;

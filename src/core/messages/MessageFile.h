@@ -37,7 +37,7 @@ struct MessageFile {
 };
 
 /// The lines of a file for the first `most` messages; of those beyond only how many there are. The
-/// fault is `Missing`, `CannotRead`, or `BadLine` at a line that is too long.
+/// fault is `NoMessages`, `CannotRead`, or `BadLine` at a line that is too long.
 Result<MessageFile> ReadMsgFile(const QString& path, int most);
 Result<MessageFile> ReadMsgFile(LineReader& lines, int most);
 

@@ -4,6 +4,7 @@
 #include "controls/ThemedIcon.h"
 #include "dialogs/clsCommonDialog.h"
 #include "ground/Text.h"
+#include "line/FaultText.h"
 #include "line/MessageTransfer.h"
 #include "messages/ModMsg.h"
 #include "messages/PrnMsg.h"
@@ -270,7 +271,7 @@ bool AlMsg::ReadMsgFile() {
   const QString path = instance_.Folder.Find(instance_.Settings.MsgFile);
   const auto file = nira::ReadMsgFile(path, instance_.Program.NumMessages());
   if (!file) {
-    TellMessageFault(instance_, file.Why());
+    TellFault(instance_, file.Why());
     return false;
   }
   ReplaceMessages(instance_.Program, *file);
@@ -302,7 +303,7 @@ bool AlMsg::WriteMsgFile(Buttons asking) {
   }
   const Refusal refusal =
       nira::WriteMsgFile(instance_.Program, path, instance_.Writer, FileWriter::Backup::Yes);
-  if (refusal) TellMessageFault(instance_, *refusal);
+  if (refusal) TellFault(instance_, *refusal);
   instance_.Settings.MsgSaved = instance_.Settings.MsgSaved || !refusal;
   return !refusal;
 }
