@@ -31,7 +31,6 @@ QString FaultWords() {
       "  noise=N                 three bytes of noise before its answer to frame N\n"
       "  model=CAMS,SIZES,MSGS   names another model in its identity\n"
       "  unplug[=N]              the adapter is pulled out at frame N, or at the first command\n"
-      "  no-cts[=N]              does not hold CTS from frame N on, or from the start\n"
       "  random=SEED[,WORD...]   the passing ones, or the named ones, one frame in twenty each\n"
       "Frames count from 1 in every job, repeats included; the answer to a command is frame 0.\n");
 }

@@ -102,6 +102,9 @@ QString Simulation::ReadProgram(ProgrammerState& state) {
 QString Simulation::Prepare() {
   Faults faults;
   for (const QString& word : options_.faults) {
+    if (word.startsWith(QStringLiteral("no-cts"))) {
+      return QString(word + QStringLiteral(": a simulated line has no CTS wire"));
+    }
     const QString reason = faults.Add(word);
     if (!reason.isEmpty()) return reason;
   }

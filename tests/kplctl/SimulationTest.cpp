@@ -42,7 +42,7 @@ class SimulationTest : public QObject {
 
   void Refused() {
     for (const char* options :
-         {"--cams 33", "--fault nak=1 --fault nonsense", "--program none.cam",
+         {"--cams 33", "--fault no-cts=3", "--fault nak=1 --fault nonsense", "--program none.cam",
           "--firmware " NIRA_SOURCE_FOLDER "/README.md", "--link none/com1"}) {
       const Ran ran = Kplctl(QString(u"simulate "_qs + options).split(u' '));
       QCOMPARE(ran.status, 1);
