@@ -190,6 +190,10 @@ enum class TextNumber : int {
   PreviewNeighbour = 352,
   PreviewNotKept = 353,
   SpeedPurpose = 420,
+  FrameCams = 530,
+  FrameSizes = 531,
+  ModelEmpties = 532,
+  OtherPorts = 533,
 };
 
 }  // namespace nira

@@ -2,6 +2,7 @@
 #include "line/Carprg.h"
 
 #include "controls/InputHold.h"
+#include "controls/TabToChecked.h"
 #include "ground/Text.h"
 #include "line/Identity.h"
 
@@ -25,8 +26,8 @@ QRadioButton* Option(const char* name, int index) {
   return button;
 }
 
-QGroupBox* Group(const std::array<QRadioButton*, 2>& options) {
-  auto* group = new QGroupBox;
+QGroupBox* Group(const QString& title, const std::array<QRadioButton*, 2>& options) {
+  auto* group = new QGroupBox(title);
   auto* layout = new QVBoxLayout(group);
   layout->setContentsMargins(16, 12, 16, 12);
   layout->setSpacing(8);
@@ -41,6 +42,7 @@ Carprg::Carprg(Comm& comm, QWidget* parent) : QDialog(parent), comm_(comm), prog
   setWindowTitle(QStringLiteral("Sel Programmer"));
   BuildLayout();
   Form_Load();
+  TabToChecked(*this);
   for (int i = 0; i < 2; ++i) {
     const auto index = static_cast<std::size_t>(i);
     connect(O_QX[index], &QRadioButton::clicked, this, [this, i] { O_QX_Click(i); });
@@ -75,8 +77,8 @@ void Carprg::BuildLayout() {
 
   auto* groups = new QHBoxLayout;
   groups->setSpacing(16);
-  groups->addWidget(Group(O_QX), 1);
-  groups->addWidget(Group(O_F), 1);
+  groups->addWidget(Group(comm_.Text(TextNumber::FrameCams), O_QX), 1);
+  groups->addWidget(Group(comm_.Text(TextNumber::FrameSizes), O_F), 1);
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(8);
   buttons->addWidget(automatic);
@@ -89,6 +91,12 @@ void Carprg::BuildLayout() {
   layout->setSpacing(16);
   layout->addLayout(groups);
   layout->addWidget(labCom_);
+  if (const QString& warning = comm_.Text(TextNumber::ModelEmpties); !warning.isEmpty()) {
+    auto* empties = new QLabel(warning);
+    empties->setObjectName(QStringLiteral("Empties"));
+    empties->setTextFormat(Qt::PlainText);
+    layout->addWidget(empties);
+  }
   layout->addLayout(buttons);
   setMinimumWidth(360);
 }

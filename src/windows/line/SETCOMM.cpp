@@ -3,6 +3,7 @@
 
 #include "controls/OkCancelRow.h"
 #include "controls/PlainTip.h"
+#include "controls/TabToChecked.h"
 #include "files/OptionsFile.h"
 #include "line/FaultText.h"
 #include "line/SerialLink.h"
@@ -12,7 +13,11 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QTimer>
+#include <QToolButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace nira {
 
@@ -59,13 +64,48 @@ QWidget* SETCOMM::BuildPorts() {
   rows->setVerticalSpacing(8);
   rows->setColumnStretch(2, 1);
   rows->setColumnMinimumWidth(2, fontMetrics().averageCharWidth() * 24);
-  for (const PortInfo& port : ports_.Offered()) AddPort(rows, port);
-  rows->setRowStretch(PortNames::Ports, 1);
+  std::vector<PortInfo> ports = ports_.Offered();
+  const auto others =
+      std::stable_partition(ports.begin(), ports.end(), [this](const PortInfo& port) {
+        return port.Present || port.Number == instance_.Settings.PortNumber;
+      });
+  for (auto port = ports.begin(); port != others; ++port) AddPort(rows, *port);
+  if (others != ports.end()) AddOthers(rows, {others, ports.end()});
+  rows->setRowStretch(rows->rowCount(), 1);
+  TabToChecked(*frame);
   return frame;
 }
 
+/// The ports that are not there can be chosen all the same, but do not stand in the way; they are
+/// shown at once when there is nothing else.
+void SETCOMM::AddOthers(QGridLayout* rows, const std::vector<PortInfo>& others) {
+  auto* fold = new QToolButton;
+  fold->setObjectName(QStringLiteral("OtherPorts"));
+  fold->setText(instance_.Text(TextNumber::OtherPorts));
+  fold->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  fold->setAutoRaise(true);
+  fold->setCheckable(true);
+  rows->addWidget(fold, rows->rowCount(), 0, 1, 2, Qt::AlignLeft);
+  std::vector<QWidget*> folded;
+  for (const PortInfo& port : others) {
+    const int row = AddPort(rows, port);
+    for (int column = 0; column < rows->columnCount(); ++column) {
+      folded.push_back(rows->itemAtPosition(row, column)->widget());
+    }
+  }
+  const auto show = [this, fold, folded](bool open) {
+    fold->setArrowType(open ? Qt::DownArrow : Qt::RightArrow);
+    for (QWidget* widget : folded) widget->setVisible(open);
+    if (isVisible()) QTimer::singleShot(0, this, [this] { resize(size().expandedTo(sizeHint())); });
+  };
+  connect(fold, &QToolButton::toggled, this, show);
+  fold->setChecked(others.size() == PortNames::Ports);
+  show(fold->isChecked());
+}
+
 /// A button of the array `OpCOM`: its index is the number of the port. Beside it what is there.
-void SETCOMM::AddPort(QGridLayout* rows, const PortInfo& port) {
+/// Returns its row.
+int SETCOMM::AddPort(QGridLayout* rows, const PortInfo& port) {
   const int number = port.Number;
   auto* button = new QRadioButton(QStringLiteral("COM") + QString::number(number));
   button->setObjectName(QStringLiteral("OpCOM_") + QString::number(number));
@@ -74,10 +114,11 @@ void SETCOMM::AddPort(QGridLayout* rows, const PortInfo& port) {
   connect(button, &QRadioButton::clicked, this, [this, number] { OpCOM_Click(number); });
   const QString note = Note(port);
   button->setAccessibleDescription(port.Device + u' ' + note);
-  const int row = number - 1;
+  const int row = rows->rowCount();
   rows->addWidget(button, row, 0);
   rows->addWidget(PortLabel(port.Device, port.Present, button), row, 1);
   rows->addWidget(PortLabel(note, port.Present, button), row, 2);
+  return row;
 }
 
 /// Text beside a port; a click on it is one on its button.
@@ -124,6 +165,7 @@ QWidget* SETCOMM::BuildSpeeds() {
     column->addWidget(button);
   }
   column->addStretch();
+  TabToChecked(*frame);
   return frame;
 }
 

@@ -9,6 +9,8 @@
 #include <QLabel>
 #include <QRadioButton>
 
+#include <vector>
+
 namespace nira {
 
 /// The choice of serial port and speed. What is clicked holds at once; only OK writes it to the
@@ -26,7 +28,8 @@ class SETCOMM : public QDialog {
   QWidget* BuildPorts();
   QWidget* BuildSpeeds();
   QLayout* BuildButtons();
-  void AddPort(QGridLayout* rows, const PortInfo& port);
+  void AddOthers(QGridLayout* rows, const std::vector<PortInfo>& others);
+  int AddPort(QGridLayout* rows, const PortInfo& port);
   QLabel* PortLabel(const QString& text, bool present, QRadioButton* port);
   QString Note(const PortInfo& port) const;
 
