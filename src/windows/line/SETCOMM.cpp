@@ -25,6 +25,10 @@ namespace {
 
 constexpr int longestNote = 40;  // characters
 
+QString PortButton(int number) {
+  return QStringLiteral("OpCOM_") + QString::number(number);
+}
+
 QGroupBox* Frame(const QString& title) {
   auto* frame = new QGroupBox(title);
   frame->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
@@ -53,6 +57,8 @@ SETCOMM::SETCOMM(Instance& instance, const PortNames& ports, QWidget* parent)
   layout->addWidget(settPort_);
   layout->addLayout(frames, 1);
   layout->addLayout(BuildButtons());
+  const QString chosen = PortButton(instance.Settings.PortNumber);
+  if (auto* port = findChild<QRadioButton*>(chosen)) port->setFocus();
   ShowSettPort();
 }
 
@@ -108,9 +114,8 @@ void SETCOMM::AddOthers(QGridLayout* rows, const std::vector<PortInfo>& others) 
 int SETCOMM::AddPort(QGridLayout* rows, const PortInfo& port) {
   const int number = port.Number;
   auto* button = new QRadioButton(QStringLiteral("COM") + QString::number(number));
-  button->setObjectName(QStringLiteral("OpCOM_") + QString::number(number));
+  button->setObjectName(PortButton(number));
   button->setChecked(number == instance_.Settings.PortNumber);
-  if (button->isChecked()) button->setFocus();
   connect(button, &QRadioButton::clicked, this, [this, number] { OpCOM_Click(number); });
   const QString note = Note(port);
   button->setAccessibleDescription(port.Device + u' ' + note);

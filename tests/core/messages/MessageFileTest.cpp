@@ -89,7 +89,7 @@ class MessageFileTest : public QObject {
   void Refused() {
     using enum Fault::Kind;
     Place p;
-    QCOMPARE(p.Read().Why().What, Missing);
+    QCOMPARE(p.Read().Why().What, NoMessages);
     for (const int length : {998, 3'000'000}) {
       const QByteArray lines = "N\"X\"\r\nN\"" + QByteArray(length, 'A') + "\"\r\nN\"Y\"";
       QVERIFY(WriteBytes(p.path, lines));
