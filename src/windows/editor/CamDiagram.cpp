@@ -39,8 +39,10 @@ QString Indexed(const char* name, int index) {
 
 }  // namespace
 
-CamDiagram::CamDiagram(QWidget* parent)
+CamDiagram::CamDiagram(Kind kind, QWidget* parent)
     : QWidget(parent),
+      kind_(std::move(kind)),
+      rows_(static_cast<std::size_t>(kind_.most)),
       phaseMarks_(new PhaseMarks(this)),
       line_(new HoverLine(this)),
       drag_(new RunDrag(this)) {
@@ -49,24 +51,24 @@ CamDiagram::CamDiagram(QWidget* parent)
   connect(drag_, &RunDrag::GivenUp, this, &CamDiagram::DragGivenUp);
   setMouseTracking(true);
   BuildScale();
-  for (int cam = 0; cam < CamProgram::MaxCams; ++cam) BuildRow(cam);
+  place_.numCams = kind_.most;
+  for (int cam = 0; cam < kind_.most; ++cam) BuildRow(cam);
 }
 
 void CamDiagram::BuildRow(int cam) {
   Row& row = rows_[static_cast<std::size_t>(cam)];
   row.number = new CamLabel(this);
-  row.number->setObjectName(Indexed("LabCam", cam));
+  row.number->setObjectName(Indexed(kind_.number, cam));
   row.number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  row.number->setText(QString::number(cam + 1));
   row.number->setContentsMargins(0, 0, lampColumn, 0);
-  row.number->setAccessibleName(QStringLiteral("C%1").arg(cam + 1));
+  ShowNumber(cam, cam + 1);
   row.description = new CamLabel(this);
-  row.description->setObjectName(Indexed("LDefC", cam));
+  row.description->setObjectName(Indexed(kind_.description, cam));
   row.description->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   row.description->setAutoFillBackground(true);
   row.description->setMargin(5);
   row.bar = new CamBar(this);
-  row.bar->setObjectName(Indexed("Barra", cam));
+  row.bar->setObjectName(Indexed(kind_.bar, cam));
   for (QWidget* widget : {static_cast<QWidget*>(row.number), static_cast<QWidget*>(row.description),
                           static_cast<QWidget*>(row.bar)}) {
     widget->installEventFilter(this);
@@ -103,13 +105,24 @@ void CamDiagram::BuildScale() {
 void CamDiagram::ShowRows(int numCams) {
   if (numCams == place_.numCams) return;
   place_.numCams = numCams;
-  for (int cam = 0; cam < CamProgram::MaxCams; ++cam) {
+  for (int cam = 0; cam < kind_.most; ++cam) {
     const Row& row = rows_[static_cast<std::size_t>(cam)];
     row.number->setVisible(cam < numCams);
     row.description->setVisible(cam < numCams);
     row.bar->setVisible(cam < numCams);
   }
   Arrange();
+}
+
+void CamDiagram::ShowNumber(int row, int number) {
+  CamLabel* label = RowOf(row).number;
+  label->setText(QString::number(number));
+  label->setAccessibleName(kind_.letter + QString::number(number));
+}
+
+int CamDiagram::ReadableRows() const {
+  constexpr int readable = 16;  // pixels
+  return std::clamp((height() - 2 * ScaleHeight()) / readable, 1, kind_.most);
 }
 
 void CamDiagram::ShowCam(int cam, const PhaseList& phases, bool selected, const QString& text) {
@@ -413,7 +426,7 @@ void CamDiagram::Pin(const QPoint& place) {
 /// Lights the lamps from what is drawn at the line, and says what it reads.
 void CamDiagram::Read() {
   const int degree = line_->Degree();
-  for (int cam = 0; cam < CamProgram::MaxCams; ++cam) {
+  for (int cam = 0; cam < kind_.most; ++cam) {
     line_->Light(cam, degree >= 0 && PhaseAt(RowOf(cam).phases, degree) >= 0);
   }
   Q_EMIT LineRead(degree, line_->Difference(), degree < 0 ? QString() : CamsOn(degree));
@@ -424,7 +437,8 @@ QString CamDiagram::CamsOn(int degree) const {
   for (int cam = 0; cam < place_.numCams; ++cam) {
     const Row& row = RowOf(cam);
     if (PhaseAt(row.phases, degree) < 0) continue;
-    on.append(QString(row.number->text() + u' ' + row.description->text()).trimmed());
+    const QString text = kind_.described ? row.description->text() : QString();
+    on.append(QString(row.number->text() + u' ' + text).trimmed());
   }
   return on.join(QStringLiteral("  "));
 }
@@ -449,7 +463,8 @@ void CamDiagram::ShowTip(int cam, const QHelpEvent& event) const {
   if (phase == nullptr) return QToolTip::hideText();
   const auto number = phase - row.phases.data() + 1;
   const auto digits = [](std::int64_t value, int width) { return ZeroFilled(value, width); };
-  const QString title = u'C' + digits(cam + 1, 2) + u' ' + row.description->text();
+  const QString title =
+      kind_.letter + digits(row.number->text().toInt(), 2) + u' ' + row.description->text();
   const QString text =
       QStringLiteral("<p style='white-space:pre'><b>%1   F%2</b><br>ON %3  OFF %4   %5°%6</p>")
           .arg(title.toHtmlEscaped(), digits(number, 3), digits(phase->on, 3),

@@ -25,15 +25,31 @@ class SwitchingMarks;
 struct Switching;
 
 /// The diagram of the selected size: per cam its number, its description and its bar, over a scale
-/// of degrees. It shows what it is given and knows nothing of the program.
+/// of degrees. It shows what it is given and knows nothing of the program: its rows may as well be
+/// the sizes of one cam.
 class CamDiagram : public QWidget {
   Q_OBJECT
 
  public:
-  explicit CamDiagram(QWidget* parent);
+  /// What the rows stand for.
+  struct Kind {
+    int most = CamProgram::MaxCams;  ///< rows that can be shown
+    const char* number = "LabCam";   ///< object names of the controls of a row, without its index
+    const char* description = "LDefC";
+    const char* bar = "Barra";
+    QString letter = QStringLiteral("C");  ///< before a number in a tip
+    bool described = true;                 ///< what is read names the descriptions, too
+  };
+
+  explicit CamDiagram(QWidget* parent) : CamDiagram(Kind(), parent) {}
+  CamDiagram(Kind kind, QWidget* parent);
 
   /// Rows of the cams that exist; the others are hidden.
   void ShowRows(int numCams);
+  /// The number of a row (from 0) when it is not that of its place.
+  void ShowNumber(int row, int number);
+  /// Rows that can be read at the present height.
+  int ReadableRows() const;
 
   /// What is drawn for one cam (index from 0).
   void ShowCam(int cam, const PhaseList& phases, bool selected, const QString& text);
@@ -130,7 +146,8 @@ class CamDiagram : public QWidget {
   QString CamsOn(int degree) const;
   const Row& RowOf(int cam) const { return rows_[static_cast<std::size_t>(cam)]; }
 
-  std::array<Row, CamProgram::MaxCams> rows_;
+  const Kind kind_;
+  std::vector<Row> rows_;
   std::array<QLabel*, Quarters> marks_{};    // Lab_0 .. Lab_4_4
   std::array<QFrame*, FrameLines> frame_{};  // Line5 .. Line11
   DiagramPlace place_;

@@ -43,8 +43,8 @@ class HoverLine : public DiagramLayer {
   struct Picture {
     int degree = -1;  // under the pointer
     int row = -1;
-    std::vector<int> pins;  // at most two
-    std::bitset<CamProgram::MaxCams> lamps;
+    std::vector<int> pins;                    // at most two
+    std::bitset<CamProgram::MaxSizes> lamps;  // of as many rows as there can be
   };
 
   void Show(const Picture& picture);

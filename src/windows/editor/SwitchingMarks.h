@@ -42,7 +42,7 @@ class SwitchingMarks : public DiagramLayer {
   void PaintRatios(QPainter& painter) const;
   void PaintRatio(QPainter& painter, int first, int last) const;
 
-  std::array<Row, CamProgram::MaxCams> rows_;
+  std::array<Row, CamProgram::MaxSizes> rows_;  // as many as there can be
 };
 
 }  // namespace nira
