@@ -5,6 +5,9 @@
 
 #include <QPaintDevice>
 #include <QPaintEngine>
+#include <QPainterPath>
+
+#include <functional>
 
 namespace nira {
 
@@ -18,13 +21,24 @@ class PaintRecorder : public QPaintDevice {
     document.Paint(painter, page);
   }
 
+  /// Of whatever `paint` paints on a screen of this size.
+  PaintRecorder(const QSize& size, const std::function<void(QPaintDevice*)>& paint)
+      : size_(size), unitsPerInch_(96) {
+    paint(this);
+  }
+
   QPaintEngine* paintEngine() const override { return &engine_; }
   const QStringList& Words() const { return engine_.words; }
+  /// The box of each word.
+  const QList<QRectF>& Places() const { return engine_.places; }
   /// Two words that stand on each other; empty when there are none.
   QString Overlap() const {
     for (qsizetype i = 0; i < engine_.places.size(); ++i) {
       for (qsizetype k = 0; k < i; ++k) {
-        if (!engine_.places.at(i).intersects(engine_.places.at(k))) continue;
+        // Accents and tails are shorter than the line.
+        const double slack = unitsPerInch_ / 144.0;
+        const QRectF place = engine_.places.at(i).adjusted(0, slack, 0, -slack);
+        if (!place.intersects(engine_.places.at(k).adjusted(0, slack, 0, -slack))) continue;
         return engine_.words.at(k) + u'|' + engine_.words.at(i);
       }
     }
@@ -45,7 +59,9 @@ class PaintRecorder : public QPaintDevice {
       case PdmDpiY:
       case PdmPhysicalDpiX:
       case PdmPhysicalDpiY:
-        return PagedDocument::UnitsPerInch;
+        return unitsPerInch_;
+      case PdmDevicePixelRatioScaled:
+        return static_cast<int>(devicePixelRatioFScale());
       default:
         return 1;
     }
@@ -60,14 +76,16 @@ class PaintRecorder : public QPaintDevice {
     Type type() const override { return User; }
     void updateState(const QPaintEngineState&) override {}
     void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
+    void drawPath(const QPainterPath& path) override { ink |= path.boundingRect(); }
     void drawPolygon(const QPointF* points, int count, PolygonDrawMode) override {
       for (int i = 0; i < count; ++i) ink |= QRectF(points[i], QSizeF(1, 1));
     }
     void drawTextItem(const QPointF& place, const QTextItem& item) override {
-      const QRectF box(place.x(), place.y() - item.ascent(), item.width(),
-                       item.ascent() + item.descent());
+      const QRectF line(place.x(), place.y() - item.ascent(), item.width(),
+                        item.ascent() + item.descent());
+      const QRectF box = painter()->deviceTransform().mapRect(line);
       words.append(item.text());
-      places.append(box.adjusted(0, 5, 0, -5));  // accents and tails are shorter than the line
+      places.append(box);
       ink |= box;
     }
     void drawRects(const QRectF* rects, int count) override {
@@ -85,6 +103,7 @@ class PaintRecorder : public QPaintDevice {
   };
 
   QSize size_;
+  int unitsPerInch_ = PagedDocument::UnitsPerInch;
   mutable Engine engine_;
 };
 

@@ -19,6 +19,7 @@ inline constexpr QRgb selectedText = 0xff0000ff;  // blue; also the runs at the 
 inline constexpr QRgb text = 0xff000000;          // black; also every run of another cam
 inline constexpr QRgb selectedRun = 0xff5555ff;   // light blue
 inline constexpr QRgb lit = 0xffff5555;           // light red: the demo's pointer and lit lamps
+inline constexpr QRgb frame = 0xff808080;         // grey lines around and between what is drawn
 }  // namespace colours
 
 /// The bar of one cam. It keeps the picture that was drawn last and paints from it alone, so that

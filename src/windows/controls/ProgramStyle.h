@@ -13,7 +13,16 @@ class ProgramStyle : public QProxyStyle {
  public:
   ProgramStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
+  using QProxyStyle::polish;
+  /// The desktop's colours, with those that it lacks.
+  void polish(QPalette& palette) override;
+
   QIcon standardIcon(StandardPixmap picture, const QStyleOption* option,
+                     const QWidget* widget) const override;
+
+  /// Frames of boxes and buttons to mark, which Fusion makes a little darker than the window and so
+  /// not to be seen in a dark one.
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
 
   /// The tip over a run comes at once: the operator reads one after the other.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QColor>
+#include <QPalette>
 
 namespace nira {
 
@@ -12,5 +13,17 @@ inline QColor Mixed(const QColor& colour, const QColor& ground, double share) {
   return {part(colour.red(), ground.red()), part(colour.green(), ground.green()),
           part(colour.blue(), ground.blue())};
 }
+
+/// What is of less weight than the text around it, on the ground of a window or of a list (`Base`).
+QColor SecondaryText(const QPalette& palette, QPalette::ColorRole ground = QPalette::Window);
+
+/// Of lines and frames that tell what a control is, on the ground of a window.
+QColor Outline(const QPalette& palette);
+
+/// How well one colour reads on another: 1 for the same, 21 for black on white.
+double Contrast(const QColor& colour, const QColor& ground);
+
+/// Gives every text that a theme forgot, or made for another ground, a colour that reads.
+void MakeReadable(QPalette& palette);
 
 }  // namespace nira

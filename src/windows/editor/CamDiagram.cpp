@@ -31,7 +31,6 @@ constexpr int columnGap = 8;
 constexpr int lampColumn = DiagramPlace::LampSide + 2 * columnGap;  // the lamp between two gaps
 constexpr int tick = 5;
 constexpr int longTick = DiagramPlace::Tick;
-constexpr QRgb frameColour = 0xff9a9a9a;
 
 QString Indexed(const char* name, int index) {
   return QString::fromLatin1(name) + u'_' + QString::number(index);
@@ -96,7 +95,7 @@ void CamDiagram::BuildScale() {
     line->setObjectName(QString::fromLatin1(lines[i]));
     line->setAutoFillBackground(true);
     QPalette colour = line->palette();
-    colour.setColor(QPalette::Window, QColor::fromRgb(frameColour));
+    colour.setColor(QPalette::Window, QColor::fromRgb(colours::frame));
     line->setPalette(colour);
     frame_[i] = line;
   }

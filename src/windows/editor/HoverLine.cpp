@@ -135,8 +135,7 @@ void HoverLine::paintEvent(QPaintEvent* event) {
 /// Lit or not is told by the form as well: a disc with a dark ring, or an empty ring.
 void HoverLine::PaintLamps(QPainter& painter, const QRegion& where) const {
   const QPen dark(QColor::fromRgb(lampRing), 1);
-  const QPalette& own = palette();
-  const QPen quiet(Mixed(own.color(QPalette::WindowText), own.color(QPalette::Window), 0.5), 1);
+  const QPen quiet(SecondaryText(palette()), 1);
   for (int cam = 0; cam < Place().numCams; ++cam) {
     const QRect lamp = Place().Lamp(cam);
     if (!where.intersects(lamp)) continue;

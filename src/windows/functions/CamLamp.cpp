@@ -17,7 +17,6 @@ constexpr int leastLamp = 28;  // pixels
 constexpr int lampGap = 2;     // between the lamp and its description
 constexpr int textLines = 2;
 constexpr int largestText = 18;  // pixels
-constexpr QRgb lampOutline = 0xff9a9a9a;
 
 }  // namespace
 
@@ -68,7 +67,7 @@ void CamLamp::paintEvent(QPaintEvent* event) {
 
 void CamLamp::PaintLamp(QPainter& painter, const QRect& place) const {
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(QColor::fromRgb(lampOutline), 2));
+  painter.setPen(QPen(QColor::fromRgb(colours::frame), 2));
   painter.setBrush(QColor::fromRgb(lit_ ? colours::lit : colours::text));
   painter.drawEllipse(QRectF(place).adjusted(1, 1, -1, -1));
   QFont number = font();

@@ -18,7 +18,6 @@ constexpr double pi = 3.141592;  // the pointer's own, as it has always been
 constexpr int circleTick = 6;    // pixels
 constexpr int circleLongTick = 11;
 constexpr int strips = 16;  // pieces of the pointer that are repainted as rectangles
-constexpr QRgb circleOutline = 0xff9a9a9a;
 
 }  // namespace
 
@@ -84,7 +83,7 @@ void DegreeCircle::DrawFace() {
   face_.fill(palette().color(QPalette::Window));
   QPainter painter(&face_);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(QColor::fromRgb(circleOutline), 1));
+  painter.setPen(QPen(QColor::fromRgb(colours::frame), 1));
   painter.setBrush(QColor::fromRgb(colours::bar));
   const double outer = DemoRadius() + Margin() - 2;
   painter.drawEllipse(Centre(), outer, outer);

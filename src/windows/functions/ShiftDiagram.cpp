@@ -14,7 +14,6 @@ constexpr int lowestBar = 36;  // pixels
 constexpr int barLimit = 280;
 constexpr int shortTick = 5;
 constexpr int quarterTick = 8;
-constexpr QRgb lineColour = 0xff9a9a9a;
 
 }  // namespace
 
@@ -24,7 +23,7 @@ ShiftDiagram::ShiftDiagram(const QString& programmed, const QString& shifted)
     lines_[i] = new QFrame(this);
     lines_[i]->setObjectName(QStringLiteral("Line") + QString::number(i + 1));
     lines_[i]->setAutoFillBackground(true);
-    lines_[i]->setPalette(QPalette(QColor::fromRgb(lineColour)));
+    lines_[i]->setPalette(QPalette(QColor::fromRgb(colours::frame)));
   }
   programmed_ = new CamBar(this);  // over the lines: these show between the bars only
   programmed_->setObjectName(QStringLiteral("BarraProg"));

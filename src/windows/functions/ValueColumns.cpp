@@ -24,7 +24,7 @@ constexpr std::array scaleMarks = {200, 100, 0};
 constexpr std::array scaleNames = {"Label10", "Label11", "Label12"};
 
 constexpr QRgb advanceColour = 0xff6f7f96;
-constexpr QRgb delayColour = 0xffc98a35;
+constexpr QRgb delayColour = 0xffb87a28;
 constexpr QRgb ratioColour = 0xff5a9a6c;
 constexpr QRgb selectedColour = colours::selectedRun;
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "line/ProgressPicture.h"
 
+#include "controls/Shades.h"
+
 #include <QPainter>
 
 #include <algorithm>
@@ -39,7 +41,7 @@ void ProgressPicture::paintEvent(QPaintEvent* /*event*/) {
   part(inside, QPalette::Base, QPalette::Text);
   if (!done.isEmpty()) part(done, QPalette::Highlight, QPalette::HighlightedText);
   painter.setClipping(false);
-  painter.setPen(palette().color(QPalette::Mid));
+  painter.setPen(Outline(palette()));
   painter.drawRect(frame);
 }
 

@@ -1,0 +1,228 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "controls/ProgramStyle.h"
+#include "controls/Shades.h"
+#include "support/PaintRecorder.h"
+#include "support/WindowFixture.h"
+
+#include <QHash>
+#include <QLineEdit>
+#include <QStyleOptionButton>
+#include <QTest>
+
+#include <algorithm>
+
+namespace nira {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The program's style on a desktop that brings its own colours, some of them or none.
+class ThemedStyle : public ProgramStyle {
+ public:
+  explicit ThemedStyle(const QPalette& colours) : colours_(colours) {}
+  void polish(QPalette& palette) override {
+    palette = colours_.resolve(palette);
+    ProgramStyle::polish(palette);
+  }
+
+ private:
+  QPalette colours_;
+};
+
+QPalette Dark() {
+  QPalette dark;
+  const std::initializer_list<std::pair<QPalette::ColorRole, QRgb>> colours = {
+      {QPalette::Window, 0x2a2e32},    {QPalette::WindowText, 0xfcfcfc},
+      {QPalette::Base, 0x1b1e20},      {QPalette::Text, 0xfcfcfc},
+      {QPalette::Button, 0x31363b},    {QPalette::ButtonText, 0xfcfcfc},
+      {QPalette::Highlight, 0x3daee9}, {QPalette::HighlightedText, 0xfcfcfc},
+  };
+  for (const auto& [role, colour] : colours) dark.setColor(role, QColor(colour));
+  return dark;
+}
+
+/// As a desktop's own dark scheme gives them: nothing is left to Qt.
+QPalette WholeDark() {
+  QPalette dark = Dark();
+  const std::initializer_list<std::pair<QPalette::ColorRole, QRgb>> colours = {
+      {QPalette::AlternateBase, 0x232629}, {QPalette::ToolTipBase, 0x31363b},
+      {QPalette::ToolTipText, 0xfcfcfc},   {QPalette::PlaceholderText, 0x6e7175},
+      {QPalette::Link, 0x1d99f3},          {QPalette::Light, 0x464d54},
+      {QPalette::Midlight, 0x3c4248},      {QPalette::Mid, 0x24272b},
+      {QPalette::Dark, 0x141618},          {QPalette::Shadow, 0x0f1112},
+  };
+  for (const auto& [role, colour] : colours) dark.setColor(role, QColor(colour));
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    dark.setColor(QPalette::Disabled, role, QColor(0x6e, 0x71, 0x75));
+  }
+  return dark;
+}
+
+/// The contrast of what stands out most in a place of a picture with what most of it is.
+double ContrastIn(const QImage& picture, const QRect& place) {
+  QHash<QRgb, int> colours;
+  for (int y = place.top(); y <= place.bottom(); ++y) {
+    for (int x = place.left(); x <= place.right(); ++x) ++colours[picture.pixel(x, y)];
+  }
+  const auto byCount = [&](QRgb a, QRgb b) { return colours[a] < colours[b]; };
+  const QList<QRgb> found = colours.keys();
+  const QColor ground(*std::max_element(found.begin(), found.end(), byCount));
+  double contrast = 1;
+  for (const QRgb colour : found) contrast = std::max(contrast, Contrast(QColor(colour), ground));
+  return contrast;
+}
+
+/// Opens the window of a menu entry ("MainWindow": none) over a sample program and acts on it.
+void WithWindow(const QString& item, const std::function<void(QWidget*)>& act) {
+  WindowFixture f;
+  QVERIFY(f.Start(f.Sample(u"press.CAM"_qs)));
+  f.Click(u"LabCam_10"_qs);
+  f.Enter({});
+  f.ClickLine(0);
+  if (item == u"MainWindow"_qs) return act(&*f.window);
+  bool seen = false;
+  const auto look = [&](QDialog* dialog) {
+    dialog->resize(dialog->size().expandedTo({1000, 700}));
+    QApplication::processEvents();
+    act(dialog);
+    seen = true;
+  };
+  f.chooseModel = look;
+  f.prompts.AnswerEverything(true);
+  if (item != u"f_New"_qs) {
+    WhenOpens<QDialog>([&](QDialog* dialog) {
+      look(dialog);
+      dialog->done(0);
+    });
+  }
+  f.Choose(item.toLatin1().constData());
+  QVERIFY(seen);
+}
+
+/// What the words of a window come to on the screen; those of disabled controls are left out.
+QStringList Unreadable(QWidget* window) {
+  const QImage picture = window->grab().toImage();
+  const PaintRecorder words(window->size(), [=](QPaintDevice* paper) { window->render(paper); });
+  QStringList unreadable;
+  for (qsizetype i = 0; i < words.Words().size(); ++i) {
+    const QRect whole = words.Places().at(i).toAlignedRect() & picture.rect();
+    const QWidget* under = window->childAt(whole.center());
+    if (under == nullptr) under = window;
+    const QRect place = whole & under->rect().translated(under->mapTo(window, QPoint()));
+    const bool rolledOut =
+        place.height() < whole.height() / 2 || under->inherits("QAbstractScrollArea");
+    if (words.Words().at(i).trimmed().isEmpty() || rolledOut || !under->isEnabled()) continue;
+    const double contrast = ContrastIn(picture, place);
+    if (contrast < 4.5) unreadable.append(words.Words().at(i) + u' ' + QString::number(contrast));
+  }
+  if (words.Words().size() < 6) unreadable.append(u"hardly a word was found"_qs);
+  return unreadable;
+}
+
+/// Where something of a control is drawn that tells what it is or how it stands.
+QList<QRect> Shapes(QWidget* window) {
+  QList<QRect> shapes;
+  const auto add = [&](const QWidget* of, const QRect& part) {
+    if (of->isVisible() && of->isEnabled())
+      shapes.append(part.translated(of->mapTo(window, QPoint())));
+  };
+  for (const auto* button : window->findChildren<QToolButton*>()) {
+    if (!button->icon().isNull()) add(button, button->rect());
+  }
+  for (const auto* button : window->findChildren<QAbstractButton*>()) {
+    QStyleOptionButton option;
+    option.initFrom(button);
+    const bool radio = button->inherits("QRadioButton");
+    if (!radio && !button->inherits("QCheckBox")) continue;
+    add(button, button->style()->subElementRect(
+                    radio ? QStyle::SE_RadioButtonIndicator : QStyle::SE_CheckBoxIndicator, &option,
+                    button));
+  }
+  for (const auto* box : window->findChildren<QLineEdit*>()) {
+    if (box->hasFrame()) add(box, QRect(0, 4, 4, box->height() - 8));
+  }
+  for (const char* painted : {"Picture1", "Circle", "Shape1"}) {
+    const auto* control = window->findChild<QWidget*>(QLatin1String(painted));
+    if (control != nullptr) add(control, control->rect());
+  }
+  const auto* lamp = window->findChild<QLabel*>(u"LabCam_0"_qs);
+  if (window->objectName() == u"MainWindow"_qs) {
+    add(lamp, lamp->rect().adjusted(lamp->contentsRect().right() + 8, 0, 0, 0));
+  }
+  return shapes;
+}
+
+}  // namespace
+
+/// What every window owes the eye, measured from its pixels.
+class LookTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void Contrasts_data() {
+    QTest::addColumn<QString>("item");
+    QTest::addColumn<QPalette>("colours");
+    const std::initializer_list<std::pair<const char*, QPalette>> themes = {
+        {"light", {}}, {"dark", WholeDark()}, {"dark with unset roles", Dark()}};
+    for (const auto& [theme, colours] : themes) {
+      for (const char* item : {"MainWindow", "Fu_Set", "Al_Msg", "O_Rot", "o_Ant", "setcom",
+                               "Pr_size", "f_New", "info"}) {
+        QTest::addRow("%s: %s", theme, item) << QString::fromLatin1(item) << colours;
+      }
+    }
+  }
+
+  /// At least 4.5 for text, and 3 for shapes.
+  void Contrasts() {
+    QFETCH(QString, item);
+    QFETCH(QPalette, colours);
+    QApplication::setStyle(new ThemedStyle(colours));
+    WithWindow(item, [](QWidget* window) {
+      QCOMPARE(Unreadable(window).join(u", "_qs), QString());
+      const QImage picture = window->grab().toImage();
+      for (const QRect& shape : Shapes(window)) {
+        QVERIFY2(picture.rect().contains(shape) && ContrastIn(picture, shape) >= 3,
+                 qPrintable(window->childAt(shape.center())->objectName()));
+      }
+    });
+  }
+
+  /// The smallest window, whatever the one was that its controls were drawn for: no word stands on
+  /// another one, and all can be read.
+  void LeastWindow() {
+    for (const QSize& start : {QSize(800, 560), QSize(1280, 960)}) {
+      WindowFixture f;
+      QVERIFY(f.Load(f.Sample(u"press.CAM"_qs)));
+      f.window->resize(start);
+      f.window->show();
+      QVERIFY(QTest::qWaitForWindowActive(&*f.window));
+      f.Enter({});
+      f.Press(Qt::Key_Left);  // a selected text is painted twice
+      const QSize least(800, 560);
+      f.window->resize(least);
+      QApplication::processEvents();
+      QCOMPARE(f.window->size(), least);
+      const PaintRecorder words(least, [&](QPaintDevice* paper) { f.window->render(paper); });
+      QVERIFY2(words.Words().contains(u"LIGHT CURTAIN MUTE"_qs), "a description is cut");
+      QCOMPARE(words.Overlap(), QString());
+      QVERIFY(f.Find(u"Fase"_qs)->font().pixelSize() >= 14);
+    }
+  }
+
+  /// The text of the rows follows their height, up to a size that is large enough.
+  void RowText() {
+    WindowFixture f;
+    QVERIFY(f.Start());
+    for (const auto& [height, pixels] : {std::pair(560, 11), {960, 16}, {2000, 18}}) {
+      f.window->resize(1000, height);
+      QApplication::processEvents();
+      QCOMPARE(f.Find(u"LDefC_31"_qs)->font().pixelSize(), pixels);
+    }
+  }
+};
+
+}  // namespace nira
+
+QTEST_MAIN(nira::LookTest)
+#include "LookTest.moc"
