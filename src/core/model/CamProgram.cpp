@@ -51,7 +51,17 @@ void CamProgram::DimensionModel() {
 void CamProgram::Empty(CamRow& row) {
   if (row == CamRow{}) return;
   row.fill(0);
-  ++revision_;
+  Count(row);
+}
+
+void CamProgram::Count(const CamRow& changed) {
+  const auto index = static_cast<std::size_t>(&changed - map_.data());
+  sizeRevision_[index / MaxCams] = ++revision_;
+}
+
+std::uint64_t CamProgram::Revision(int size) const {
+  CheckSize(size);
+  return sizeRevision_[static_cast<std::size_t>(size - 1)];
 }
 
 void CamProgram::ClearStore() {
@@ -94,7 +104,7 @@ void CamProgram::SetPhase(int size, int cam, int on, int off) {
   CamRow& row = Row(size, cam);
   CheckDegree(on);
   CheckDegree(off);
-  if (WritePhase(row, on, off)) ++revision_;
+  if (WritePhase(row, on, off)) Count(row);
 }
 
 const CamRow& CamProgram::CamMap(int size, int cam) const {
@@ -111,7 +121,7 @@ void CamProgram::SetRow(int size, int cam, const CamRow& row) {
   CamRow& target = Row(size, cam);
   if (target == row) return;
   target = row;
-  ++revision_;
+  Count(target);
 }
 
 void CamProgram::KeepUndoRow() {

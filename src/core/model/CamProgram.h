@@ -87,6 +87,8 @@ class CamProgram {
 
   /// Counts every change of what a cam file keeps: equal numbers, equal content.
   std::uint64_t Revision() const { return revision_; }
+  /// The same for the rows of one size.
+  std::uint64_t Revision(int size) const;
 
   /// The program as it is now was loaded, saved, or is a new one.
   void TakeAsSaved() { savedRevision_ = revision_; }
@@ -105,6 +107,7 @@ class CamProgram {
   void CheckCam(int cam) const;
   void ClearStore();
   void Empty(CamRow& row);  // counted as a change only when there was something
+  void Count(const CamRow& changed);
 
   int numSizes_ = 22;
   int numCams_ = 32;
@@ -118,6 +121,7 @@ class CamProgram {
   FunctionsBlock functions_;
   std::uint64_t revision_ = 0;
   std::uint64_t savedRevision_ = 0;
+  std::array<std::uint64_t, MaxSizes> sizeRevision_{};
 };
 
 }  // namespace nira

@@ -53,6 +53,16 @@ int PhaseAt(const std::vector<Phase>& phases, int degree) {
   return found == phases.end() ? -1 : static_cast<int>(found - phases.begin());
 }
 
+int CountPhases(const CamRow& row) {
+  int count = 0;
+  std::uint8_t before = row.back();
+  for (const std::uint8_t cell : row) {
+    if (cell > before) ++count;
+    before = cell;
+  }
+  return count == 0 && row.front() == 1 ? 1 : count;  // always ON
+}
+
 bool HasPhase(const CamRow& row) {
   return std::adjacent_find(row.begin(), row.end(), std::not_equal_to<>()) != row.end();
 }

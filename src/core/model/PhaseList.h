@@ -50,6 +50,9 @@ struct PhaseList {
 /// Which of these phases is ON at a degree 0..359, from 0; -1 when none is.
 int PhaseAt(const std::vector<Phase>& phases, int degree);
 
+/// How many phases `PhaseList` has for a row.
+int CountPhases(const CamRow& row);
+
 /// False for a cam that is never ON, and for one that is always: neither is written or sent.
 bool HasPhase(const CamRow& row);
 
