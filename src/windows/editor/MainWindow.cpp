@@ -12,6 +12,7 @@
 #include "editor/PhaseEntry.h"
 #include "editor/SizeCommands.h"
 #include "editor/SizeStepper.h"
+#include "editor/SizeStrip.h"
 #include "editor/SpeedBox.h"
 #include "editor/StatusLine.h"
 #include "functions/BNKRTN.h"
@@ -40,6 +41,7 @@
 #include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 #include <array>
 
@@ -139,10 +141,15 @@ void MainWindow::BuildCentre() {
   diagram_ = new CamDiagram(centre);
   diagram_->setObjectName(QStringLiteral("Diagram"));
   entry_ = new PhaseEntry(instance_, centre);
+  strip_ = new SizeStrip(instance_.Texts, diagram_->Barra(0), centre);  // last in the Tab order
   auto* layout = new QHBoxLayout(centre);
   layout->setContentsMargins(12, 8, 12, 8);
   layout->setSpacing(16);
-  layout->addWidget(diagram_, 1);
+  auto* left = new QVBoxLayout;
+  left->setSpacing(2);
+  left->addWidget(strip_);
+  left->addWidget(diagram_, 1);
+  layout->addLayout(left, 1);
   layout->addWidget(entry_);
   setCentralWidget(centre);
 }
@@ -151,6 +158,7 @@ void MainWindow::ConnectAll() {
   connect(menu_, &MainMenu::RecentChosen, this, &MainWindow::OpenRecent);
   connect(picture1_, &SizeStepper::Previous, this, [this] { Picture1_Step(-1); });
   connect(picture1_, &SizeStepper::Next, this, [this] { Picture1_Step(1); });
+  connect(strip_, &SizeStrip::Chosen, this, &MainWindow::SelectSize);
   connect(diagram_, &CamDiagram::LabCam_Click, this, &MainWindow::LabCam_Click);
   connect(diagram_, &CamDiagram::LabCam_DblClick, this, &MainWindow::LabCam_DblClick);
   connect(diagram_, &CamDiagram::Run_Click, this, &MainWindow::Run_Click);
@@ -164,9 +172,9 @@ void MainWindow::ConnectAll() {
   connect(sizes_, &SizeCommands::Shown, this, &MainWindow::ShowSizeCam);
   connect(sizes_, &SizeCommands::Described, this, [this](int cam) {
     diagram_->ShowDescription(cam, instance_.Program.CamText(cam));
-    status_->Show();
+    ShowState();
   });
-  connect(sizes_, &SizeCommands::Hidden, status_, &StatusLine::Show);
+  connect(sizes_, &SizeCommands::Hidden, this, &MainWindow::ShowState);
   connect(diagram_, &CamDiagram::Pressed, entry_, &PhaseEntry::LeaveForCommand);
   connect(diagram_, &CamDiagram::LineRead, status_, &StatusLine::ShowLine);
   connect(diagram_, &CamDiagram::Freed, entry_->Fase(), [this] { entry_->Fase()->setFocus(); });
@@ -324,6 +332,12 @@ void MainWindow::ShowSizeCam() {
   diagram_->ShowRows(program.NumCams());
   for (int cam = 0; cam < program.NumCams(); ++cam) RefreshCam(cam);
   ShowSwitching();
+  ShowState();
+}
+
+/// What is told of the program beside the diagram.
+void MainWindow::ShowState() {
+  strip_->ShowSizes(instance_.Program);
   status_->Show();
 }
 
@@ -425,15 +439,18 @@ void MainWindow::Select(QDialog&& window) {
     ShowSizeCam();
   } else {
     ShowSwitching();  // the functions may have changed
-    status_->Show();
+    ShowState();
   }
 }
 
 void MainWindow::Picture1_Step(int step) {
+  SelectSize(instance_.Program.CurrentSize() + step);
+}
+
+void MainWindow::SelectSize(int size) {
   entry_->LeaveForCommand();
   CamProgram& program = instance_.Program;
-  const int size = program.CurrentSize() + step;
-  if (size < 1 || size > program.NumSizes()) return;
+  if (size < 1 || size > program.NumSizes() || size == program.CurrentSize()) return;
   program.SelectSize(size);
   ShowSizeCam();
 }
@@ -463,6 +480,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) return false;
   if (Blocked()) return false;
   if (static_cast<QWidget*>(watched)->window() != this) return false;
+  if (watched == strip_) return false;  // has keys of its own
   const auto* key = static_cast<QKeyEvent*>(event);
   if ((key->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return false;
   return KeyDown(key->key());
@@ -531,6 +549,7 @@ void MainWindow::Rescale(double factor) {
     button->setIconSize(toolbar_->iconSize());
   }
   picture1_->Rescale({scaled(72), scaled(30)});
+  strip_->Rescale(scaled(base * 0.92));
   diagram_->Rescale(scaled(base * 0.92));
   entry_->Rescale(scaled(base * 1.2), large, scaled(212));
 }

@@ -22,6 +22,7 @@ class LineCommands;
 class PhaseEntry;
 class SizeCommands;
 class SizeStepper;
+class SizeStrip;
 class StatusLine;
 
 /// The program's window: menus, toolbar, diagram and phase entry of the selected size and cam.
@@ -80,6 +81,8 @@ class MainWindow : public QMainWindow {
   void Form_Unload();
   bool KeyDown(int key);
   void Picture1_Step(int step);
+  void SelectSize(int size);
+  void ShowState();
   void Fu_Set_Click();
   void Al_Msg_Click();
   void O_Rot_Click();
@@ -106,6 +109,7 @@ class MainWindow : public QMainWindow {
   CamDiagram* diagram_;
   PhaseEntry* entry_;
   SizeStepper* picture1_;
+  SizeStrip* strip_;
   QLabel* sizeCam_;
   StatusLine* status_;
   QToolBar* toolbar_;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "editor/SizeStrip.h"
 #include "support/Tables.h"
 #include "support/WindowFixture.h"
 
@@ -69,6 +70,36 @@ class SizeCommandsTest : public QObject {
     QCOMPARE(f.Lines(), u"F001 010 020|F002 100 110"_qs);
     f.Press(Qt::Key_PageDown);
     QCOMPARE(f.Lines(), QString());
+  }
+
+  /// A cell a size, from any of which a click gets there; the keys are the strip's own.
+  void Strip() {
+    WindowFixture f;
+    QVERIFY(f.StartWith(u"10-20 350-360 0-5"_qs, 4));
+    f.window->resize(1024, 768);
+    auto* strip = f.Find<SizeStrip>(u"SizeStrip"_qs);
+    const auto click = [&](int size) {
+      QTest::mouseClick(strip, Qt::LeftButton, {}, strip->Cell(size).center());
+    };
+    f.Enter(u"\r30"_qs);  // an entry that is left ends first
+    click(22);
+    QCOMPARE(f.Text("SizeCam"), u"F22 C05"_qs);
+    QCOMPARE(f.Runs(1, 4), u"0-30 350-360"_qs);
+    QCOMPARE(strip->accessibleName(), u"Formati in uso 1 / 22; Formato 22: nessuna fase"_qs);
+    strip->setFocus();
+    f.Press(Qt::Key_Home);
+    QCOMPARE(f.Text("SizeCam"), u"F01 C05"_qs);
+    QCOMPARE(strip->accessibleName(), u"Formati in uso 1 / 22; Formato 1: camme 1, fasi 1"_qs);
+    f.Press(Qt::Key_PageDown);
+    f.Press(Qt::Key_Right);
+    QCOMPARE(f.Text("SizeCam"), u"F02 C06"_qs);
+    f.program.SetLimits(99, 16, 255);
+    f.Press(Qt::Key_End);
+    for (int size = 99; size > 0; --size) {
+      click(size);
+      QCOMPARE(f.program.CurrentSize(), size);
+      QVERIFY(strip->Cell(size).width() >= 4 && strip->rect().contains(strip->Cell(size)));
+    }
   }
 
   void EraseCamAndUndo() {

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "files/MessageTable.h"
+#include "model/SizeUse.h"
+
+#include <QWidget>
+
+namespace nira {
+
+/// All sizes of the model in a row, a cell each: which are in use, which one is selected, and under
+/// a small triangle the one that the programmer puts in use. Cells stand flush with the bars while
+/// they are wide enough for their numbers; narrow ones take all the room and are numbered above.
+class SizeStrip : public QWidget {
+  Q_OBJECT
+
+ public:
+  SizeStrip(const MessageTable& texts, const QWidget* bars, QWidget* parent);
+
+  /// Takes over what it shows, also the texts.
+  void ShowSizes(const CamProgram& program);
+
+  /// Pixels of its type.
+  void Rescale(int pixels);
+
+  /// Where the cell of a size (from 1) stands.
+  QRect Cell(int size) const;
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ Q_SIGNALS:
+  /// A size (from 1), by a click or by the arrow keys, Home and End.
+  void Chosen(int size);
+
+ protected:
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  QString Caption() const;
+  QString Tip(int size) const;
+  int SizeAt(const QPoint& place) const;
+  int Left() const;
+  bool Wide() const;
+  void PaintCell(QPainter& painter, int size) const;
+  void PaintNumbersAbove(QPainter& painter) const;
+  void PaintOutput(QPainter& painter) const;
+
+  const MessageTable& texts_;
+  const QWidget* bars_;
+  SizeUse use_;
+  int numSizes_ = 1;
+  int current_ = 1;
+  int output_ = 0;
+};
+
+}  // namespace nira
