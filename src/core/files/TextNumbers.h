@@ -190,6 +190,8 @@ enum class TextNumber : int {
   PreviewNeighbour = 352,
   PreviewNotKept = 353,
   SpeedPurpose = 420,
+  AllSizesTitle = 421,
+  HideEmptySizes = 422,
   SizesInUse = 450,
   SizeTip = 451,
   SizeTipEmpty = 452,

@@ -349,8 +349,8 @@ bool CamDiagram::BarPressed(int cam, const QMouseEvent& event) {
   } else if (const Phase* found = PhaseUnder(cam, event.pos().x())) {
     const Phase phase = *found;  // the handlers draw anew
     again ? Q_EMIT Run_DblClick(cam, phase) : Q_EMIT Run_Click(cam, phase);
-  } else if (!again) {
-    Q_EMIT LabCam_Click(cam);
+  } else {
+    again ? Q_EMIT Bar_DblClick(cam) : Q_EMIT LabCam_Click(cam);
   }
   return true;
 }

@@ -85,6 +85,8 @@ class CamDiagram : public QWidget {
   /// A press on a drawn run of a cam, and the second one of a quick pair.
   void Run_Click(int cam, const Phase& phase);
   void Run_DblClick(int cam, const Phase& phase);
+  /// The second press of a quick pair on the empty part of a bar.
+  void Bar_DblClick(int cam);
   /// The second press of a quick pair on the OFF end of the selected phase.
   void End_DblClick();
   /// The selected phase is being dragged: as it stands in the program, and as it would be.

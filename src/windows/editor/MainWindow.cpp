@@ -6,6 +6,7 @@
 #include "controls/UserSettings.h"
 #include "dialogs/About.h"
 #include "dialogs/clsCommonDialog.h"
+#include "editor/AllSizes.h"
 #include "editor/CamDiagram.h"
 #include "editor/FileCommands.h"
 #include "editor/LineCommands.h"
@@ -235,6 +236,8 @@ void MainWindow::BuildSizesMenu() {
   menu_->AddSeparator();
   menu_->Add("Fu_Set", "Fu&nctions", [this] { Fu_Set_Click(); });
   menu_->Add("Al_Msg", "&Messages", [this] { Al_Msg_Click(); });
+  menu_->Add("o_AllSizes", "Cam on &All Sizes", [this] { o_AllSizes_Click(); })
+      ->setShortcut(Qt::Key_F4);
 }
 
 void MainWindow::BuildOtherMenus() {
@@ -404,6 +407,12 @@ void MainWindow::Al_Msg_Click() {
 void MainWindow::Fu_Set_Click() {
   Select(FuncSel(
       instance_, [this] { o_Ant_Click(); }, this));
+}
+
+void MainWindow::o_AllSizes_Click() {
+  AllSizes window(instance_, entry_->Speed()->Speed(), this);
+  connect(&window, &AllSizes::SizeSelected, this, &MainWindow::ShowSizeCam);
+  window.exec();
 }
 
 void MainWindow::O_Rot_Click() {

@@ -85,6 +85,7 @@ class MainWindow : public QMainWindow {
   void ShowState();
   void Fu_Set_Click();
   void Al_Msg_Click();
+  void o_AllSizes_Click();
   void O_Rot_Click();
   void o_Ant_Click();
   void o_MODC_Click();

@@ -133,11 +133,15 @@ void StatusLine::ShowFile() {
 }
 
 void StatusLine::ShowLine(int degree, int difference, const QString& on) {
+  degree_->ShowText(Reading(instance_, degree, difference, on));
+}
+
+QString StatusLine::Reading(const Comm& comm, int degree, int difference, const QString& on) {
   QString text;
-  if (degree >= 0) text = instance_.Text(TextNumber::StatusDegree) + u' ' + ZeroFilled(degree, 3);
+  if (degree >= 0) text = comm.Text(TextNumber::StatusDegree) + u' ' + ZeroFilled(degree, 3);
   if (difference >= 0) text += QStringLiteral("  +") + QString::number(difference) + u'°';
   if (!on.isEmpty()) text += QStringLiteral("  ON: ") + on;
-  degree_->ShowText(text);
+  return text;
 }
 
 }  // namespace nira

@@ -41,6 +41,7 @@ class StatusLine : public QObject {
   /// What is read in the diagram: a degree 0..359, -1 for none, the degrees from one line to the
   /// other, -1 for none, and the cams that are ON there.
   void ShowLine(int degree, int difference, const QString& on);
+  static QString Reading(const Comm& comm, int degree, int difference, const QString& on);
 
  private:
   QLabel* Add(const char* name, bool right);
