@@ -17,18 +17,15 @@ namespace {
 constexpr double widestMargin = 400;   // 14 mm: more than any printer leaves free
 constexpr double pageHead = 330;       // program, file, model and date, with the rule below
 constexpr double pageFoot = 150;       // the number of the page
-constexpr double leastRow = 96;        // of a line of text
+constexpr double lineOverlap = 8;      // of two lines where paper is saved: letters do not meet yet
 constexpr double headingHeight = 230;  // of a size, of the functions
 constexpr double columnsRule = 34;     // below the names of the columns
 constexpr double blockGap = 160;       // before a size that follows on the same page
 constexpr double numberColumn = 400;
 constexpr double columnGap = 90;
 constexpr double scaleHeight = 130;  // above and below the bars
-constexpr double scaleColumn = 170;  // the cams' numbers left and right of the bars
-constexpr double leastBarRow = 48;   // a row of the diagram at its narrowest,
-constexpr double mostBarRow = 130;   // at its widest, where the sizes save paper,
-constexpr double flowingBarRow = 64;
-constexpr double smallBarRow = 10;  // and on paper that has no room for more
+constexpr double scaleGap = 40;      // beside the bars
+constexpr double mostBarRow = 130;   // a row of the diagram at its widest
 constexpr double hairline = 3;
 constexpr double rule = 8;
 constexpr int mostFunctionColumns = 3;
@@ -50,12 +47,17 @@ QFont Sized(QFont font, int pixels, bool bold) {
 ListingPainter::ListingPainter(const Listing& listing) : listing_(listing) {
   const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   const QFont general = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-  data_ = Sized(fixed, 78, false);
-  small_ = Sized(fixed, 56, false);
-  plain_ = Sized(general, 78, false);
+  data_ = Sized(fixed, 90, false);
+  small_ = Sized(fixed, 70, false);
+  plain_ = Sized(general, 90, false);
   heading_ = Sized(general, 130, true);
   character_ = QFontMetricsF(data_).horizontalAdvance(u'0');
-  row_ = std::max({leastRow, QFontMetricsF(data_).height(), QFontMetricsF(plain_).height()});
+  row_ = std::max(QFontMetricsF(data_).height(), QFontMetricsF(plain_).height());
+  if (!listing.Options().PagePerSize) row_ -= lineOverlap;
+  const QFontMetricsF small(small_);
+  barNumber_ = small.horizontalAdvance(QStringLiteral("00"));
+  barName_ = barNumber_ + small.horizontalAdvance(QString(Listing::DescriptionWidth + 1, u'0'));
+  barRow_ = small.height() - lineOverlap / 2;
 }
 
 QString ListingPainter::Title() const {
@@ -120,8 +122,8 @@ void ListingPainter::LayOutSize(int size) {
   const bool phases = listing_.HasPhases(size);
   const bool diagram = phases && listing_.Options().Diagram;
   if (!PageIsEmpty()) {
-    const double whole =
-        blockGap + headingHeight + TableHeight(size) + (diagram ? DiagramHeight(leastBarRow) : 0);
+    const double whole = blockGap + headingHeight + TableHeight(size) +
+                         (diagram ? DiagramHeight(barRow_, listing_.CamCount()) : 0);
     const double page = Bottom() - margin_ - pageHead + blockGap;
     const double least = blockGap + headingHeight + ColumnsHeight() + fewestRows * row_;
     const bool torn = whole > Room() && (whole <= page || Room() < least);
@@ -169,15 +171,27 @@ void ListingPainter::LayOutCams(int size) {
   }
 }
 
+/// All cams in one picture where a page has room for it; otherwise it goes on, each part with its
+/// scales.
 void ListingPainter::LayOutDiagram(int size) {
-  if (Room() < DiagramHeight(leastBarRow)) {
-    NewPage();
-    Put({.kind = Block::Kind::Size, .size = size, .continued = true, .height = headingHeight});
+  const int cams = listing_.CamCount();
+  for (int first = 0; first < cams;) {
+    const bool whole = Room() >= DiagramHeight(barRow_, cams);
+    if (!whole && pages_.back().size() > 1) {
+      NewPage();
+      Put({.kind = Block::Kind::Size, .size = size, .continued = true, .height = headingHeight});
+    }
+    const double bars = Room() - DiagramHeight(0, 0);
+    const int count = std::clamp(static_cast<int>(bars / barRow_), 1, cams - first);
+    const double most = listing_.Options().PagePerSize ? mostBarRow : barRow_;
+    const double row = std::clamp(bars / count, barRow_, std::max(most, barRow_));
+    Put({.kind = Block::Kind::Diagram,
+         .size = size,
+         .cam = first,
+         .count = count,
+         .height = DiagramHeight(row, count)});
+    first += count;
   }
-  const double fitting = (Room() - DiagramHeight(0)) / listing_.CamCount();
-  const double most = listing_.Options().PagePerSize ? mostBarRow : flowingBarRow;
-  const double row = std::clamp(fitting, smallBarRow, most);
-  Put({.kind = Block::Kind::Diagram, .size = size, .height = DiagramHeight(row)});
 }
 
 int ListingPainter::PhaseLines(int size, int cam) const {
@@ -192,8 +206,8 @@ double ListingPainter::TableHeight(int size) const {
   return height;
 }
 
-double ListingPainter::DiagramHeight(double row) const {
-  return 2 * scaleHeight + row_ + row * listing_.CamCount();
+double ListingPainter::DiagramHeight(double row, int cams) const {
+  return 2 * scaleHeight + row_ + row * cams;
 }
 
 void ListingPainter::Paint(QPainter& painter, int page) const {
@@ -301,7 +315,7 @@ void ListingPainter::PaintCam(QPainter& painter, const Block& block) const {
   Word(painter, QRectF(Left(), block.top, numberColumn, row_), flags, cam.number, data_);
   const QRectF column(description, block.top, width, row_);
   painter.save();
-  painter.setClipRect(column);
+  painter.setClipRect(column.adjusted(0, -lineOverlap, 0, lineOverlap));
   Word(painter, column, flags, cam.description, data_);
   painter.restore();
   for (int line = 0; line < block.count; ++line) {
@@ -319,15 +333,15 @@ void ListingPainter::PaintCam(QPainter& painter, const Block& block) const {
 }
 
 double ListingPainter::DegreeX(int degree) const {
-  const double left = Left() + scaleColumn;
-  const double width = Right() - scaleColumn - left;
+  const double left = Left() + barName_ + scaleGap;
+  const double width = Right() - barNumber_ - scaleGap - left;
   return left + width * degree / CamProgram::Degrees;
 }
 
 void ListingPainter::PaintDiagram(QPainter& painter, const Block& block) const {
   const double top = block.top + row_ + scaleHeight;  // a free row below the table
-  const double row = (block.height - DiagramHeight(0)) / listing_.CamCount();
-  const double bottom = top + row * listing_.CamCount();
+  const double row = (block.height - DiagramHeight(0, 0)) / block.count;
+  const double bottom = top + row * block.count;
   for (int degree = 90; degree < CamProgram::Degrees; degree += 90) {
     Line(painter, DegreeX(degree), top, DegreeX(degree), bottom, hairline);
   }
@@ -338,35 +352,31 @@ void ListingPainter::PaintDiagram(QPainter& painter, const Block& block) const {
   Line(painter, DegreeX(CamProgram::Degrees), top, DegreeX(CamProgram::Degrees), bottom, rule / 2);
 }
 
-/// Ticks every 10 degrees, longer ones with their numbers every 30.
+/// Ticks every 10 degrees, longer ones with their numbers every 30, or 90 where paper is narrow.
 void ListingPainter::PaintScale(QPainter& painter, double y, bool above) const {
   const double out = above ? -1 : 1;
+  const double number = QFontMetricsF(small_).horizontalAdvance(QStringLiteral("0000"));
+  const int step = DegreeX(30) - DegreeX(0) < number ? 90 : 30;
+  const double height = barRow_;
   Line(painter, DegreeX(0), y, DegreeX(CamProgram::Degrees), y, rule / 2);
   for (int degree = 0; degree <= CamProgram::Degrees; degree += 10) {
     const double x = DegreeX(degree);
-    const bool numbered = degree % 30 == 0;
+    const bool numbered = degree % step == 0;
     Line(painter, x, y, x, y + out * (numbered ? 36 : 20), rule / 2);
     if (!numbered) continue;
-    const QRectF place(x - 150, above ? y - 112 : y + 44, 300, 68);
+    const QRectF place(x - number / 2, above ? y - 44 - height : y + 44, number, height);
     Word(painter, place, Qt::AlignHCenter | Qt::AlignVCenter, QString::number(degree), small_);
   }
 }
 
 void ListingPainter::PaintBars(QPainter& painter, const Block& block, double top,
                                double row) const {
-  QFont numbers = small_;
-  const double fitting = row * small_.pixelSize() / QFontMetricsF(small_).height();
-  numbers.setPixelSize(std::clamp(static_cast<int>(fitting), 1, small_.pixelSize()));
   QList<QRectF> bars;
-  for (int cam = 0; cam < listing_.CamCount(); ++cam) {
-    const double y = top + cam * row;
-    if (cam > 0) Line(painter, DegreeX(0), y, DegreeX(CamProgram::Degrees), y, hairline);
-    const QString number = QStringLiteral("%1").arg(cam + 1, 2, 10, QLatin1Char('0'));
-    Word(painter, QRectF(Left(), y, scaleColumn - 40, row), Qt::AlignRight | Qt::AlignVCenter,
-         number, numbers);
-    Word(painter, QRectF(Right() - scaleColumn + 40, y, scaleColumn - 40, row),
-         Qt::AlignLeft | Qt::AlignVCenter, number, numbers);
-    for (const Run& run : listing_.RunsOf(block.size, cam)) {
+  for (int line = 0; line < block.count; ++line) {
+    const double y = top + line * row;
+    if (line > 0) Line(painter, DegreeX(0), y, DegreeX(CamProgram::Degrees), y, hairline);
+    PaintName(painter, block.cam + line, y, row);
+    for (const Run& run : listing_.RunsOf(block.size, block.cam + line)) {
       const double on = DegreeX(run.on);
       bars.append(QRectF(on, y + row * 0.2, DegreeX(run.off) - on, row * 0.6));
     }
@@ -376,6 +386,18 @@ void ListingPainter::PaintBars(QPainter& painter, const Block& block, double top
   painter.setBrush(Qt::black);
   painter.drawRects(bars);
   painter.restore();
+}
+
+/// A cam (from 0) beside its bar: number and description to the left, the number to the right.
+void ListingPainter::PaintName(QPainter& painter, int cam, double y, double row) const {
+  const int flags = Qt::AlignLeft | Qt::AlignVCenter;
+  const QString number = Listing::NumberOf(cam);
+  const QRectF name(Left(), y, barName_, row);
+  painter.save();
+  painter.setClipRect(name.adjusted(0, -lineOverlap, 0, lineOverlap));
+  Word(painter, name, flags, number + u' ' + listing_.DescriptionOf(cam), small_);
+  painter.restore();
+  Word(painter, QRectF(Right() - barNumber_, y, barNumber_, row), flags, number, small_);
 }
 
 }  // namespace nira

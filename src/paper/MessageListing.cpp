@@ -21,7 +21,7 @@ constexpr double marginOfMessages = 400;  // 14 mm: more than any printer leaves
 constexpr double headOfMessages = 220;    // heading and date, with the rule below
 constexpr double footOfMessages = 150;    // the number of the page
 constexpr double gapOfColumns = 240;
-constexpr double smallestPoints = 6;
+constexpr double smallestPoints = 9;
 constexpr double largestPoints = 36;
 
 QFont Outlined(QFont font, double points) {
@@ -41,7 +41,7 @@ MessageListing::MessageListing(const CamProgram& program, const MessageTable& te
       date_(printed.toString(QStringLiteral("yyyy-MM-dd HH:mm"))),
       font_(
           Outlined(font, std::clamp(QFontInfo(font).pointSizeF(), smallestPoints, largestPoints))),
-      plain_(Outlined(QFontDatabase::systemFont(QFontDatabase::GeneralFont), 8)) {
+      plain_(Outlined(QFontDatabase::systemFont(QFontDatabase::GeneralFont), 9)) {
   const QFontMetricsF metrics(font_);
   row_ = metrics.lineSpacing();
   number_ = metrics.horizontalAdvance(QStringLiteral("000")) + metrics.averageCharWidth();

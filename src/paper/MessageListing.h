@@ -16,7 +16,7 @@ namespace nira {
 /// as the longest text leaves room for. A text wider than the paper goes on in the next line.
 class MessageListing : public PagedDocument {
  public:
-  /// `file` is what the heading names behind "MESSAGES: "; sizes of `font` beyond 6 to 36 points
+  /// `file` is what the heading names behind "MESSAGES: "; sizes of `font` beyond 9 to 36 points
   /// are brought within.
   MessageListing(const CamProgram& program, const MessageTable& texts, QString file,
                  const QDateTime& printed, const QFont& font);

@@ -20,7 +20,7 @@ class PrintCommandTest : public QObject {
     const char* usage = "\nkplctl print --help tells more\n";
     const char* range = " is out of range: 1-22\n";
     TextTable({"options", "status", "pages", "said"},
-              {{"all", "", "0", "22", "out.pdf: written: 22 pages\n"},
+              {{"all", "", "0", "23", "out.pdf: written: 23 pages\n"},
                {"one", "--sizes 22 --no-functions --paper letter", "0", "1", "written: 1 page\n"},
                {"flowing", "--flowing --no-diagram --no-functions", "0", "11", "11 pages\n"},
                {"none", "--sizes 0", "1", "0", range},

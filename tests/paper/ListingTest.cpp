@@ -52,8 +52,8 @@ class ListingTest : public QObject {
     QTest::addColumn<int>("pages");  // of the sizes 1 to 4 on A4
     QTest::newRow("usual, flowing") << 32 << 2 << false << true << 4;
     QTest::newRow("no diagram, flowing") << 16 << 2 << false << false << 2;
-    QTest::newRow("most phases, own pages") << 32 << 180 << true << true << 40;
-    QTest::newRow("most phases, flowing") << 32 << 180 << false << true << 39;
+    QTest::newRow("most phases, own pages") << 32 << 180 << true << true << 56;
+    QTest::newRow("most phases, flowing") << 32 << 180 << false << true << 50;
   }
 
   /// Every phase stands on the pages exactly once and in order, every bar of the diagram once, and
@@ -99,7 +99,8 @@ class ListingTest : public QObject {
     }
   }
 
-  /// On small paper too nothing stands on anything else, and every function line is there once.
+  /// On small paper too nothing stands on anything else and nothing is smaller than 7 points, what
+  /// is not of the diagram 9; every function line is there once, every cam beside its bar.
   void OtherPapers() {
     FunctionsBlock functions;
     functions.AdvanceOn = functions.DelayOn = functions.Ratio25On = 1;
@@ -117,13 +118,18 @@ class ListingTest : public QObject {
       for (const QSizeF& way : {size, size.transposed()}) {
         const int pages = painter.LayOut(way);
         QStringList words;
+        QStringList diagram;
         for (int page = 1; page <= pages; ++page) {
           const PaintRecorder recorder(painter, way, page);
           QCOMPARE(recorder.Overlap(), QString());
+          QCOMPARE(recorder.WordsBelow(70), QStringList());
+          diagram += recorder.WordsBelow(90).filter(u" "_qs);
           QVERIFY(QRectF({}, way).adjusted(200, 200, -200, -200).contains(recorder.Ink()));
           words += recorder.Words();
         }
         for (const QString& line : listing.FunctionLines()) QCOMPARE(words.count(line), 1);
+        QCOMPARE(diagram.size(), 32);  // each cam beside its bar, in whichever part
+        QCOMPARE(diagram.constFirst(), u"01 "_qs + program_.CamText(0));
       }
     }
   }
@@ -139,8 +145,8 @@ class ListingTest : public QObject {
     painter.LayOut(QSizeF(5950, 8420));
     const PaintRecorder recorder(painter, QSizeF(5950, 8420), 1);
     QList<int> degrees;
-    const double left = 400 + 170;
-    const double degree = (5950 - 2 * left) / 360;
+    const double left = recorder.PlaceOf(u"0"_qs).center().x();
+    const double degree = (recorder.PlaceOf(u"360"_qs).center().x() - left) / 360;
     for (const QRectF& bar : recorder.Bars()) {
       degrees << qRound((bar.left() - left) / degree) << qRound((bar.right() - left) / degree);
     }

@@ -3,6 +3,7 @@
 
 #include "PagedDocument.h"
 
+#include <QFontInfo>
 #include <QPaintDevice>
 #include <QPaintEngine>
 #include <QPainterPath>
@@ -11,7 +12,8 @@
 
 namespace nira {
 
-/// A paint device that keeps the words and the boxes that are painted on it, with their places.
+/// A paint device that keeps the words and the boxes that are painted on it, with their places
+/// and sizes.
 class PaintRecorder : public QPaintDevice {
  public:
   /// Of a page (from 1) of a document that is laid out on this paper.
@@ -43,6 +45,18 @@ class PaintRecorder : public QPaintDevice {
       }
     }
     return {};
+  }
+  /// Where this word stands first.
+  QRectF PlaceOf(const QString& word) const {
+    return engine_.places.value(engine_.words.indexOf(word));
+  }
+  /// The words in letters of less than so many pixels.
+  QStringList WordsBelow(int pixels) const {
+    QStringList small;
+    for (qsizetype i = 0; i < engine_.words.size(); ++i) {
+      if (engine_.letters.at(i) < pixels) small.append(engine_.words.at(i));
+    }
+    return small;
   }
   const QList<QRectF>& Bars() const { return engine_.bars; }
   /// Everything that was painted.
@@ -86,6 +100,7 @@ class PaintRecorder : public QPaintDevice {
       const QRectF box = painter()->deviceTransform().mapRect(line);
       words.append(item.text());
       places.append(box);
+      letters.append(QFontInfo(item.font()).pixelSize());
       ink |= box;
     }
     void drawRects(const QRectF* rects, int count) override {
@@ -98,6 +113,7 @@ class PaintRecorder : public QPaintDevice {
 
     QStringList words;
     QList<QRectF> places;
+    QList<int> letters;
     QList<QRectF> bars;
     QRectF ink;
   };

@@ -189,6 +189,8 @@ enum class TextNumber : int {
   PreviewUnasked = 351,
   PreviewNeighbour = 352,
   PreviewNotKept = 353,
+  ChoosePrinter = 354,
+  PrintedModified = 355,
   SpeedPurpose = 420,
   AllSizesTitle = 421,
   HideEmptySizes = 422,

@@ -36,8 +36,9 @@ QString Listing::ProgramLine() const {
 }
 
 QString Listing::FileLine() const {
-  return Text(TextNumber::PrintedFile) +
-         (file_.isEmpty() ? Text(TextNumber::PrintedNoFile) : file_);
+  if (file_.isEmpty()) return Text(TextNumber::PrintedFile) + Text(TextNumber::PrintedNoFile);
+  return Text(TextNumber::PrintedFile) + file_ +
+         (options_.Modified ? Text(TextNumber::PrintedModified) : QString());
 }
 
 QString Listing::ModelLine() const {
@@ -128,8 +129,16 @@ bool Listing::HasPhases(int size) const {
   return false;
 }
 
+QString Listing::NumberOf(int cam) {
+  return ZeroFilled(cam + 1, 2);
+}
+
+QString Listing::DescriptionOf(int cam) const {
+  return program_.CamText(cam).left(DescriptionWidth);
+}
+
 Listing::Cam Listing::CamOf(int size, int cam) const {
-  Cam entry{ZeroFilled(cam + 1, 2), program_.CamText(cam).left(DescriptionWidth), {}};
+  Cam entry{NumberOf(cam), DescriptionOf(cam), {}};
   for (const Phase& phase : PhaseList::Of(program_.CamMap(size, cam)).phases) {
     entry.phases.append(PhaseText(phase));
   }

@@ -20,6 +20,7 @@ struct ListingOptions {
   bool Functions = true;
   bool Diagram = true;
   bool PagePerSize = true;  ///< otherwise the sizes follow one another
+  bool Modified = false;    ///< the program is no longer what its file holds
 };
 
 /// A program as text for paper: headings, the functions block and the cams of each size. It reads
@@ -42,9 +43,9 @@ class Listing {
   const QString& File() const { return file_; }
 
   QString ProgramLine() const;  ///< "NIRA-KPL   PROGRAMMATORE DI CAMME"
-  QString FileLine() const;
-  QString ModelLine() const;  ///< "QX32   32 camme  22 formati  255 messaggi", "1 formato"
-  QString DateLine() const;   ///< "2026-11-21 14:05"
+  QString FileLine() const;     ///< "File: press.CAM (modificato)"
+  QString ModelLine() const;    ///< "QX32   32 camme  22 formati  255 messaggi", "1 formato"
+  QString DateLine() const;     ///< "2026-11-21 14:05"
   QString PageLine(int page, int pages) const;
   QString FunctionsHeading() const;
   QString SizeHeading(int size, bool continued) const;
@@ -56,6 +57,9 @@ class Listing {
   QStringList FunctionLines() const;
 
   int CamCount() const { return program_.NumCams(); }
+  /// Of a cam (from 0), as `Cam` has them.
+  static QString NumberOf(int cam);
+  QString DescriptionOf(int cam) const;
   bool HasPhases(int size) const;
   /// Cam (from 0) of a size.
   Cam CamOf(int size, int cam) const;

@@ -16,10 +16,12 @@ QFont FontOf(const Globals& settings) {
   return font;
 }
 
-/// What the heading names: the file, or what the messages are when they are in none.
+/// What the heading names: the file, with a word when the messages are no longer what it holds, or
+/// what the messages are when they are in none.
 QString HeadingOf(const Instance& instance) {
   const QString& file = instance.Settings.MsgFile;
-  return file.isEmpty() ? instance.Text(TextNumber::AlarmMessages) : file;
+  if (file.isEmpty()) return instance.Text(TextNumber::AlarmMessages);
+  return instance.Settings.MsgSaved ? file : file + instance.Text(TextNumber::PrintedModified);
 }
 
 }  // namespace

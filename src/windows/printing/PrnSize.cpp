@@ -172,6 +172,7 @@ ListingOptions PrnSize::Chosen() const {
   options.Functions = functions_->isChecked();
   options.Diagram = diagram_->isChecked();
   options.PagePerSize = pages_->isChecked();
+  options.Modified = instance_.Program.Differs();
   return options;
 }
 

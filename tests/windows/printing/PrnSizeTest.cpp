@@ -34,10 +34,10 @@ class PrnSizeTest : public QObject {
   /// What is clicked, what is typed into the boxes for the first and the last size, and the pages.
   void WritesPdf_data() {
     TextTable({"clicks", "typed", "pages"},
-              {{"current", "", "", "1"},
-               {"all", "OpTut", "", "22"},
-               {"range backwards", "", "TDa 7 TA 3", "5"},
-               {"beyond the last size", "", "TA 99", "9"},
+              {{"current", "", "", "2"},
+               {"all", "OpTut", "", "23"},
+               {"range backwards", "", "TDa 7 TA 3", "6"},
+               {"beyond the last size", "", "TA 99", "10"},
                {"no functions, no diagram, flowing", "OpTut OpSeg ChkFun ChkDia", "", "11"}});
   }
 
@@ -82,7 +82,7 @@ class PrnSizeTest : public QObject {
       ClickOn(window, u"OpTut"_qs);
       const auto* preview = window->findChild<QPrintPreviewWidget*>(u"Preview"_qs);
       const auto* next = window->findChild<QToolButton*>(u"PagNext"_qs);
-      for (int page = 1; page < 22; ++page) {
+      for (int page = 1; page < 23; ++page) {
         ClickOn(window, u"PagNext"_qs);
         QCOMPARE(preview->pageCount(), 1);
       }
@@ -93,13 +93,14 @@ class PrnSizeTest : public QObject {
       auto* pending = window->findChild<QTimer*>(u"Pending"_qs);
       QVERIFY(pending->isActive());
       pending->start(0);
-      QTRY_COMPARE(window->findChild<QLabel*>(u"Pag"_qs)->text(), u"1 / 3"_qs);
+      QTRY_COMPARE(window->findChild<QLabel*>(u"Pag"_qs)->text(), u"1 / 4"_qs);
       window->close();
     });
     f.Choose("Pr_size");
   }
 
-  /// The paper that the printer has, and the one that is chosen here.
+  /// The paper that the printer has, and the one that is chosen here; the title says when the
+  /// program differs from its file.
   void PaperIsTakenOver() {
     const QPageSize own(QSizeF(500, 700), QPageSize::Point);
     for (const auto& [loaded, key, box] :
@@ -109,6 +110,8 @@ class PrnSizeTest : public QObject {
       WindowFixture f;
       QVERIFY(Begin(f));
       f.dialog.Printer().setPageLayout(loaded);
+      const bool changed = loaded.pageSize() == own;
+      if (changed) f.program.SetCamText(0, u"X"_qs);
       f.dialog.Expect(f.Path(u"out.pdf"_qs));
       WhenOpens<PrnSize>([key = QString(key)](PrnSize* window) {
         QTest::keyClicks(window->findChild<QComboBox*>(u"CmbCar"_qs), key);
@@ -116,7 +119,9 @@ class PrnSizeTest : public QObject {
         window->close();
       });
       f.Choose("Pr_size");
-      QVERIFY(ReadBytes(f.Path(u"out.pdf"_qs)).contains(box));
+      const QByteArray pdf = ReadBytes(f.Path(u"out.pdf"_qs));
+      QVERIFY(pdf.contains(box));
+      QCOMPARE(pdf.simplified().replace('\0', "").contains("press.CAM \\(modificato"), changed);
     }
   }
 
