@@ -3,6 +3,8 @@
 
 #include "dialogs/QtPrompts.h"
 
+#include <QCoreApplication>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -10,6 +12,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QPushButton>
 
 namespace nira {
 
@@ -49,6 +52,16 @@ class FileDialog : public QFileDialog {
   bool folderMustExist_;
   QString notFound_;
 };
+
+/// A dialog that only chooses says OK where Qt's own says Print. One of the platform's own has no
+/// such row of buttons.
+void SayOk(const QPrintDialog& dialog) {
+  const auto* row = dialog.findChild<QDialogButtonBox*>();
+  if (row == nullptr) return;
+  if (QPushButton* confirm = row->button(QDialogButtonBox::Ok)) {
+    confirm->setText(QCoreApplication::translate("QPlatformTheme", "OK"));
+  }
+}
 
 }  // namespace
 
@@ -129,6 +142,7 @@ bool clsCommonDialog::ShowPrinter(QWidget* parent) {
     dialog.setOption(option, false);
   }
   if (!DialogTitle.isEmpty()) dialog.setWindowTitle(DialogTitle);
+  SayOk(dialog);
   if (dialog.exec() != QDialog::Accepted) return false;
   printer_ = std::move(chosen);
   return true;

@@ -16,7 +16,7 @@ namespace nira {
 
 void SelectPrinter(Instance& instance, QWidget* parent) {
   if (instance.Dialog.HasPrinter()) {
-    instance.Dialog.DialogTitle.clear();
+    instance.Dialog.DialogTitle = instance.Text(TextNumber::ChoosePrinter);
     instance.Dialog.ShowPrinter(parent);
     return;
   }

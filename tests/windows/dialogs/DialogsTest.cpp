@@ -3,6 +3,7 @@
 #include "dialogs/QtPrompts.h"
 #include "support/WindowFixture.h"
 
+#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLineEdit>
@@ -117,6 +118,8 @@ class DialogsTest : public QObject {
         QCOMPARE(box->options() & (QPrintDialog::PrintToFile | QPrintDialog::PrintPageRange),
                  QPrintDialog::PrintDialogOptions());
         box->printer()->setPageOrientation(QPageLayout::Landscape);
+        const auto* confirm = box->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+        QCOMPARE(confirm->text(), u"OK"_qs);  // it prints nothing
         box->done(confirmed ? QDialog::Accepted : QDialog::Rejected);
       });
       QCOMPARE(dialog.ShowPrinter(nullptr), confirmed);
