@@ -30,7 +30,10 @@ bool LanguageCommands::WriteOptions() {
 
 bool LanguageCommands::ReadTexts() {
   QString& script = instance_.Settings.ScriptFile;
-  if (!ReadScript(instance_.Texts, instance_.Folder, script)) return true;
+  if (!ReadScript(instance_.Texts, instance_.Folder, script)) {
+    qtTexts_.Follow(script);
+    return true;
+  }
   instance_.Ask.MsgBox(
       QStringLiteral(" FILE '\"") + script + QStringLiteral("\"' IS NOT AVAILABLE"), Buttons::Ok,
       Icon::Critical, QStringLiteral("UNRECOV. DEF.FILE ERROR"));

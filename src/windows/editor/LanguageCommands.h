@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/Instance.h"
+#include "controls/QtTexts.h"
 
 #include <QStringList>
 #include <QWidget>
@@ -37,6 +38,7 @@ class LanguageCommands {
   bool MayTake(const QString& script);
 
   Instance& instance_;
+  QtTexts qtTexts_;
 };
 
 }  // namespace nira

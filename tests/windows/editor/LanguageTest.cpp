@@ -1,9 +1,29 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "dialogs/QtPrompts.h"
 #include "support/WindowFixture.h"
 
+#include <QLibraryInfo>
+#include <QMessageBox>
 #include <QTest>
 
 namespace nira {
+
+namespace {
+
+/// The buttons of a box of Qt's, from left to right.
+QString ButtonsOfABox() {
+  QStringList buttons;
+  WhenOpens<QMessageBox>([&](QMessageBox* box) {
+    for (const auto kind : {QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel}) {
+      buttons.append(box->button(kind)->text().remove(u'&'));
+    }
+    box->done(QMessageBox::Cancel);
+  });
+  QtPrompts().MsgBox(u"?"_qs, Buttons::YesNoCancel, Icon::None, {});
+  return buttons.join(u' ');
+}
+
+}  // namespace
 
 /// A change of language while a program is in memory.
 class LanguageTest : public QObject {
@@ -14,6 +34,9 @@ class LanguageTest : public QObject {
     WindowFixture f;
     f.Options("\"p32qx_IT.SCR\",3,19200\r\n/a.CAM\r\n/b.CAM\r\n");
     QVERIFY(f.StartWith(u"100-110"_qs, 4));
+    const QDir words(QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+    const bool translated = words.exists(u"qtbase_it.qm"_qs);
+    QCOMPARE(ButtonsOfABox(), translated ? u"Sì No Annulla"_qs : u"Yes No Cancel"_qs);
     f.program.SetLimits(44, 16, 100);
     f.settings.CurrentFile = f.Path(u"mine.CAM"_qs);
     f.Step(true);
@@ -27,6 +50,7 @@ class LanguageTest : public QObject {
     QCOMPARE(ReadBytes(f.OptionsPath()), QFile::encodeName(u'"' + script + u"\",3,19200\r\n"_qs));
     QCOMPARE(ContentOf(f.program), u"1.5: 100-110; 2.5: 200-210"_qs);
     QVERIFY(f.Item("o_Undo")->isEnabled());
+    QCOMPARE(ButtonsOfABox(), u"Yes No Cancel"_qs);
     QCOMPARE(f.Text("SizeCam"), u"S02 C05"_qs);
     QCOMPARE(f.window->windowTitle(), u"NIRA-KPL CAM PROGRAMMER QX16-44F  100-Msg  mine.CAM"_qs);
     QVERIFY(f.Find(u"GRADION"_qs)->isVisible());
