@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QTime>
+
 #include <cstdint>
 
 namespace nira {
@@ -20,6 +22,12 @@ class Clock {
   virtual ~Clock() = default;
   virtual std::int64_t Now() const = 0;
   virtual void Pause(int ms, Yield yield) = 0;
+
+  /// Hour and minute for the operator; here of a day that began with the clock.
+  virtual QTime TimeOfDay() const {
+    constexpr std::int64_t day = 24 * 60 * 60 * 1000;  // ms
+    return QTime::fromMSecsSinceStartOfDay(static_cast<int>(Now() % day));
+  }
 };
 
 }  // namespace nira

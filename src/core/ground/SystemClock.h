@@ -12,6 +12,7 @@ void ProcessEvents(Yield yield);
 class SystemClock : public Clock {
  public:
   std::int64_t Now() const override;
+  QTime TimeOfDay() const override { return QTime::currentTime(); }
 
   /// Sleeps in slices, so that the windows stay painted.
   void Pause(int ms, Yield yield) override;

@@ -113,6 +113,13 @@ QString UntypableCharacter(QStringView text) {
   return found ? found->Shown : QString();
 }
 
+QString Filled(QString text, const QStringList& values) {
+  for (qsizetype k = values.size(); k > 0; --k) {
+    text.replace(u'%' + QString::number(k), values.at(k - 1));
+  }
+  return text;
+}
+
 QString TrimLeft(const QString& text) {
   qsizetype blanks = 0;
   while (blanks < text.size() && text.at(blanks) == u' ') ++blanks;

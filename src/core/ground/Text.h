@@ -3,6 +3,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 
 #include <cstdint>
@@ -54,6 +55,9 @@ std::optional<Untypable> FirstUntypable(QStringView text);
 
 /// The same as it is shown; empty when there is none.
 QString UntypableCharacter(QStringView text);
+
+/// A text of a script with the values in the places of its %1, %2 and so on, as far as it has them.
+QString Filled(QString text, const QStringList& values);
 
 /// The text without blanks (code 32) at its start.
 QString TrimLeft(const QString& text);

@@ -6,6 +6,9 @@
 
 namespace nira {
 
+/// The ground of what the operator should look at, black on it in every theme.
+inline constexpr QRgb amberGround = 0xffffdf94;
+
 /// `share` (0 to 1) of one colour, the rest of the other: shades that every theme has, made from
 /// its own text and ground.
 inline QColor Mixed(const QColor& colour, const QColor& ground, double share) {

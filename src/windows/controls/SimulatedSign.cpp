@@ -9,8 +9,8 @@ SimulatedSign::SimulatedSign(const QString& text, QWidget* parent) : QLabel(text
   setContentsMargins(8, 0, 8, 0);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
   QPalette plain = palette();
-  plain.setColor(QPalette::Window, QColor(255, 255, 0));
-  plain.setColor(QPalette::WindowText, Qt::black);
+  plain.setColor(QPalette::Window, QColor::fromRgb(Ground));
+  plain.setColor(QPalette::WindowText, QColor::fromRgb(Ink));
   setPalette(plain);
   setAutoFillBackground(true);
   hide();

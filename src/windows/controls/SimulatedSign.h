@@ -11,6 +11,9 @@ class SimulatedSign : public QLabel {
   Q_OBJECT
 
  public:
+  static constexpr QRgb Ground = 0xffffff00;  // yellow
+  static constexpr QRgb Ink = 0xff000000;
+
   /// Hidden until `Show`.
   explicit SimulatedSign(const QString& text, QWidget* parent = nullptr);
 

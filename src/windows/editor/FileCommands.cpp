@@ -37,6 +37,7 @@ void FileCommands::f_newp_Click() {
   if (!MayLoseWork()) return;
   Carprg(instance_, window_).exec();
   f_New();
+  Q_EMIT Note(instance_.Text(TextNumber::ProgramBegun));
 }
 
 void FileCommands::f_New() {
@@ -110,7 +111,8 @@ void FileCommands::TakeAsRecent(const QString& path, const LoadedFile& file) {
     notes << instance_.Text(TextNumber::SizesLeftOut) + QString::number(file.LeftOut);
   }
   if (file.WithoutEnd) notes << instance_.Text(TextNumber::FileWithoutEnd) + path;
-  if (!notes.isEmpty()) Q_EMIT Note(notes.join(QStringLiteral("  ")));
+  if (notes.isEmpty()) notes << instance_.Text(TextNumber::FileOpened) + path;
+  Q_EMIT Note(notes.join(QStringLiteral("  ")));
   QStringList paths = recent_;
   paths.removeAll(path);
   paths.prepend(path);
@@ -151,7 +153,7 @@ void FileCommands::OpenAtStart(const QString& path) {
 }
 
 bool FileCommands::f_S() {
-  return QFileInfo::exists(instance_.Settings.CurrentFile) ? Save() : f_Save();
+  return QFileInfo::exists(instance_.Settings.CurrentFile) ? Save(TextNumber::FileSaved) : f_Save();
 }
 
 bool FileCommands::f_Save() {
@@ -161,13 +163,17 @@ bool FileCommands::f_Save() {
   dialog.Filter = QStringLiteral("Cam Files (*.Cam)|*.cam|Tutti i File (*.*)|*.*");
   dialog.Flags = clsCommonDialog::OverwritePrompt + clsCommonDialog::PathMustExist;
   dialog.FileName = current;
-  dialog.ShowSave(window_);  // on Cancel the preset name comes back, and is saved to
-  if (dialog.FileName.isEmpty()) return false;
+  // On Cancel the preset name comes back, and is saved to.
+  const bool chosenName = dialog.ShowSave(window_);
+  if (dialog.FileName.isEmpty()) {
+    Q_EMIT Note(instance_.Text(TextNumber::FileNotSaved));
+    return false;
+  }
   const QString chosen = QFileInfo(dialog.FileName).absoluteFilePath();
   const QString forced = ForcedName(chosen);
   if (!MayReplace(chosen, forced)) return false;
   const QString before = std::exchange(current, forced);
-  if (!Save()) {
+  if (!Save(chosenName ? TextNumber::FileSaved : TextNumber::SavedUnderPresent)) {
     current = before;
     return false;
   }
@@ -182,7 +188,8 @@ bool FileCommands::MayReplace(const QString& chosen, const QString& forced) {
                               Buttons::NoYes, Icon::Exclamation) == Answer::Yes;
 }
 
-bool FileCommands::Save() {
+/// `done` is what a file that was written is told with.
+bool FileCommands::Save(TextNumber done) {
   SerialLink(instance_).ClosePort();
   const QString& current = instance_.Settings.CurrentFile;
   if (const auto refusal = SaveCamFile(instance_.Program, current, instance_.Writer)) {
@@ -191,7 +198,7 @@ bool FileCommands::Save() {
   }
   instance_.Program.TakeAsSaved();
   Q_EMIT Saved();
-  Q_EMIT Note(instance_.Text(TextNumber::FileSaved) + current);
+  Q_EMIT Note(instance_.Text(done) + current);
   return true;
 }
 

@@ -48,7 +48,7 @@ class FileCommands : public QObject {
   void Saved();
   void TitleChanged(const QString& title);
   void RecentChanged(const QStringList& paths);
-  /// Worth a line in the status bar.
+  /// What was done, or not.
   void Note(const QString& text);
 
  private:
@@ -59,7 +59,7 @@ class FileCommands : public QObject {
   Result<LoadedFile> Read();
   void TakeAsRecent(const QString& path, const LoadedFile& file);
   bool CanBeRead(const QString& path);
-  bool Save();
+  bool Save(TextNumber done);
   bool MayReplace(const QString& chosen, const QString& forced);
 
   Instance& instance_;

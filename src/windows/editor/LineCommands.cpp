@@ -33,17 +33,28 @@ TransferEnd LineCommands::Exchange(Moves what, TextNumber done,
                                    const std::function<TransferEnd()>& exchange) {
   if (instance_.Busy) return TransferEnd::Busy;
   Q_EMIT Began();
+  Q_EMIT Note({});
   TransferEnd end = TransferEnd::Done;
   {
     const InputHold hold;
     end = exchange();
   }
   Q_EMIT Ended(what == Moves::ProgramIn && end == TransferEnd::Done);
-  if (end == TransferEnd::Done) Q_EMIT Note(instance_.Text(done));
-  if (end == TransferEnd::Incomplete) {
-    Q_EMIT Note(instance_.Text(TextNumber::ReceivedInPart) + MessageTransfer::WorkPath(instance_));
-  }
+  Q_EMIT Note(EndText(end, done));
   return end;
+}
+
+QString LineCommands::EndText(TransferEnd end, TextNumber done) const {
+  switch (end) {
+    case TransferEnd::Done:
+      return instance_.Text(done);
+    case TransferEnd::Incomplete:
+      return instance_.Text(TextNumber::ReceivedInPart) + MessageTransfer::WorkPath(instance_);
+    case TransferEnd::Cancelled:
+      return instance_.Text(TextNumber::TransferCancelled);
+    default:
+      return instance_.Text(TextNumber::TransferFailed);
+  }
 }
 
 TransferEnd LineCommands::ShowMonitor(const Job& job) {
@@ -66,8 +77,10 @@ void LineCommands::TransferSizes(Moves what, TextNumber done,
   const TransferEnd end = Exchange(what, done, [this, &transfer, command] {
     return (transfer.*command)([this](const Job& job) { return ShowMonitor(job); });
   });
-  if (end != TransferEnd::Done || transfer.Remark().isEmpty()) return;
-  Q_EMIT LastingNote(instance_.Text(done) + QStringLiteral("  ") + transfer.Remark());
+  if (end != TransferEnd::Done) return;
+  Q_EMIT Agreed(what == Moves::ProgramIn);
+  if (transfer.Remark().isEmpty()) return;
+  Q_EMIT Note(instance_.Text(done) + QStringLiteral("  ") + transfer.Remark());
 }
 
 void LineCommands::Msg_Trans_Click() {

@@ -46,17 +46,18 @@ class LineCommands : public QObject {
   void Began();
   /// An exchange is over: limits and selection may be others. `received`: so is the program.
   void Ended(bool received);
+  /// The programmer has the program as it is now: it was `received` from there, or sent.
+  void Agreed(bool received);
   void PortChosen();
-  /// Worth a line in the status bar.
+  /// What was done, or not; empty when the next exchange begins.
   void Note(const QString& text);
-  /// The same, to stand there until something else does.
-  void LastingNote(const QString& text);
 
  private:
   enum class Moves { Messages, Firmware, ProgramOut, ProgramIn };
   TransferEnd Exchange(Moves what, TextNumber done, const std::function<TransferEnd()>& exchange);
   void TransferSizes(Moves what, TextNumber done,
                      TransferEnd (SizeTransfer::*command)(const JobMonitor&));
+  QString EndText(TransferEnd end, TextNumber done) const;
   TransferEnd ShowMonitor(const Job& job);
   QString ChooseMessages(TextNumber title, bool save);
 

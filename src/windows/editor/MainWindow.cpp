@@ -8,6 +8,8 @@
 #include "dialogs/clsCommonDialog.h"
 #include "editor/AllSizes.h"
 #include "editor/CamDiagram.h"
+#include "editor/DeviceBar.h"
+#include "editor/DeviceBlock.h"
 #include "editor/FileCommands.h"
 #include "editor/LineCommands.h"
 #include "editor/PhaseEntry.h"
@@ -87,14 +89,14 @@ MainWindow::MainWindow(Instance& instance, const PortNames& ports)
       files_(new FileCommands(instance, this)),
       sizes_(new SizeCommands(instance, this)),
       lines_(new LineCommands(instance, ports, this)),
-      status_(new StatusLine(instance, ports, statusBar())) {
+      status_(new StatusLine(instance, statusBar())) {
   setObjectName(QStringLiteral("MainWindow"));
   setAcceptDrops(true);
   setContextMenuPolicy(Qt::NoContextMenu);
   BuildFileMenu();
   BuildSizesMenu();
   BuildOtherMenus();
-  BuildToolbar();
+  BuildToolbar(ports);
   BuildCentre();
   ConnectAll();
   ShowPictures();
@@ -102,18 +104,34 @@ MainWindow::MainWindow(Instance& instance, const PortNames& ports)
   qApp->installEventFilter(this);  // the keys that select a cam come before every control
 }
 
+namespace {
+
 /// A button that does what the entry of the menu does.
-void MainWindow::AddButton(const char* name, const char* picture, QAction* entry) {
+QToolButton* ToolButton(const char* name, const char* picture, QAction* entry) {
   auto* button = new QToolButton;
   button->setObjectName(QString::fromLatin1(name));
   button->setProperty("picture", QString::fromLatin1(picture));
   button->setDefaultAction(entry);
-  button->setAutoRaise(true);
   button->setFocusPolicy(Qt::NoFocus);
+  return button;
+}
+
+}  // namespace
+
+void MainWindow::AddButton(const char* name, const char* picture, QAction* entry) {
+  QToolButton* button = ToolButton(name, picture, entry);
+  button->setAutoRaise(true);
   toolbar_->addWidget(button);
 }
 
-void MainWindow::BuildToolbar() {
+void MainWindow::AddProgrammer(const PortNames& ports) {
+  device_ = new DeviceBlock(instance_, ports);
+  toolbar_->addWidget(new DeviceBar(
+      device_, {ToolButton("Transmit", "transmit", menuBar()->findChild<QAction*>("Tr_Siz")),
+                ToolButton("Receive", "receive", menuBar()->findChild<QAction*>("Rc_Siz"))}));
+}
+
+void MainWindow::BuildToolbar(const PortNames& ports) {
   toolbar_ = addToolBar(QStringLiteral("toolbar"));
   toolbar_->setObjectName(QStringLiteral("Toolbar"));
   toolbar_->setMovable(false);
@@ -134,6 +152,7 @@ void MainWindow::BuildToolbar() {
   sizeCam_->setTextFormat(Qt::PlainText);
   sizeCam_->setContentsMargins(16, 0, 16, 0);
   toolbar_->addWidget(sizeCam_);
+  AddProgrammer(ports);
 }
 
 void MainWindow::BuildCentre() {
@@ -191,15 +210,14 @@ void MainWindow::ConnectAll() {
   connect(files_, &FileCommands::Saved, status_, &StatusLine::ShowFile);
   connect(files_, &FileCommands::TitleChanged, this, &MainWindow::ShowTitle);
   connect(files_, &FileCommands::RecentChanged, menu_, &MainMenu::ShowRecent);
-  connect(lines_, &LineCommands::Began, status_, &StatusLine::WatchPort);
+  connect(lines_, &LineCommands::Began, device_, &DeviceBlock::WatchPort);
   connect(lines_, &LineCommands::Ended, this, &MainWindow::ExchangeEnded);
-  connect(lines_, &LineCommands::PortChosen, status_, &StatusLine::LookAtPort);
-  const auto note = [this](const QString& text) { statusBar()->showMessage(text, 5000); };
-  connect(files_, &FileCommands::Note, statusBar(), note);
-  connect(sizes_, &SizeCommands::Note, statusBar(), note);
-  connect(lines_, &LineCommands::Note, statusBar(), note);
-  connect(lines_, &LineCommands::LastingNote, statusBar(),
-          [this](const QString& text) { statusBar()->showMessage(text); });
+  connect(lines_, &LineCommands::Agreed, status_, &StatusLine::TakeExchange);
+  connect(lines_, &LineCommands::PortChosen, device_, &DeviceBlock::LookAtPort);
+  connect(lines_, &LineCommands::Note, status_, &StatusLine::ShowNote);
+  connect(files_, &FileCommands::Note, status_, &StatusLine::ShowNote);
+  connect(sizes_, &SizeCommands::Note, status_, &StatusLine::ShowNote);
+  connect(status_, &StatusLine::SaveWanted, f_S_, &QAction::trigger);
 }
 
 // The menus: what each entry is called, its caption, and what it does. A button of the toolbar
@@ -263,7 +281,7 @@ void MainWindow::Command(const MainMenu::Handler& handler) {
   if (instance_.Busy) return;
   diagram_->PutBack();
   entry_->LeaveForCommand();
-  statusBar()->clearMessage();
+  status_->ShowNote({});
   const bool active = isActiveWindow();
   handler();
   if (titled_ != TitleSource()) ShowTitle(ActiveTitle());
@@ -286,13 +304,12 @@ bool MainWindow::Form_Load(const QString& startFile) {
   program.SelectCam(1);
   program.SelectSize(1);
   if (!lines_->IdentifyAtStart()) return false;
-  status_->LookAtPort();
+  device_->LookAtPort();
   program.DimensionModel();
   program.IsSaved = true;
   instance_.Dialog.InitDir = instance_.Folder.Path();
   ProgramReplaced();
-  const QString missing = languages_.MissingTexts();
-  if (!missing.isEmpty()) statusBar()->showMessage(missing);
+  status_->ShowNote(languages_.MissingTexts());
   if (!startFile.isEmpty()) files_->OpenAtStart(startFile);
   return true;
 }
@@ -307,6 +324,7 @@ bool MainWindow::LoadTexts() {
     button->setAccessibleName(text);
   }
   picture1_->setAccessibleName(instance_.Text(TextNumber::SizeWord));
+  device_->ShowPort();
   instance_.Dialog.FolderNotFound = instance_.Text(TextNumber::FolderNotFound);
   return true;
 }
@@ -324,7 +342,7 @@ void MainWindow::ExchangeEnded(bool received) {
   if (received) o_Undo_->setEnabled(false);
   ShowSizeCam();
   if (received) entry_->StartAnew();
-  status_->PortAtRest();
+  device_->PortAtRest();
 }
 
 void MainWindow::ShowSizeCam() {
@@ -402,11 +420,20 @@ void MainWindow::Al_Msg_Click() {
   const MessageLink link{[this] { lines_->TransmitMessages(); },
                          [this] { lines_->ReceiveMessages(); }};
   AlMsg(instance_, link, this).exec();
+  const Globals& settings = instance_.Settings;
+  status_->ShowNote(!settings.MsgSaved ? instance_.Text(TextNumber::MessagesInMemory)
+                    : settings.MsgFile.isEmpty()
+                        ? QString()
+                        : instance_.Text(TextNumber::MessagesInFile) + settings.MsgFile);
 }
 
 void MainWindow::Fu_Set_Click() {
+  const FunctionsBlock before = instance_.Program.Functions();
   Select(FuncSel(
       instance_, [this] { o_Ant_Click(); }, this));
+  const bool same = instance_.Program.Functions() == before;
+  status_->ShowNote(
+      instance_.Text(same ? TextNumber::FunctionsUnchanged : TextNumber::FunctionsChanged));
 }
 
 void MainWindow::o_AllSizes_Click() {
@@ -433,6 +460,8 @@ void MainWindow::o_Undo_Click() {
   instance_.Program.RestoreUndoRow();
   o_Undo_->setEnabled(false);
   ShowSizeCam();
+  status_->ShowNote(Filled(instance_.Text(TextNumber::PhaseUndone),
+                           {QString::number(instance_.Program.CurrentCam() + 1)}));
 }
 
 /// Shows a window in which the operator may select another size or cam, and then the new selection.
@@ -506,7 +535,7 @@ void MainWindow::SelectLanguage() {
   ShowSizeCam();
   Form_Activate();
   lines_->TryPort();
-  status_->LookAtPort();
+  device_->LookAtPort();
 }
 
 void MainWindow::Form_Activate() {
@@ -586,7 +615,7 @@ void MainWindow::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
     if (!std::exchange(returning_, false)) Form_Activate();
-    status_->LookAtPort();
+    device_->LookAtPort();
   }
   if (event->type() == QEvent::PaletteChange) ShowPictures();
 }

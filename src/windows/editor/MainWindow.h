@@ -17,6 +17,7 @@ namespace nira {
 
 struct Phase;
 class CamDiagram;
+class DeviceBlock;
 class FileCommands;
 class LineCommands;
 class PhaseEntry;
@@ -68,7 +69,8 @@ class MainWindow : public QMainWindow {
   void BuildSizesMenu();
   void BuildOtherMenus();
   void AddButton(const char* name, const char* picture, QAction* entry);
-  void BuildToolbar();
+  void AddProgrammer(const PortNames& ports);
+  void BuildToolbar(const PortNames& ports);
   void BuildCentre();
   void ConnectAll();
   void ShowPictures();
@@ -113,6 +115,7 @@ class MainWindow : public QMainWindow {
   SizeStrip* strip_;
   QLabel* sizeCam_;
   StatusLine* status_;
+  DeviceBlock* device_;
   QToolBar* toolbar_;
   // The entries of the menus that something else shares or switches.
   QAction* f_newp_;

@@ -13,7 +13,6 @@ namespace nira {
 
 namespace {
 
-constexpr QRgb amberGround = 0xffffdf94;
 constexpr QRgb amberEdge = 0xff9a5b00;
 constexpr QRgb amberText = 0xff000000;
 

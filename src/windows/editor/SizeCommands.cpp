@@ -53,6 +53,11 @@ void SizeCommands::Tell(TextNumber number, Icon icon) {
   instance_.Ask.MsgBox(instance_.Text(number), Buttons::Ok, icon);
 }
 
+/// What was done, with its numbers.
+void SizeCommands::Say(TextNumber number, int first, std::int64_t second) {
+  Q_EMIT Note(Filled(instance_.Text(number), {QString::number(first), QString::number(second)}));
+}
+
 void SizeCommands::s_sel_Click() {
   CamProgram& program = instance_.Program;
   const int before = program.CurrentSize();
@@ -76,6 +81,7 @@ void SizeCommands::O_Copy_Click() {
   }
   CopySize(program, program.CurrentSize(), static_cast<int>(target));
   Q_EMIT Hidden();
+  Say(TextNumber::SizeCopied, program.CurrentSize(), target);
 }
 
 void SizeCommands::s_Clr_Click() {
@@ -86,6 +92,7 @@ void SizeCommands::s_Clr_Click() {
   if (instance_.Ask.MsgBox(question, Buttons::NoYes, Icon::Question) != Answer::Yes) return;
   program.ClearSize(program.CurrentSize());
   Q_EMIT Hidden();
+  Say(TextNumber::SizeErased, program.CurrentSize());
 }
 
 void SizeCommands::S_Imp_Click() {
@@ -116,7 +123,11 @@ void SizeCommands::Import(const QString& path) {
   }
   program.IsSaved = false;
   Q_EMIT Shown();
-  if (result->WithoutEnd) Q_EMIT Note(instance_.Text(TextNumber::FileWithoutEnd) + path);
+  if (result->WithoutEnd) {
+    Q_EMIT Note(instance_.Text(TextNumber::FileWithoutEnd) + path);
+  } else {
+    Say(TextNumber::SizeImported, static_cast<int>(number), program.CurrentSize());
+  }
 }
 
 void SizeCommands::O_CopyC_Click() {
@@ -131,6 +142,7 @@ void SizeCommands::O_CopyC_Click() {
   }
   CopyCam(program, program.CurrentSize(), program.CurrentCam(), static_cast<int>(target));
   Q_EMIT Shown();
+  Say(TextNumber::CamCopied, program.CurrentCam() + 1, target + 1);
 }
 
 void SizeCommands::o_Shc_Click() {
@@ -138,8 +150,10 @@ void SizeCommands::o_Shc_Click() {
   const QString prompt =
       instance_.Text(TextNumber::ShiftCam) + QString::number(program.CurrentCam() + 1);
   const QByteArray answer = instance_.Ask.InputBox(prompt, {}).value_or(QString()).toLatin1();
-  ShiftCam(program, program.CurrentSize(), program.CurrentCam(), ShiftOf(answer.toStdString()));
+  const int degrees = ShiftOf(answer.toStdString());
+  ShiftCam(program, program.CurrentSize(), program.CurrentCam(), degrees);
   Q_EMIT Shown();
+  Say(TextNumber::CamShifted, program.CurrentCam() + 1, degrees);
 }
 
 void SizeCommands::O_ClC_Click() {
@@ -150,6 +164,7 @@ void SizeCommands::O_ClC_Click() {
   if (instance_.Ask.MsgBox(question, Buttons::NoYes, Icon::Question) != Answer::Yes) return;
   EraseCam(program, program.CurrentSize(), program.CurrentCam());
   Q_EMIT Shown();
+  Say(TextNumber::CamErased, program.CurrentCam() + 1);
 }
 
 /// Asks until the answer can be a description: what was refused comes back to be mended.
@@ -186,6 +201,7 @@ void SizeCommands::LDefC_DblClick() {
   }
   program.SetCamText(cam, text);
   Q_EMIT Described(cam);
+  if (text != before) Say(TextNumber::CamDescribed, cam + 1);
 }
 
 }  // namespace nira

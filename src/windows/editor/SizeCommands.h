@@ -37,7 +37,7 @@ class SizeCommands : public QObject {
   void Described(int cam);
   /// The program changed behind the display.
   void Hidden();
-  /// Worth a line in the status bar.
+  /// What was done.
   void Note(const QString& text);
 
  private:
@@ -45,6 +45,7 @@ class SizeCommands : public QObject {
   QString AskDescription(const QString& prompt, const QString& before);
   QString SizePrompt(TextNumber number) const;
   void Tell(TextNumber number, Icon icon);
+  void Say(TextNumber number, int first, std::int64_t second = 0);
   void Import(const QString& path);
 
   Instance& instance_;

@@ -66,28 +66,33 @@ QString SizeStrip::Caption() const {
 
 QString SizeStrip::Tip(int size) const {
   const SizeUse::Count& count = use_.Of(size);
-  QString tip = texts_.Text(count.phases > 0 ? TextNumber::SizeTip : TextNumber::SizeTipEmpty);
-  tip.replace(QStringLiteral("%1"), QString::number(size));
-  tip.replace(QStringLiteral("%2"), QString::number(count.cams));
-  tip.replace(QStringLiteral("%3"), QString::number(count.phases));
+  const QString text =
+      texts_.Text(count.phases > 0 ? TextNumber::SizeTip : TextNumber::SizeTipEmpty);
+  const QString tip = Filled(
+      text, {QString::number(size), QString::number(count.cams), QString::number(count.phases)});
   return size == output_ ? tip + texts_.Text(TextNumber::SizeTipOutput) : tip;
 }
 
-/// There is room for the number of each size in a cell above its own bars.
-bool SizeStrip::Wide() const {
-  const int number = fontMetrics().horizontalAdvance(QStringLiteral("00")) + 6;
-  return numSizes_ * number <= bars_->width();
+int SizeStrip::NumbersWidth() const {
+  return numSizes_ * (fontMetrics().horizontalAdvance(QStringLiteral("00")) + 3);
 }
 
 int SizeStrip::Left() const {
-  return Wide() ? bars_->x() : fontMetrics().horizontalAdvance(Caption()) + gap;
+  return NumbersWidth() <= bars_->width() ? bars_->x()
+                                          : fontMetrics().horizontalAdvance(Caption()) + gap;
+}
+
+int SizeStrip::Room() const {
+  return bars_->x() + bars_->width() - Left();
+}
+
+bool SizeStrip::Numbered() const {
+  return NumbersWidth() <= Room();
 }
 
 QRect SizeStrip::Cell(int size) const {
-  const int left = Left();
-  const int room = bars_->x() + bars_->width() - left;
-  const auto edge = [&](int cells) { return left + room * cells / numSizes_; };
-  const int top = Wide() ? 0 : fontMetrics().height() - 1;
+  const auto edge = [this](int cells) { return Left() + Room() * cells / numSizes_; };
+  const int top = Numbered() ? 0 : fontMetrics().height() - 1;
   const int begin = edge(size - 1);
   return {begin, top, std::max(1, edge(size) - begin - 1), height() - triangle - 1 - top};
 }
@@ -109,7 +114,7 @@ void SizeStrip::paintEvent(QPaintEvent*) {
   painter.drawText(caption, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                    fontMetrics().elidedText(Caption(), Qt::ElideRight, caption.width()));
   for (int size = 1; size <= numSizes_; ++size) PaintCell(painter, size);
-  if (!Wide()) PaintNumbersAbove(painter);
+  if (!Numbered()) PaintNumbersAbove(painter);
   if (output_ >= 1 && output_ <= numSizes_) PaintOutput(painter);
   if (hasFocus()) {
     painter.setBrush(Qt::NoBrush);
@@ -124,20 +129,20 @@ void SizeStrip::PaintCell(QPainter& painter, int size) const {
   const bool current = size == current_;
   const QColor window = own.color(QPalette::Window);
   const QColor text = own.color(QPalette::WindowText);
-  QColor ground = used ? own.color(QPalette::Base) : Mixed(text, window, Wide() ? 0.08 : 0.15);
-  QColor number = used ? own.color(QPalette::Text) : Mixed(text, window, 0.7);
+  QColor ground = used ? own.color(QPalette::Base) : Mixed(text, window, Numbered() ? 0.08 : 0.15);
+  QColor number = used ? own.color(QPalette::Text) : SecondaryText(own);
   if (current) {
     ground = QColor::fromRgb(colours::selectedBar);
     number = QColor::fromRgb(used ? colours::text : emptyOnYellow);
   }
   const QRect cell = Cell(size);
   painter.fillRect(cell, ground);
-  if (Wide() || current) {
+  if (Numbered() || current) {
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(current ? text : Mixed(text, window, 0.5));
+    painter.setPen(current ? text : Outline(own));
     painter.drawRect(cell.adjusted(0, 0, -1, -1));
   }
-  if (Wide()) {
+  if (Numbered()) {
     painter.setPen(number);
     painter.drawText(cell, Qt::AlignCenter, ZeroFilled(size, 2));
   } else if (used) {  // where there is no room for its number

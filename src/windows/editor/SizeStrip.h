@@ -10,7 +10,8 @@ namespace nira {
 
 /// All sizes of the model in a row, a cell each: which are in use, which one is selected, and under
 /// a small triangle the one that the programmer puts in use. Cells stand flush with the bars while
-/// they are wide enough for their numbers; narrow ones take all the room and are numbered above.
+/// there is room for their numbers, otherwise they take all the room that the caption leaves; where
+/// that is not enough the numbers stand above.
 class SizeStrip : public QWidget {
   Q_OBJECT
 
@@ -43,8 +44,10 @@ class SizeStrip : public QWidget {
   QString Caption() const;
   QString Tip(int size) const;
   int SizeAt(const QPoint& place) const;
+  int NumbersWidth() const;
   int Left() const;
-  bool Wide() const;
+  int Room() const;
+  bool Numbered() const;
   void PaintCell(QPainter& painter, int size) const;
   void PaintNumbersAbove(QPainter& painter) const;
   void PaintOutput(QPainter& painter) const;

@@ -1,130 +1,111 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "editor/StatusLine.h"
 
+#include "controls/PlainTip.h"
 #include "ground/Text.h"
-#include "line/SerialLink.h"
-#include "line/SimulatedMark.h"
 
 #include <QFileInfo>
 #include <QLabel>
 #include <QStatusBar>
 
-#include <algorithm>
-
 namespace nira {
 
-StatusLine::StatusLine(Instance& instance, const PortNames& ports, QStatusBar* bar)
+namespace {
+
+// Shares of the room that is left, so that nothing moves with its text.
+constexpr int readingShare = 2;
+constexpr int noteShare = 3;
+
+}  // namespace
+
+StatusLine::StatusLine(Instance& instance, QStatusBar* bar)
     : QObject(bar),
       instance_(instance),
-      ports_(ports),
       bar_(bar),
-      port_(Add("StatusPort", false)),
-      model_(Add("StatusModel", false)),
-      simulated_(AddSign()),
+      model_(AddModel()),
       degree_(AddReading()),
-      changed_(Add("StatusChanged", true)) {
-  connect(&watch_, &QTimer::timeout, this, &StatusLine::ShowPort);
+      note_(AddNote()),
+      changed_(AddChip("StatusChanged")),
+      sent_(AddChip("StatusSent")) {
+  connect(changed_, &StateChip::Clicked, this, [this] {
+    if (instance_.Program.Differs()) Q_EMIT SaveWanted();
+  });
 }
 
-QLabel* StatusLine::Add(const char* name, bool right) {
+QLabel* StatusLine::AddModel() {
   auto* label = new QLabel(bar_);
-  label->setObjectName(QString::fromLatin1(name));
+  label->setObjectName(QStringLiteral("StatusModel"));
   label->setTextFormat(Qt::PlainText);
   label->setContentsMargins(8, 0, 8, 0);
-  if (right) {
-    bar_->addPermanentWidget(label);
-  } else {
-    bar_->addWidget(label);
-  }
+  bar_->addWidget(label);
   return label;
 }
 
-/// Takes the room that is left, so that nothing moves with its text.
 CamLabel* StatusLine::AddReading() {
   auto* label = new CamLabel(bar_);
   label->setObjectName(QStringLiteral("StatusDegree"));
   label->setContentsMargins(8, 0, 8, 0);
   label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  bar_->addWidget(label, 1);
+  bar_->addWidget(label, readingShare);
   return label;
 }
 
-SimulatedSign* StatusLine::AddSign() {
-  auto* sign = new SimulatedSign({}, bar_);
-  sign->setObjectName(QStringLiteral("StatusSimulated"));
-  bar_->addPermanentWidget(sign);
-  sign->hide();
-  return sign;
+ElidedLabel* StatusLine::AddNote() {
+  auto* label = new ElidedLabel;
+  label->setObjectName(QStringLiteral("StatusNote"));
+  bar_->addWidget(label, noteShare);
+  return label;
+}
+
+StateChip* StatusLine::AddChip(const char* name) {
+  auto* chip = new StateChip(name, bar_);
+  bar_->addPermanentWidget(chip);
+  return chip;
 }
 
 void StatusLine::Show() {
   const CamProgram& program = instance_.Program;
-  ShowPort();
   model_->setText(
       QString::number(program.NumCams()) + u' ' + instance_.Text(TextNumber::StatusCams) +
       QStringLiteral("  ") + QString::number(program.NumSizes()) + u' ' +
       instance_.Text(TextNumber::StatusSizes) + QStringLiteral("  ") +
       QString::number(program.NumMessages()) + u' ' + instance_.Text(TextNumber::StatusMessages));
+  degree_->setMinimumWidth(degree_->fontMetrics().horizontalAdvance(
+                               instance_.Text(TextNumber::StatusDegree) + QStringLiteral(" 000")) +
+                           16);
+  ShowChips();
+}
+
+void StatusLine::ShowChips() {
+  const CamProgram& program = instance_.Program;
+  const bool differs = program.Differs();
   const QString& changed = instance_.Text(TextNumber::StatusChanged);
   const QString& saved = instance_.Text(TextNumber::StatusSaved);
   const QString& noFile = instance_.Text(TextNumber::StatusNoFile);
-  const QFontMetrics metrics(changed_->font());
-  changed_->setText(program.Differs() ? changed : onFile_ ? saved : noFile);
-  changed_->setMinimumWidth(
-      std::max({metrics.horizontalAdvance(changed), metrics.horizontalAdvance(saved),
-                metrics.horizontalAdvance(noFile)}) +
-      16);
-  degree_->setMinimumWidth(
-      metrics.horizontalAdvance(instance_.Text(TextNumber::StatusDegree) + QStringLiteral(" 000")) +
-      16);
+  changed_->ShowState(differs   ? changed
+                      : onFile_ ? saved
+                                : noFile,
+                      differs, {changed, saved, noFile});
+  changed_->setToolTip(differs ? PlainTip(instance_.Text(TextNumber::ClickToSave)) : QString());
+
+  const QString& notSent = instance_.Text(TextNumber::StatusNotSent);
+  const bool same = exchange_ && exchange_->revision == program.Revision();
+  const QString time = QStringLiteral("00:00");
+  sent_->ShowState(same ? exchange_->text : notSent, !same,
+                   {notSent, instance_.Text(TextNumber::StatusSent) + time,
+                    instance_.Text(TextNumber::StatusReceived) + time});
 }
 
-/// The port as it stands with these settings; `state` is "port open", or what the last exchange
-/// left.
-QString StatusLine::PortText(const QString& settings, const QString& state) const {
-  QStringList parts = {QStringLiteral("COM") + QString::number(instance_.Settings.PortNumber),
-                       settings, device_, state};
-  parts.removeAll(QString());
-  return parts.join(QStringLiteral("  "));
+void StatusLine::TakeExchange(bool received) {
+  const TextNumber how = received ? TextNumber::StatusReceived : TextNumber::StatusSent;
+  exchange_ = {instance_.Program.Revision(),
+               instance_.Text(how) + instance_.Time.TimeOfDay().toString(QStringLiteral("HH:mm"))};
+  ShowChips();
 }
 
-QString StatusLine::ClosedState() const {
-  const int flag = instance_.Settings.PortErrorFlag;
-  if (flag == 0) return instance_.Text(TextNumber::StatusPortNotOpen);
-  if (flag == 1) return instance_.Text(TextNumber::StatusNotReady);
-  return instance_.Text(TextNumber::StatusPortError) + QString::number(flag);
-}
-
-/// The place is wide enough for both states, so that nothing moves when the port opens.
-void StatusLine::ShowPort() {
-  const int baud = instance_.Settings.BaudRate;
-  const QString closed = PortText(QString::number(baud), ClosedState());
-  const QString& openState = instance_.Text(TextNumber::StatusPortOpen);
-  const QFontMetrics metrics(port_->font());
-  const QString open = PortText(LineSettings(baud), openState);
-  port_->setMinimumWidth(
-      std::max(metrics.horizontalAdvance(closed), metrics.horizontalAdvance(open)) + 18);
-  port_->setText(instance_.Port.PortOpen() ? PortText(instance_.Port.Settings(), openState)
-                                           : closed);
-}
-
-/// Also in the middle of an exchange, when a box of it has closed: the port is still followed then.
-void StatusLine::LookAtPort() {
-  const int number = instance_.Settings.PortNumber;
-  device_ = ports_.Device(number);
-  simulated_->setText(instance_.Text(TextNumber::StatusSimulated));
-  simulated_->Show(IsSimulatedPort(ports_.Link(number)));
-  ShowPort();
-}
-
-void StatusLine::WatchPort() {
-  constexpr int interval = 100;  // ms
-  watch_.start(interval);
-}
-
-void StatusLine::PortAtRest() {
-  watch_.stop();
-  LookAtPort();
+void StatusLine::ShowNote(const QString& text) {
+  note_->setText(text);
+  note_->setToolTip(PlainTip(text));
 }
 
 void StatusLine::ShowFile() {

@@ -459,9 +459,11 @@ class DiagramTest : public QObject {
     QVERIFY(WriteBytes(f.settings.CurrentFile, {}));
     f.Click(u"Sv_Fil"_qs);
     QCOMPARE(f.Text("StatusChanged"), u"salvato"_qs);
-    QVERIFY(f.window->statusBar()->currentMessage().contains(f.settings.CurrentFile));
+    QVERIFY(f.Text("StatusNote").contains(f.settings.CurrentFile));
     f.Enter(u"\r30\r"_qs);
     QCOMPARE(f.Text("StatusChanged"), u"modificato"_qs);
+    f.Click(u"StatusChanged"_qs);
+    QCOMPARE(f.Text("StatusChanged"), u"salvato"_qs);
   }
 };
 

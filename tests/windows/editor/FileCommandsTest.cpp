@@ -88,8 +88,9 @@ class FileCommandsTest : public QObject {
                u"PROGRAMMATORE DI CAMME C 32 - 22  [%1]"_qs.arg(f.settings.CurrentFile));
     }
     const bool left = QByteArray(QTest::currentDataTag()) == "more sizes";
-    QCOMPARE(f.window->statusBar()->currentMessage(),
-             left ? u"FORMATI DEL FILE NON CARICATI: 1"_qs : QString());
+    QCOMPARE(f.Text("StatusNote"), left      ? u"FORMATI DEL FILE NON CARICATI: 1"_qs
+                                   : current ? u"File aperto: "_qs + path
+                                             : QString());
   }
 
   /// The ways in which another program comes into memory.
@@ -169,6 +170,7 @@ class FileCommandsTest : public QObject {
                "Cam Files (*.Cam)|*.cam|Tutti i File (*.*)|*.*; 2050; "_qs +
                    before);
       QCOMPARE(f.program.IsSaved, !stored.isEmpty());
+      QCOMPARE(f.Text("StatusNote").startsWith(u"Annullato, salvato"_qs), !typed);
       QCOMPARE(f.settings.CurrentFile, stored.isEmpty() ? before : f.Path(stored));
       if (!stored.isEmpty()) QVERIFY(ReadBytes(f.Path(stored)).contains("C 05\"TEXT\""));
       QCOMPARE(ReadBytes(there) != "there", answer == Answer::Yes);
@@ -246,7 +248,7 @@ class FileCommandsTest : public QObject {
     f.Choose("F_Mnu_oldF_3");  // gone: the program is emptied, and no file holds it
     QCOMPARE(f.settings.CurrentFile, QString());
     QCOMPARE(ContentOf(f.program), QString());
-    QVERIFY(f.window->statusBar()->currentMessage().contains(paths.at(2)));
+    QVERIFY(f.Text("StatusNote").contains(paths.at(2)));
     QCOMPARE(f.Item("F_Mnu_oldF_1")->text(), u"&1 "_qs + f.Path(u"b&&b.CAM"_qs));
     f.Drop({QUrl::fromLocalFile(paths.at(4))});
     QCOMPARE(captions(), u"e b&b a gone bad"_qs);

@@ -69,11 +69,11 @@ class LineCommandsTest : public QObject {
     const QByteArray asked = box + '|' + box;
     TextTable(
         {"identity", "answers", "limits", "shown", "status"},
-        {{"accepted", qx16.constData(), "", "16 44 180", "", "porta non aperta"},
+        {{"accepted", qx16.constData(), "", "16 44 180", "", "porta chiusa"},
          {"rejected", "24 22 255  NIRA\r", "O", "32 22 255", "None Ok: BAD DEVICE  CAM.24 FORM.22",
           ""},
-         {"no answer", "", "RC", "32 22 255", asked.constData(), "porta non aperta"},
-         {"no CTS", "no CTS", "", "32 22 255", "", "programmatore non pronto"},
+         {"no answer", "", "RC", "32 22 255", asked.constData(), "porta chiusa"},
+         {"no CTS", "no CTS", "", "32 22 255", "", "non pronto"},
          {"no port", "no port", "O", "32 22 255",
           "Critical Ok: [Errore su COM1] Errore 8002 generato da MsComm1\rnone", "errore 8002"}});
   }
@@ -97,7 +97,7 @@ class LineCommandsTest : public QObject {
     QVERIFY(!f.serial.PortOpen());
     QVERIFY(!f.instance.Busy);
     if (status.isEmpty()) return;
-    QCOMPARE(f.Text("StatusPort"), u"COM1  9600  /nodev/ttyS0  "_qs + status);
+    QCOMPARE(f.Text("DeviceBlock"), u"COM1  9600  "_qs + status + u"\n/nodev/ttyS0");
     QCOMPARE(f.Text("StatusModel").section(u' ', 0, 0), f.Limits().section(u' ', 0, 0));
   }
 
@@ -106,14 +106,17 @@ class LineCommandsTest : public QObject {
     QVERIFY(f.StartConnected(qx32));
     bool monitored = false;
     f.Enter(u"200\r21"_qs);  // a command commits it
+    QCOMPARE(f.Text("StatusSent"), u"non inviato"_qs);
     WhenOpens<Monit_Com>([&monitored](Monit_Com*) { monitored = true; });
     f.Choose("Tr_Siz");
     QVERIFY(monitored);
     QVERIFY(f.serial.Written.contains(Frames({"C 05", " 100 110", " 200 021"})));
     QVERIFY(f.serial.Written.endsWith(Frame("END")));
     QVERIFY(!f.serial.PortOpen() && !f.instance.Busy);
-    QCOMPARE(f.window->statusBar()->currentMessage(), u"Trasmissione terminata"_qs);
-    QVERIFY(f.Item("o_Undo")->isEnabled());
+    QCOMPARE(f.Text("StatusNote"), u"Trasmissione terminata"_qs);
+    QCOMPARE(f.Text("StatusSent"), u"inviato 00:00"_qs);
+    f.Choose("o_Undo");
+    QCOMPARE(f.Text("StatusSent"), u"non inviato"_qs);
   }
 
   /// The status bar follows the port, also when a box of the exchange has closed over the window.
@@ -124,10 +127,10 @@ class LineCommandsTest : public QObject {
       QEvent activated(QEvent::ActivationChange);
       QApplication::sendEvent(&*f.window, &activated);
       f.serial.Settings(u"300,n,8,1"_qs);
-      QTRY_COMPARE(f.Text("StatusPort"), u"COM1  300,n,8,1  /nodev/ttyS0  porta aperta"_qs);
+      QTRY_COMPARE(f.Text("DeviceBlock"), u"COM1  300,n,8,1  porta aperta\n/nodev/ttyS0"_qs);
     };
     f.Choose("Tr_Siz");
-    QVERIFY(f.Text("StatusPort").endsWith(u"porta non aperta"));
+    QVERIFY(f.Text("DeviceBlock").contains(u"porta chiusa"));
   }
 
   /// The limits of another programmer show at once; a program that they cut is asked about.
@@ -156,7 +159,8 @@ class LineCommandsTest : public QObject {
     QCOMPARE(f.Lines() + u' ' + f.Boxes(), u"F001 350 010 350 010"_qs);
     QVERIFY(!f.program.IsSaved);
     QCOMPARE(f.Text("StatusChanged"), u"modificato"_qs);
-    QCOMPARE(f.window->statusBar()->currentMessage(),
+    QCOMPARE(f.Text("StatusSent"), u"ricevuto 00:00"_qs);
+    QCOMPARE(f.Text("StatusNote"),
              u"Ricezione terminata  VALORI RICEVUTI FUORI LIMITI: SENSO DI ROTAZIONE 9 (0-1)"_qs);
   }
 

@@ -33,7 +33,7 @@ class MainWindowStartTest : public QObject {
     QCOMPARE(f.Text("SizeCam"), u"F01 C02"_qs);
     QCOMPARE(f.window->windowTitle(), activeTitle);
     QCOMPARE(ContentOf(f.program) + f.Lines(), QString());
-    QCOMPARE(f.Text("StatusPort"), u"COM1  9600  /nodev/ttyS0  programmatore non pronto"_qs);
+    QCOMPARE(f.Text("DeviceBlock"), u"COM1  9600  non pronto\n/nodev/ttyS0"_qs);
     QCOMPARE(f.Text("StatusModel"), u"32 camme  22 formati  255 messaggi"_qs);
   }
 
@@ -46,8 +46,8 @@ class MainWindowStartTest : public QObject {
     QVERIFY(f.Start());
     QCOMPARE(Shown(f.Find(u"GoPrCam"_qs)->toolTip()), u"A & <b>B"_qs);
     QCOMPARE(Shown(f.Find(u"New_Fil"_qs)->toolTip()), u"A & B"_qs);
-    QVERIFY(f.window->statusBar()->currentMessage().startsWith(
-        QString::number(MessageTable().Missing() - 2) + u" TEXTS ARE MISSING"));
+    QVERIFY(f.Text("StatusNote")
+                .startsWith(QString::number(MessageTable().Missing() - 2) + u" TEXTS ARE MISSING"));
   }
 
   void OptionsAndScript_data() {
@@ -73,7 +73,7 @@ class MainWindowStartTest : public QObject {
     QCOMPARE(ReadBytes(f.OptionsPath()), kept.toLatin1());
     QVERIFY(starts || f.Start());
     if (options.contains(u"_en"_qs)) {
-      QCOMPARE(f.Text("StatusPort"), u"COM3  19200  /nodev/ttyS2  programmer not ready"_qs);
+      QCOMPARE(f.Text("DeviceBlock"), u"COM3  19200  not ready\n/nodev/ttyS2"_qs);
       QCOMPARE(f.Text("SizeCam"), u"S01 C02"_qs);
     }
   }
@@ -125,6 +125,22 @@ class MainWindowStartTest : public QObject {
     QVERIFY(f.Start());
     QCOMPARE(f.window->size(), QSize(800, 600));
     QVERIFY(f.window->screen()->availableGeometry().intersects(f.window->geometry()));
+  }
+
+  /// Where room is short the buttons of the programmer lose their words; nothing is folded away.
+  void ToolbarGivesWay() {
+    WindowFixture f;
+    QVERIFY(f.Start());
+    for (const int width : {800, 1024, 1366}) {
+      f.window->resize(width, 768);
+      QTest::qWait(0);
+      const auto* button = f.Find<QToolButton>(u"Receive"_qs);
+      QCOMPARE(button->toolButtonStyle() == Qt::ToolButtonTextBesideIcon, width > 800);
+      QVERIFY(button->width() >= button->sizeHint().width());
+      QVERIFY(!f.Find(u"qt_toolbar_ext_button"_qs)->isVisible());
+      const auto* block = f.Find<QLabel>(u"DeviceBlock"_qs);
+      QVERIFY(block->width() >= block->minimumSizeHint().width());
+    }
   }
 
   void ShortcutsDoNotClash() {

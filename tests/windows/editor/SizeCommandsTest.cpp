@@ -13,27 +13,27 @@ class SizeCommandsTest : public QObject {
 
  private Q_SLOTS:
   void Numbers_data() {
-    TextTable({"item", "answer", "told", "content", "label"},
+    TextTable({"item", "answer", "told", "content", "label", "note"},
               {{"select", "s_sel", "7.6", "SELEZIONE FORMATO - ATTUALE: 2 / 22|", "2.5: 10-20",
-                "F08 C05"},
+                "F08 C05", ""},
                {"no such size", "s_sel", "23",
                 "SELEZIONE FORMATO - ATTUALE: 2 / 22|"
                 "Exclamation Ok: NUMERO DI FORMATO NON VALIDO",
-                "2.5: 10-20", "F01 C05"},
+                "2.5: 10-20", "F01 C05", ""},
                {"cancelled", "s_sel", "(cancel)",
                 "SELEZIONE FORMATO - ATTUALE: 2 / 22|"
                 "Exclamation Ok: NUMERO DI FORMATO NON VALIDO",
-                "2.5: 10-20", "F01 C05"},
+                "2.5: 10-20", "F01 C05", ""},
                {"copy", "O_Copy", " 22 ", "COPIA NEL FORMATO N. ? - ATTUALE: 2 / 22|",
-                "2.5: 10-20; 22.5: 10-20", "F02 C05"},
+                "2.5: 10-20; 22.5: 10-20", "F02 C05", "Formato 2 copiato nel formato 22"},
                {"copy to no size", "O_Copy", "3abc",
                 "COPIA NEL FORMATO N. ? - ATTUALE: 2 / 22|"
                 "None Ok: FORMATO DI DESTINAZIONE NON VALIDO",
-                "2.5: 10-20", "F02 C05"},
+                "2.5: 10-20", "F02 C05", ""},
                {"copy the cam", "O_CopyC", "32abc", "COPIA NELLA CAMMA N. ? - ATTUALE: 5 / 32|",
-                "2.5: 10-20; 2.32: 10-20", "F02 C05"},
+                "2.5: 10-20; 2.32: 10-20", "F02 C05", "Camma 5 copiata nella camma 32"},
                {"shift", "o_Shc", "-20", "GRADI DI SPOSTAMENTO (+/-) DELLA CAMMA N. 5|",
-                "2.5: 350-360", "F02 C05"}});
+                "2.5: 350-360", "F02 C05", "Camma 5 spostata di -20 gradi"}});
   }
 
   void Numbers() {
@@ -51,6 +51,7 @@ class SizeCommandsTest : public QObject {
     QCOMPARE(f.prompts.inputs.at(0).prompt + u'|' + f.prompts.Shown().join(u'|'), told);
     QTEST(ContentOf(f.program), "content");
     QTEST(f.Text("SizeCam"), "label");
+    QTEST(f.Text("StatusNote"), "note");
     QVERIFY(f.program.IsSaved);
   }
 
@@ -129,8 +130,7 @@ class SizeCommandsTest : public QObject {
     f.dialog.Expect(press);
     f.prompts.ExpectInput(u"22"_qs);
     f.Choose("S_Imp");
-    QCOMPARE(f.window->statusBar()->currentMessage(),
-             u"MANCA LA RIGA END, FILE FORSE INCOMPLETO: "_qs + press);
+    QCOMPARE(f.Text("StatusNote"), u"MANCA LA RIGA END, FILE FORSE INCOMPLETO: "_qs + press);
   }
 
   /// The model in memory is the one that is offered; the one that is chosen comes empty.

@@ -53,7 +53,7 @@ class SETCOMMTest : public QObject {
       QCOMPARE(f.settings.PortErrorFlag, 0);
       const bool writes = QByteArray(button) == "OKButton";
       QCOMPARE(ReadBytes(f.OptionsPath()), writes ? "\"p32qx_IT.SCR\",8,19200\r\n" : options);
-      QVERIFY(f.Text("StatusPort").startsWith(u"COM8  "));
+      QVERIFY(f.Text("DeviceBlock").startsWith(u"COM8  "));
     }
   }
 
@@ -83,14 +83,15 @@ class SETCOMMTest : public QObject {
     QCOMPARE(shown.join(u'|'), u"COM1 /nodev/ttyS0 non presente|COM2 "_qs + adapter + u"|COM3 " +
                                    adapter + u" programmatore simulato");
     QCOMPARE(f.settings.PortNumber, 3);
-    QVERIFY(f.Text("StatusPort").contains(adapter));
-    QVERIFY(f.Find(u"StatusSimulated"_qs)->isVisible());
+    const QString sign = u"\nprogrammatore simulato"_qs;
+    QVERIFY(f.Text("DeviceBlock").endsWith(sign));
+    QVERIFY(f.Find(u"DeviceBlock"_qs)->toolTip().contains(adapter));
     mark.unlock();
     f.window->LabCam_Click(1);  // a command alone looks nothing up
-    QVERIFY(f.Find(u"StatusSimulated"_qs)->isVisible());
+    QVERIFY(f.Text("DeviceBlock").endsWith(sign));
     WindowFixture::OtherWindow();
     f.Activate();
-    QVERIFY(!f.Find(u"StatusSimulated"_qs)->isVisible());
+    QVERIFY(f.Text("DeviceBlock").endsWith(adapter));
   }
 
   void OptionsThatCannotBeWritten() {
@@ -108,7 +109,7 @@ class SETCOMMTest : public QObject {
     f.Choose("setcom");
     QVERIFY(f.prompts.Shown().constFirst().startsWith(
         u"Critical Ok: IMPOSSIBILE SCRIVERE IL FILE\nKlmQx_opt.def\n"));
-    QCOMPARE(f.Text("StatusPort").section(u' ', 0, 0), u"COM12"_qs);
+    QCOMPARE(f.Text("DeviceBlock").section(u' ', 0, 0), u"COM12"_qs);
     QCOMPARE(f.settings.BaudRate * 10000 + f.settings.PortErrorFlag, 24008002);
   }
 };
