@@ -224,6 +224,11 @@ enum class TextNumber : int {
   FrameSizes = 531,
   ModelEmpties = 532,
   OtherPorts = 533,
+  ManualTitle = 580,
+  ManualButton = 581,
+  ManualContents = 582,
+  ManualFind = 583,
+  ManualNotFound = 584,
 };
 
 }  // namespace nira

@@ -51,6 +51,15 @@ About::About(const MessageTable& texts, Prompts& prompts, QWidget* parent)
   system->setObjectName(QStringLiteral("SystemInformation"));
   system->setAutoDefault(false);
   connect(system, &QPushButton::clicked, this, [this] { ShowSystemInformation(SystemTools()); });
+  auto* manual =
+      buttons->addButton(texts.Text(TextNumber::ManualButton), QDialogButtonBox::HelpRole);
+  manual->setObjectName(QStringLiteral("ManualButton"));
+  manual->setToolTip(QStringLiteral("F1"));
+  manual->setAutoDefault(false);
+  connect(manual, &QPushButton::clicked, this, [this] {
+    accept();  // the manual answers only when no dialog is open
+    Q_EMIT ManualWanted();
+  });
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
 
   auto* layout = new QVBoxLayout(this);

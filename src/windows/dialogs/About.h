@@ -11,7 +11,8 @@
 
 namespace nira {
 
-/// What the program is, its version, and a button for the platform's system information tool.
+/// What the program is, its version, and buttons for the platform's system information tool and for
+/// the manual.
 class About : public QDialog {
   Q_OBJECT
 
@@ -23,6 +24,9 @@ class About : public QDialog {
 
   /// Programs that show what a machine is made of, the usual ones of this platform.
   static QStringList SystemTools();
+
+ Q_SIGNALS:
+  void ManualWanted();
 
  private:
   const MessageTable& texts_;

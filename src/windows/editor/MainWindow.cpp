@@ -5,6 +5,7 @@
 #include "controls/ThemedIcon.h"
 #include "controls/UserSettings.h"
 #include "dialogs/About.h"
+#include "dialogs/Manual.h"
 #include "dialogs/clsCommonDialog.h"
 #include "editor/AllSizes.h"
 #include "editor/CamDiagram.h"
@@ -271,7 +272,12 @@ void MainWindow::BuildOtherMenus() {
   menu_->Begin("&Demo")->menuAction()->setObjectName(QStringLiteral("Demo"));
   menu_->Add("O_Rot", "&Rotate Demo", [this] { O_Rot_Click(); });
   menu_->Add("o_Ant", "&Advance Demo", [this] { o_Ant_Click(); });
-  menu_->AddToBar("info", "&Info", [this] { About(instance_.Texts, instance_.Ask, this).exec(); });
+  menu_->AddToBar("info", "&Info", [this] { ShowAbout(); });
+  auto* manual = new QAction(this);  // stands in no menu: the tree is full
+  manual->setObjectName(QStringLiteral("OpenManual"));
+  manual->setShortcut(QKeySequence(Qt::Key_F1));
+  connect(manual, &QAction::triggered, this, [this] { Command([this] { ShowManual(); }); });
+  addAction(manual);
 }
 
 /// Everything that is chosen runs through here. A command ends an entry that stands in the OFF box,
@@ -402,6 +408,16 @@ void MainWindow::Run_Click(int cam, const Phase& phase) {
 void MainWindow::Run_DblClick(int cam, const Phase& phase) {
   Run_Click(cam, phase);
   entry_->OpenSelected();
+}
+
+void MainWindow::ShowAbout() {
+  About about(instance_.Texts, instance_.Ask, this);
+  connect(&about, &About::ManualWanted, this, &MainWindow::ShowManual);
+  about.exec();
+}
+
+void MainWindow::ShowManual() {
+  Manual::Open(this, instance_.Texts);
 }
 
 /// The entries of the Sizes menu that act on a cam, for the cam of the row.

@@ -92,6 +92,8 @@ class MainWindow : public QMainWindow {
   void o_Ant_Click();
   void o_MODC_Click();
   void o_Undo_Click();
+  void ShowAbout();
+  void ShowManual();
   void ShowRowMenu(int cam, const QPoint& place);
   void Select(QDialog&& window);
   void ProgramReplaced();

@@ -11,7 +11,10 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QRegularExpression>
+#include <QScrollBar>
 #include <QTest>
+#include <QTextBrowser>
 
 #include <tuple>
 
@@ -33,6 +36,39 @@ class DialogsTest : public QObject {
     });
     f.Choose("info");
     QVERIFY2(texts.contains(u"Versione 1.2.3"_qs), qPrintable(texts.join(u'|')));
+  }
+
+  /// From the about box or with F1: every heading leads to its place, and words are found.
+  void ManualWindow() {
+    WindowFixture f;
+    QVERIFY(f.Start());
+    WhenOpens<About>([](About* about) {
+      QTest::mouseClick(about->findChild<QPushButton*>(u"ManualButton"_qs), Qt::LeftButton);
+    });
+    f.Choose("info");
+    auto* manual = f.Find(u"Manual"_qs);
+    QVERIFY(manual->isVisible() && !manual->isModal());
+    const auto* page = manual->findChild<QTextBrowser*>();
+    const auto* headings = manual->findChild<QListWidget*>();
+    QVERIFY(headings->count() > 10 && !headings->item(0)->text().isEmpty());
+    const QPoint last = headings->visualItemRect(headings->item(headings->count() - 1)).center();
+    QTest::mouseClick(headings->viewport(), Qt::LeftButton, {}, last);
+    QVERIFY(page->verticalScrollBar()->value() > 0);
+    manual->close();
+    f.Press(Qt::Key_F1);
+    QVERIFY(manual->isVisible());
+    auto* words = manual->findChild<QLineEdit*>();
+    QTest::keyClick(manual, Qt::Key_F, Qt::ControlModifier);
+    QTest::keyClicks(words, u"pageup"_qs);
+    QTest::keyClick(words, Qt::Key_Return);  // behind the last heading: from the beginning on
+    QCOMPARE(page->textCursor().selectedText(), u"PageUp"_qs);
+    QFile text(u":/manual/manual.md"_qs);
+    QVERIFY(text.open(QIODevice::ReadOnly));
+    static const QRegularExpression picture(u"\\]\\(([^)]+\\.png)\\)"_qs);
+    for (auto all = picture.globalMatch(QString::fromUtf8(text.readAll())); all.hasNext();) {
+      const QString name = all.next().captured(1);
+      QVERIFY2(QFile::exists(u":/manual/"_qs + name), qPrintable(name));
+    }
   }
 
   void SystemInformation() {
