@@ -167,7 +167,7 @@ class LookTest : public QObject {
         {"light", {}}, {"dark", WholeDark()}, {"dark with unset roles", Dark()}};
     for (const auto& [theme, colours] : themes) {
       for (const char* item : {"MainWindow", "Fu_Set", "Al_Msg", "O_Rot", "o_Ant", "setcom",
-                               "Pr_size", "f_New", "info"}) {
+                               "Pr_size", "f_New", "info", "o_AllSizes"}) {
         QTest::addRow("%s: %s", theme, item) << QString::fromLatin1(item) << colours;
       }
     }

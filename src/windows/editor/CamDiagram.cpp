@@ -115,8 +115,10 @@ void CamDiagram::ShowRows(int numCams) {
 
 void CamDiagram::ShowNumber(int row, int number) {
   CamLabel* label = RowOf(row).number;
+  if (label->text() == QString::number(number)) return;
   label->setText(QString::number(number));
   label->setAccessibleName(kind_.letter + QString::number(number));
+  if (line_->Degree() >= 0) Read();
 }
 
 int CamDiagram::ReadableRows() const {
@@ -187,8 +189,9 @@ void CamDiagram::SetScale() {
   place_.unitsPerDegree = place_.bars.width() / 359.0;
   for (const Row& row : rows_) row.bar->SetScale(place_.unitsPerDegree);
   phaseMarks_->Arrange(place_, scalePixels_);
-  if (outputs_ != nullptr) outputs_->Arrange(place_, scalePixels_);
   line_->Arrange(place_, scalePixels_);
+  // On top: the outline of the row under the pointer lies in the same gap.
+  if (outputs_ != nullptr) outputs_->Arrange(place_, scalePixels_);
   update();
 }
 

@@ -427,7 +427,9 @@ class DiagramTest : public QObject {
     const QImage before = Picture(f, u"Diagram"_qs);
     const QImage drawn = Picture(f, u"Barra_3"_qs);
     QCOMPARE(speed(u"600"_qs), u"600"_qs);  // 90 degrees
+    PointAt(f, 3, 300);  // the outline of the row leaves the line in sight
     QImage line = Picture(f, u"Barra_3"_qs);
+    PointAt(f, 30, -9);
     line = line.copy(0, line.height() - 1, line.width(), 1);
     const QRect box = bar->BoxOf({10, 30});
     QCOMPARE(Boxes(line, 0xff8e0f8e), (QList{std::pair(box.left(), box.width())}));
