@@ -58,6 +58,7 @@ void AllSizes::BuildControls() {
   kind.described = false;
   diagram_ = new CamDiagram(std::move(kind), this);
   diagram_->setObjectName(QStringLiteral("SizesDiagram"));
+  diagram_->setAccessibleName(windowTitle());
   diagram_->setFocusPolicy(Qt::StrongFocus);
   constexpr int scalePixels = 12;
   diagram_->Rescale(scalePixels);

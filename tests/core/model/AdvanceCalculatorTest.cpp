@@ -84,8 +84,6 @@ class AdvanceCalculatorTest : public QObject {
       QCOMPARE(switching.moved, cam != 2 && cam != 24);
       QCOMPARE(switching.ratio.value_or(-1), cam == 24 ? 4 : -1);
     }
-    program.SetLimits(22, 16, 255);
-    QVERIFY(Switching::Of(program, 0, 600).moved);
     block.AdvanceOn = 0;
     program.SetFunctions(block);
     QVERIFY(!Switching::Of(program, 0, 600).moved);

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "controls/ProgramStyle.h"
+#include "editor/AllSizes.h"
 #include "editor/PreviewField.h"
 #include "support/Tables.h"
 #include "support/WindowFixture.h"
 
+#include <QCheckBox>
 #include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QMouseEvent>
+#include <QScopeGuard>
 #include <QTest>
 #include <QToolTip>
 
@@ -427,7 +430,7 @@ class DiagramTest : public QObject {
     const QImage before = Picture(f, u"Diagram"_qs);
     const QImage drawn = Picture(f, u"Barra_3"_qs);
     QCOMPARE(speed(u"600"_qs), u"600"_qs);  // 90 degrees
-    PointAt(f, 3, 300);  // the outline of the row leaves the line in sight
+    PointAt(f, 3, 300);                     // the outline of the row leaves the line in sight
     QImage line = Picture(f, u"Barra_3"_qs);
     PointAt(f, 30, -9);
     line = line.copy(0, line.height() - 1, line.width(), 1);
@@ -451,6 +454,45 @@ class DiagramTest : public QObject {
     QCOMPARE(speed(u"0"_qs), u"0"_qs);
     QCOMPARE(Picture(f, u"Barra_3"_qs), drawn);
     QVERIFY(list->item(0)->data(Qt::UserRole + 1).toString().isEmpty());
+  }
+
+  /// 99 sizes scroll, empty ones can go, and the main window follows each choice at once.
+  void OneCamOnAllSizes() {
+    WindowFixture f;
+    QVERIFY(f.StartWith(u"10-20"_qs, 3));
+    f.program.SetLimits(99, 32, 255);
+    f.program.SetRow(40, 3, RowOf(u"100-110 200-210"_qs));
+    f.program.SetRow(99, 5, RowOf(u"0-1"_qs));
+    QStringList seen;
+    WhenOpens<AllSizes>([&](AllSizes* window) {
+      const auto closed = qScopeGuard([window] { window->close(); });
+      const auto row = [window](const char* control, int index) {
+        return window->findChild<QLabel*>(QString::fromLatin1(control) + QString::number(index));
+      };
+      const auto tell = [&] {
+        int last = 0;
+        while (row("SizeNumber_", last + 1) && row("SizeNumber_", last + 1)->isVisible()) ++last;
+        seen.append(row("SizeNumber_", last)->text() + u' ' + f.Text("SizeCam").left(3));
+        return last;
+      };
+      const int last = tell();
+      QVERIFY(last > 9 && last < 50);
+      QTest::keyClick(window->focusWidget(), Qt::Key_End);
+      QCOMPARE(tell(), last);
+      QTest::mouseClick(window->findChild<QCheckBox*>(u"HideEmpty"_qs), Qt::LeftButton);
+      auto* bar = window->findChild<CamBar*>(u"SizeBar_1"_qs);
+      Mouse(bar, QEvent::MouseMove, bar->BoxOf({200, 210}).center());
+      seen.append(window->findChild<QLabel*>(u"SizesReading"_qs)->text().mid(11));
+      QTest::mouseClick(bar, Qt::LeftButton);
+      QCOMPARE(tell(), 2);
+      QTest::keyClick(window->focusWidget(), Qt::Key_Up);
+      tell();
+      QTest::mouseDClick(row("SizePhases_", 2), Qt::LeftButton);
+      QVERIFY(!window->isVisible());
+    });
+    f.Press(Qt::Key_F4);
+    QCOMPARE(seen.mid(1), (QStringList{u"99 F99"_qs, u"ON: 40"_qs, u"99 F40"_qs, u"99 F01"_qs}));
+    QCOMPARE(f.Text("SizeCam"), u"F99 C04"_qs);
   }
 
   void StatusBar() {
