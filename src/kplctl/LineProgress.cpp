@@ -22,7 +22,7 @@ void LineProgress::Label1(const QString& text) {
 }
 
 void LineProgress::Label2(const QString& text) {
-  item_ = Printable(text).left(rest);
+  item_ = Printable(text);
   if (terminal_) Draw();
 }
 
@@ -32,15 +32,20 @@ void LineProgress::Progress(int percent) {
   if (terminal_) {
     if (drawn_) Draw();
   } else if (step) {
-    lines_ << QString::number(percent).rightJustified(3) << " %  " << item_ << Qt::endl;
+    lines_ << QString::number(percent).rightJustified(3) << " %  " << item_.left(rest) << Qt::endl;
   }
+}
+
+void LineProgress::Count(const TransferCount& count) {
+  left_ = count.Seconds < 0 ? QString() : QStringLiteral("  ~%1 s").arg(count.Seconds);
+  if (drawn_) Draw();
 }
 
 void LineProgress::Draw() {
   const int done = percent_ * barWidth / 100;
   lines_ << '\r' << '[' << QString(done, u'#') << QString(barWidth - done, u'.') << "] "
-         << QString::number(percent_).rightJustified(3) << " %  " << item_ << clearToEnd
-         << Qt::flush;
+         << QString::number(percent_).rightJustified(3) << " %  " << item_.left(rest - left_.size())
+         << left_ << clearToEnd << Qt::flush;
   drawn_ = true;
 }
 

@@ -17,6 +17,7 @@ class LineProgress : public TransferReport {
   void Label1(const QString& text) override;
   void Label2(const QString& text) override;
   void Progress(int percent) override;
+  void Count(const TransferCount& count) override;
 
   /// Ends the line of the bar, so that something else can be printed.
   void Break();
@@ -29,6 +30,7 @@ class LineProgress : public TransferReport {
   bool drawn_ = false;  // the cursor stands behind a bar
   QString title_;
   QString item_;
+  QString left_;  // how long it will still take
   int percent_ = 0;
 };
 

@@ -18,6 +18,8 @@ namespace nira {
 
 namespace {
 
+constexpr int wholeFile = 255;  // messages
+
 /// The record of a message line: its number and its text.
 std::string MessageRecord(std::string_view line) {
   const std::string_view text = QuotedBytes(line).value_or(std::string_view());
@@ -38,6 +40,11 @@ QString Runs(const std::vector<int>& numbers) {
     first = last + 1;
   }
   return runs.join(QStringLiteral(", "));
+}
+
+/// Bytes that a record puts on the line: with STX, ETX, checksum and the acknowledgement.
+std::int64_t OnLine(std::string_view record) {
+  return static_cast<std::int64_t>(record.size()) + 4;
 }
 
 QByteArray Raw(std::string_view text) {
@@ -72,6 +79,7 @@ TransferEnd TransferJobs::Dispatch(const Job& job) {
 }
 
 void TransferJobs::Progress(std::int64_t part, std::int64_t whole) {
+  meter_.Item(part);
   const int percent = static_cast<int>(std::clamp<std::int64_t>(part * 100 / whole, 0, 100));
   if (percent == percent_) return;
   percent_ = percent;
@@ -86,9 +94,11 @@ TransferEnd TransferJobs::RunSendSizes() {
   report_.Label1(QStringLiteral("TRASMISSIONE IN CORSO"));
   comm_.Port.Handshaking(SerialControl::HandshakeNone);
   comm_.Port.InputLen(SerialControl::AllInput);
+  const std::vector<std::string> functions = FunctionsRecords(comm_.Program);
+  Expect(functions);
   wire_.SendCommand(Job::SendSizes);
   comm_.Time.Pause(Timings::AfterCommand, Yield::Painting);
-  for (const std::string& record : FunctionsRecords(comm_.Program)) SendRecord(record);
+  for (const std::string& record : functions) SendRecord(record);
   const int sizes = comm_.Program.NumSizes();
   for (int size = 1; size <= sizes; ++size) {
     Item(TextNumber::SendingSize, QString::number(size));
@@ -99,9 +109,32 @@ TransferEnd TransferJobs::RunSendSizes() {
   return end_;
 }
 
+/// Counts what is going to be sent, before the programmer waits for it.
+void TransferJobs::Expect(const std::vector<std::string>& functions) {
+  const CamProgram& program = comm_.Program;
+  toSend_ = OnLine(EndWord);
+  for (const std::string& record : functions) toSend_ += OnLine(record);
+  for (int size = 1; size <= program.NumSizes(); ++size) {
+    toSend_ += OnLine("F00");
+    for (int cam = 0; cam < program.NumCams(); ++cam) {
+      for (const std::string& line : BuildCamLines(program, size, cam, true)) {
+        if (line.empty()) break;
+        toSend_ += OnLine(line);
+      }
+    }
+  }
+  constexpr double bitsOfByte = 10;
+  const double onLine =
+      static_cast<double>(toSend_) * bitsOfByte * 1000 / std::max(comm_.Settings.BaudRate, 1);
+  meter_.Begin(true, program.NumSizes(),
+               onLine + Timings::AfterCommand + program.NumSizes() * Timings::AfterSizeHeader);
+}
+
 /// A record without an answer does not stop the job; its end says that there was one.
 void TransferJobs::SendRecord(std::string_view record) {
   if (!wire_.SendFrame(record)) end_ = TransferEnd::TimedOut;
+  sent_ += OnLine(record);
+  meter_.Frame(static_cast<double>(sent_) / static_cast<double>(toSend_));
 }
 
 void TransferJobs::SendSize(int size) {
@@ -121,6 +154,7 @@ TransferEnd TransferJobs::RunReceiveSizes(WorkFile& file) {
   comm_.Port.DiscardInput();
   comm_.Port.Handshaking(SerialControl::HandshakeNone);
   comm_.Port.InputLen(SerialControl::OneCharacter);
+  meter_.Begin(true, comm_.Program.NumSizes(), 0);
   wire_.SendCommand(Job::ReceiveSizes);
   comm_.Time.Pause(Timings::AfterCommand, Yield::Painting);
   while (true) {
@@ -130,6 +164,7 @@ TransferEnd TransferJobs::RunReceiveSizes(WorkFile& file) {
       Item(TextNumber::Receiving, FromBytes(record));
       Progress(NumericValue(Tail(record, 2)), comm_.Program.NumSizes());
     }
+    meter_.Frame();
     if (!Write(file.Add(record))) return end_;
     if (record == EndWord) return TransferEnd::Done;
   }
@@ -154,6 +189,7 @@ TransferEnd TransferJobs::RunSendMessages(const QString& path) {
     TellBadFile();
     return TransferEnd::BadFile;
   }
+  meter_.Begin(false, wholeFile, 0);
   wire_.SendCommand(Job::SendMessages);
   comm_.Time.Pause(Timings::AfterCommand, Yield::Painting);
   while (line && !lines.Overlong() && SendMessageLine(*line)) line = lines.Next();
@@ -169,9 +205,9 @@ TransferEnd TransferJobs::RunSendMessages(const QString& path) {
 /// Sends the message of a line; false at the line that ends the file.
 bool TransferJobs::SendMessageLine(std::string_view line) {
   if (line.starts_with(EndWord)) return false;
-  constexpr int wholeFile = 255;
   comm_.Port.Output(Raw(MessageRecord(line)));
   Progress(NumberInLine(line), wholeFile);
+  meter_.Frame();
   return true;
 }
 
@@ -181,16 +217,19 @@ TransferEnd TransferJobs::RunReceiveMessages(WorkFile& file) {
   comm_.Port.DiscardInput();
   comm_.Port.Handshaking(SerialControl::HandshakeNone);
   comm_.Port.InputLen(SerialControl::OneCharacter);
+  const int messages = comm_.Program.NumMessages();
+  meter_.Begin(false, messages, 0);
   wire_.SendCommand(Job::ReceiveMessages);
   comm_.Time.Pause(Timings::AfterReceiveMessages, Yield::Painting);
   std::vector<int> missing;
   for (int number = 1;; ++number) {
     const std::string record = wire_.ReceiveFrame();
-    if (record.empty() && number <= comm_.Program.NumMessages()) missing.push_back(number);
+    if (record.empty() && number <= messages) missing.push_back(number);
     if (record.find("N ") != std::string::npos) {
       Item(TextNumber::Receiving, FromBytes(std::string_view(record).substr(2, 3)));
-      Progress(NumberInLine(record.substr(0, 5)), comm_.Program.NumMessages());
+      Progress(NumberInLine(record.substr(0, 5)), messages);
     }
+    meter_.Frame();
     if (!Write(file.Add(record))) return end_;
     if (record == EndWord) return missing.empty() ? TransferEnd::Done : TellMissing(missing);
   }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "line/Job.h"
+#include "line/TransferMeter.h"
 #include "line/TransferReport.h"
 #include "line/Wire.h"
 #include "line/WorkFile.h"
@@ -14,7 +15,8 @@ namespace nira {
 /// Runs the jobs of the communication monitor.
 class TransferJobs {
  public:
-  TransferJobs(Comm& comm, TransferReport& report) : comm_(comm), wire_(comm), report_(report) {}
+  TransferJobs(Comm& comm, TransferReport& report)
+      : comm_(comm), wire_(comm), report_(report), meter_(comm.Time, report) {}
 
   /// Runs a job from the opening of the port to its end; the caller closes the port. Everything
   /// that went wrong has been told. An unknown code does nothing.
@@ -27,6 +29,7 @@ class TransferJobs {
   TransferEnd RunSendMessages(const QString& path);
   TransferEnd RunReceiveMessages(WorkFile& file);
 
+  void Expect(const std::vector<std::string>& functions);
   void SendRecord(std::string_view record);
   void SendSize(int size);
   bool SendMessageLine(std::string_view line);
@@ -40,6 +43,9 @@ class TransferJobs {
   Comm& comm_;
   Wire wire_;
   TransferReport& report_;
+  TransferMeter meter_;
+  std::int64_t toSend_ = 0;  // bytes of all frames of a transmission of sizes
+  std::int64_t sent_ = 0;
   TransferEnd end_ = TransferEnd::Done;
   int percent_ = 0;
 };

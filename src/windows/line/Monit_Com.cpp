@@ -6,6 +6,7 @@
 #include "line/TransferJobs.h"
 
 #include <QCloseEvent>
+#include <QHBoxLayout>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -53,13 +54,21 @@ Monit_Com::Monit_Com(Comm& comm, QWidget* parent)
   label1_ = Line("Label1", QFontMetrics(large).height());
   label1_->setFont(large);
   label2_ = Line("Label2", fontMetrics().height());
+  items_ = Line("Items", fontMetrics().height());
+  frames_ = Line("Frames", fontMetrics().height());
+  seconds_ = Line("Seconds", fontMetrics().height());
+  seconds_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   picture1_->setObjectName(QStringLiteral("Picture1"));
+  auto* counts = new QHBoxLayout;
+  counts->setSpacing(8);
+  for (QLabel* count : {items_, frames_, seconds_}) counts->addWidget(count);
 
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(24, 16, 24, 24);
   layout->setSpacing(8);
   layout->addWidget(label1_);
   layout->addWidget(label2_);
+  layout->addLayout(counts);
   layout->addSpacing(8);
   layout->addWidget(picture1_);
   layout->addWidget(simulated_, 0, Qt::AlignRight);
@@ -73,6 +82,7 @@ TransferEnd Monit_Com::Run(const Job& job) {
   end_ = TransferEnd::Done;
   Label1({});
   Label2(job.Item);
+  Count({});
   Progress(0);
   simulated_->Show(comm_.Port.IsSimulated());
   exec();
@@ -101,6 +111,21 @@ void Monit_Com::Label2(const QString& text) {
 
 void Monit_Com::Progress(int percent) {
   picture1_->Show(percent);
+}
+
+void Monit_Com::Count(const TransferCount& count) {
+  const auto text = [this](TextNumber number, std::initializer_list<int> values) {
+    QString filled = comm_.Text(number);
+    int place = 0;
+    for (const int value : values) {
+      filled.replace(u'%' + QString::number(++place), QString::number(value));
+    }
+    return filled;
+  };
+  const auto item = count.Sizes ? TextNumber::SizeOfSizes : TextNumber::MessageOfMessages;
+  Write(items_, count.Item > 0 ? text(item, {count.Item, count.Items}) : QString());
+  Write(frames_, count.Frames > 0 ? text(TextNumber::FramesMoved, {count.Frames}) : QString());
+  Write(seconds_, count.Seconds >= 0 ? text(TextNumber::SecondsLeft, {count.Seconds}) : QString());
 }
 
 void Monit_Com::showEvent(QShowEvent* event) {

@@ -27,6 +27,7 @@ class Monit_Com : public QDialog, public TransferReport {
   void Label1(const QString& text) override;
   void Label2(const QString& text) override;
   void Progress(int percent) override;
+  void Count(const TransferCount& count) override;
 
   void reject() override {}
 
@@ -43,6 +44,9 @@ class Monit_Com : public QDialog, public TransferReport {
   Comm& comm_;
   QLabel* label1_;
   QLabel* label2_;
+  QLabel* items_;    // beside each other below it: the item of how many,
+  QLabel* frames_;   // the frames so far,
+  QLabel* seconds_;  // and the time that it will still take
   SimulatedSign* simulated_;
   ProgressPicture* picture1_;
   Job job_;

@@ -43,6 +43,19 @@ struct JobFixture : CommFixture {
   }
 };
 
+/// Keeps what is told of how far a job is, and when.
+struct KeptCounts : TransferReport {
+  explicit KeptCounts(const Clock& clock) : time(clock) {}
+  void Title(const QString&) override {}
+  void Label1(const QString&) override {}
+  void Label2(const QString&) override {}
+  void Progress(int) override {}
+  void Count(const TransferCount& count) override { told.emplace_back(time.Now(), count); }
+
+  const Clock& time;
+  std::vector<std::pair<std::int64_t, TransferCount>> told;
+};
+
 }  // namespace
 
 /// The four jobs, byte by byte, and what ends them early.
@@ -50,6 +63,45 @@ class TransferJobsTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
+  void TimeLeft_data() {
+    QTest::addColumn<int>("latency");  // ms of the device, beside the time on the line
+    QTest::addColumn<int>("stop");     // ms that it stops once
+    QTest::newRow("as fast as the line") << 0 << 0;
+    QTest::newRow("slower device") << 25 << 0;
+    QTest::newRow("a pause") << 0 << 2500;
+  }
+
+  /// It comes true soon, and never jumps by more than a step.
+  void TimeLeft() {
+    QFETCH(int, latency);
+    QFETCH(int, stop);
+    JobFixture f;
+    f.program.SetLimits(22, 32, 255);
+    for (int size = 1; size <= 6; ++size) {
+      for (int cam = 0; cam < 32; ++cam) f.program.SetRow(size, cam, RowOf(u"0-5 10-20 30-40"_qs));
+    }
+    int frames = 0;
+    f.serial.Device = [&](const QByteArray& out) {
+      const int onLine = static_cast<int>(out.size() + 1) * 10'000 / f.settings.BaudRate;
+      const int more = latency + (++frames == 500 ? stop : 0);
+      if (out.startsWith('\x02')) f.serial.Send("\x06", onLine + more);
+    };
+    KeptCounts report(f.serial);
+    QCOMPARE(TransferJobs(f.comm, report).Run({Job::SendSizes}), done);
+    const std::int64_t begun = report.told.front().first;
+    int before = report.told.front().second.Seconds;
+    for (const auto& [at, count] : report.told) {
+      QVERIFY(std::abs(count.Seconds - before) <= 10);
+      before = count.Seconds;
+      const double left = static_cast<double>(f.serial.Now() - at) / 1000;
+      const bool close = std::abs(count.Seconds - left) <= 4 + left / 5;
+      QVERIFY2(close || at - begun < 10'000, qPrintable(QString::number(left - count.Seconds)));
+    }
+    QCOMPARE(before, 1);
+    QCOMPARE(report.told.back().second.Item * 100 + report.told.back().second.Items, 2222);
+    QVERIFY(frames - report.told.back().second.Frames < 40);
+  }
+
   void SendsSizes() {
     JobFixture f;
     f.Acknowledge();

@@ -45,6 +45,7 @@ struct MonitorFixture : CommFixture {
     const QString now = QStringList{monitor.windowTitle(), text(u"Label1"_qs), text(u"Label2"_qs),
                                     QString::number(screen.Percent)}
                             .join(u'|');
+    counts = QStringList{text(u"Items"_qs), text(u"Frames"_qs), text(u"Seconds"_qs)}.join(u'|');
     if (shown.isEmpty() || shown.constLast() != now) shown.append(now);
     widths.insert(monitor.findChild<QLabel*>(u"Label2"_qs)->geometry().width());
     visible = visible && monitor.isVisible() && monitor.isModal();
@@ -54,6 +55,7 @@ struct MonitorFixture : CommFixture {
   Monit_Com monitor{comm, nullptr};
   Screen screen;
   QStringList shown;
+  QString counts;        // below the item, as last
   std::set<int> widths;  // of the line with the record
   bool visible = true;
 };
@@ -77,6 +79,7 @@ class MonitComTest : public QObject {
                                    head + u"SIZE N. 3|75", head + u"SIZE N. 4|100"}));
     QVERIFY(f.visible);
     QVERIFY(!f.monitor.isVisible());
+    QCOMPARE(f.counts, u"SIZE 4 OF 4|FRAMES: 8|ABOUT 1 S LEFT"_qs);
   }
 
   void NothingJumps() {
