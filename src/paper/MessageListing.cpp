@@ -3,6 +3,7 @@
 
 #include "files/TextNumbers.h"
 #include "ground/Text.h"
+#include "messages/MessageTexts.h"
 
 #include <QFontDatabase>
 #include <QFontInfo>
@@ -86,11 +87,13 @@ void MessageListing::PlaceEntries(double textWidth, int columns) {
   };
   for (int number = 1; number <= program_.NumMessages(); ++number) {
     QStringList lines = LinesOf(program_.MessageText(number), textWidth);
+    int first = 0;
     if (y + row_ * static_cast<double>(lines.size()) > Bottom() && y > Top()) nextColumn();
     while (!lines.isEmpty()) {
       const auto fitting = std::max<qsizetype>(1, static_cast<qsizetype>((Bottom() - y) / row_));
       const double x = margin_ + column * (number_ + textWidth + gapOfColumns);
-      pages_.back().push_back({number, x, y, lines.mid(0, fitting)});
+      pages_.back().push_back({number, x, y, lines.mid(0, fitting), first});
+      first += static_cast<int>(pages_.back().back().lines.join(QString()).size());
       y += row_ * static_cast<double>(pages_.back().back().lines.size());
       lines = lines.mid(fitting);
       if (!lines.isEmpty()) nextColumn();
@@ -129,6 +132,23 @@ void MessageListing::Paint(QPainter& painter, int page) const {
       Word(painter, place.adjusted(number_, line * row_, 0, line * row_), Qt::AlignLeft,
            entry.lines.at(line), font_);
     }
+    PaintRowMark(painter, entry);
+  }
+}
+
+/// A thin line where the second row of the programmer's display begins, when it has a text and
+/// does not begin a line here anyway.
+void MessageListing::PaintRowMark(QPainter& painter, const Entry& entry) const {
+  constexpr double thin = 4;
+  const QFontMetricsF metrics(font_);
+  qsizetype at = MessageDisplay::Columns - entry.first;
+  for (int line = 0; line < entry.lines.size() && at > 0; ++line) {
+    const QString& text = entry.lines.at(line);
+    if (at < text.size()) {
+      const double x = entry.x + number_ + metrics.horizontalAdvance(text.left(at));
+      painter.fillRect(QRectF(x, entry.y + line * row_, thin, row_), Qt::black);
+    }
+    at -= text.size();
   }
 }
 

@@ -32,6 +32,7 @@ class MessageListing : public PagedDocument {
     double x;
     double y;
     QStringList lines;
+    int first;  // character of the text with which they begin, from 0
   };
 
   double Right() const { return paper_.width() - margin_; }
@@ -42,6 +43,7 @@ class MessageListing : public PagedDocument {
   void PlaceEntries(double textWidth, int columns);
   void Word(QPainter& painter, const QRectF& place, int flags, const QString& text,
             const QFont& font) const;
+  void PaintRowMark(QPainter& painter, const Entry& entry) const;
   void PaintFrame(QPainter& painter, int page) const;
 
   const CamProgram& program_;

@@ -16,6 +16,7 @@ class MessageListingTest : public QObject {
  private:
   CamProgram program_;
   MessageTable texts_;
+  int marks_ = 0;  // where the display's second row begins, on all pages
   QDateTime date_{QDate(2026, 11, 21), QTime(14, 5)};
 
   /// What stands on the pages below the heading, without blanks: inside the margins and nothing
@@ -36,6 +37,7 @@ class MessageListingTest : public QObject {
         return {};
       words.removeAll(u"2026-11-21 14:05"_qs);
       words.removeAll(u"Page %1 / %2"_qs.arg(page).arg(pages));
+      marks_ += static_cast<int>(recorder.Bars().size());
       printed += words.join(QString()).remove(u' ');
     }
     return printed;
@@ -55,7 +57,9 @@ class MessageListingTest : public QObject {
         program_.SetMessageText(number, number % 50 == 0 ? QString() : text.left(length));
         expected += ZeroFilled(number, 3) + program_.MessageText(number);
       }
+      marks_ = 0;
       QCOMPARE(Printed(points, paper), expected.remove(u' '));
+      if (length <= 40) QCOMPARE(marks_, length > 20 ? 250 : 0);
     }
   }
 

@@ -19,8 +19,10 @@ QString ListEntry(int number, const QString& text) {
   return ZeroFilled(number, 3) + u' ' + text;
 }
 
-std::optional<int> FindMessage(const CamProgram& program, const QString& text) {
-  for (int number = 1; number <= program.NumMessages(); ++number) {
+std::optional<int> FindMessage(const CamProgram& program, const QString& text, int after) {
+  const int messages = program.NumMessages();
+  for (int step = 0; step < messages; ++step) {
+    const int number = (after + step) % messages + 1;
     if (program.MessageText(number).contains(text, Qt::CaseSensitive)) return number;
   }
   return std::nullopt;

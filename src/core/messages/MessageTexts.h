@@ -27,8 +27,9 @@ MessageDisplay RowsOnOpening(const QString& text);
 /// A message as the list shows it: number with three digits, a blank, the text.
 QString ListEntry(int number, const QString& text);
 
-/// Number of the first message that contains `text`, capitals and small letters told apart.
-std::optional<int> FindMessage(const CamProgram& program, const QString& text);
+/// Number of the first message that contains `text`, capitals and small letters told apart: of
+/// those behind message `after`, then of all from the first on.
+std::optional<int> FindMessage(const CamProgram& program, const QString& text, int after = 0);
 
 /// The message number that an answer names. The last message cannot be named.
 std::optional<int> NumberToSelect(const CamProgram& program, const QString& answer);

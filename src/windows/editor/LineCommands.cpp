@@ -9,6 +9,7 @@
 #include "line/SETCOMM.h"
 #include "line/SerialLink.h"
 #include "line/UpdFlsh.h"
+#include "messages/LastMessageFile.h"
 
 #include <QApplication>
 
@@ -125,9 +126,11 @@ QString LineCommands::ChooseMessages(TextNumber title, bool save) {
   dialog.Filter = label + QStringLiteral("(*.Msg)|*.msg|") + label + QStringLiteral("(*.*)|*.*");
   dialog.Flags = save ? clsCommonDialog::OverwritePrompt + clsCommonDialog::PathMustExist
                       : clsCommonDialog::FileMustExist;
-  dialog.FileName.clear();
+  dialog.FileName = save ? QString() : LastMessageFile(instance_.User);
   const bool chosen = save ? dialog.ShowSave(window_) : dialog.ShowOpen(window_);
-  return chosen ? dialog.FileName : QString();
+  if (!chosen) return {};
+  if (!save) KeepMessageFile(instance_.User, dialog.FileName);
+  return dialog.FileName;
 }
 
 void LineCommands::setcom_Click() {

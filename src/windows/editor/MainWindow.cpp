@@ -435,7 +435,9 @@ void MainWindow::ShowRowMenu(int cam, const QPoint& place) {
 void MainWindow::Al_Msg_Click() {
   const MessageLink link{[this] { lines_->TransmitMessages(); },
                          [this] { lines_->ReceiveMessages(); }};
-  AlMsg(instance_, link, this).exec();
+  AlMsg messages(instance_, link, this);
+  connect(lines_, &LineCommands::Note, &messages, &AlMsg::Say);
+  messages.exec();
   const Globals& settings = instance_.Settings;
   status_->ShowNote(!settings.MsgSaved ? instance_.Text(TextNumber::MessagesInMemory)
                     : settings.MsgFile.isEmpty()

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "messages/AlMsg.h"
 
+#include "controls/ElidedLabel.h"
+#include "controls/PlainTip.h"
 #include "controls/ThemedIcon.h"
 #include "dialogs/clsCommonDialog.h"
 #include "ground/Text.h"
 #include "line/FaultText.h"
 #include "line/MessageTransfer.h"
+#include "messages/LastMessageFile.h"
 #include "messages/ModMsg.h"
 #include "messages/PrnMsg.h"
 #include "printing/PrintPane.h"
@@ -42,6 +45,8 @@ AlMsg::AlMsg(Instance& instance, MessageLink link, QWidget* parent)
   BuildLayout();
   connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this,
           &AlMsg::t_Searc_Click);
+  connect(new QShortcut(QKeySequence::FindNext, this), &QShortcut::activated, this,
+          &AlMsg::FindNext);
   ShowPictures();
   ShowTitle();
   ShowFont();
@@ -105,16 +110,16 @@ void AlMsg::BuildList() {
   state_ = new QLabel;
   state_->setObjectName(QStringLiteral("State"));
   state_->setTextFormat(Qt::PlainText);
-  note_ = new QLabel;
+  note_ = new ElidedLabel;
   note_->setObjectName(QStringLiteral("Note"));
-  note_->setTextFormat(Qt::PlainText);
-  note_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-  note_->setWordWrap(true);
 }
 
+/// What goes over the line stands well apart from what only looks.
 QLayout* AlMsg::BuildButtons() {
   auto* modify = MakeButton("tMOD", TextNumber::MsgModify, &AlMsg::tMOD_Click);
   modify->setDefault(true);
+  auto* search = MakeButton("t_Searc", TextNumber::MsgSearchText, &AlMsg::t_Searc_Click);
+  search->setToolTip(PlainTip(instance_.Text(TextNumber::FindNextTip)));
   auto* transmit = MakeButton("Tr_M", TextNumber::MsgTransmit, &AlMsg::Tr_M_Click);
   transmit->setEnabled(link_.Transmit != nullptr);
   auto* receive = MakeButton("Rc_M", TextNumber::MsgReceive, &AlMsg::Rc_M_Click);
@@ -122,13 +127,13 @@ QLayout* AlMsg::BuildButtons() {
   auto* grid = new QGridLayout;
   grid->setSpacing(8);
   grid->addWidget(modify, 0, 0, 1, 2);
-  grid->addWidget(MakeButton("t_Searc", TextNumber::MsgSearchText, &AlMsg::t_Searc_Click), 1, 0);
+  grid->addWidget(search, 1, 0);
   grid->addWidget(MakeButton("S_num", TextNumber::MsgSearchNumber, &AlMsg::S_num_Click), 1, 1);
-  grid->setRowMinimumHeight(2, 8);
+  grid->setRowMinimumHeight(2, 32);
+  grid->setRowStretch(2, 1);
   grid->addWidget(transmit, 3, 0);
   grid->addWidget(receive, 3, 1);
-  grid->addWidget(note_, 4, 0, 1, 2);
-  grid->setRowStretch(4, 1);
+  grid->setRowMinimumHeight(4, 16);
   grid->addWidget(state_, 5, 0);
   grid->addWidget(MakeButton("tEX", TextNumber::MsgExit, &AlMsg::tEX_Click), 5, 1);
   return grid;
@@ -149,7 +154,7 @@ void AlMsg::BuildLayout() {
   side->addSpacing(8);
   side->addLayout(BuildButtons(), 1);
   auto* centre = new QHBoxLayout;
-  centre->setContentsMargins(12, 8, 12, 12);
+  centre->setContentsMargins(12, 8, 12, 8);
   centre->setSpacing(16);
   centre->addWidget(list_, 1);
   centre->addLayout(side);
@@ -159,6 +164,10 @@ void AlMsg::BuildLayout() {
   layout->setMenuBar(bar);
   layout->addWidget(toolbar);
   layout->addLayout(centre, 1);
+  auto* notes = new QHBoxLayout;
+  notes->setContentsMargins(12, 0, 12, 8);
+  notes->addWidget(note_);
+  layout->addLayout(notes);
 }
 
 void AlMsg::ShowPictures() {
@@ -231,7 +240,8 @@ void AlMsg::PrepareDialog(const QString& title, int flags, const QString& preset
 
 void AlMsg::f_Open_Click() {
   if (!MayLoseMessages()) return;
-  PrepareDialog(QStringLiteral("APRI File Messaggi"), clsCommonDialog::FileMustExist, {});
+  PrepareDialog(QStringLiteral("APRI File Messaggi"), clsCommonDialog::FileMustExist,
+                LastMessageFile(instance_.User));
   if (!instance_.Dialog.ShowOpen(this) || instance_.Dialog.FileName.isEmpty()) return;
   QString& current = instance_.Settings.MsgFile;
   const QString before = std::exchange(current, instance_.Dialog.FileName);
@@ -239,6 +249,7 @@ void AlMsg::f_Open_Click() {
     current = before;
     return;
   }
+  KeepMessageFile(instance_.User, current);
   instance_.Settings.MsgSaved = true;
   ShowTitle();
   ShowAll();
@@ -304,21 +315,37 @@ bool AlMsg::WriteMsgFile(Buttons asking) {
   const Refusal refusal =
       nira::WriteMsgFile(instance_.Program, path, instance_.Writer, FileWriter::Backup::Yes);
   if (refusal) TellFault(instance_, *refusal);
-  instance_.Settings.MsgSaved = instance_.Settings.MsgSaved || !refusal;
-  return !refusal;
+  if (refusal) return false;
+  instance_.Settings.MsgSaved = true;
+  KeepMessageFile(instance_.User, path);
+  Say(instance_.Text(TextNumber::FileSaved) + path);
+  return true;
 }
 
 void AlMsg::t_Searc_Click() {
-  const QString text =
-      instance_.Ask
-          .InputBox(QStringLiteral("TESTO DA RICERCARE"), {}, QStringLiteral("MESSAGGI ALLARME"))
-          .value_or(QString());
-  if (text.isEmpty()) return;
-  if (const auto found = FindMessage(instance_.Program, text)) {
-    list_->Select(*found);
-  } else {
+  const auto text = instance_.Ask.InputBox(QStringLiteral("TESTO DA RICERCARE"), sought_,
+                                           QStringLiteral("MESSAGGI ALLARME"));
+  if (!text || text->isEmpty()) return;
+  sought_ = *text;
+  Find(0);
+}
+
+void AlMsg::FindNext() {
+  if (sought_.isEmpty()) return t_Searc_Click();
+  Find(list_->Selected());
+}
+
+/// Selects the next message with the text, behind this number or, when there is none, from the
+/// first on.
+void AlMsg::Find(int after) {
+  note_->clear();
+  const auto found = FindMessage(instance_.Program, sought_, after);
+  if (!found) {
     instance_.Ask.MsgBox(QStringLiteral("TESTO NON TROVATO"), Buttons::Ok, Icon::None);
+    return;
   }
+  list_->Select(*found);
+  if (*found <= after) Say(instance_.Text(TextNumber::SearchFromTop));
 }
 
 void AlMsg::S_num_Click() {
@@ -358,13 +385,14 @@ void AlMsg::SEL_FNT_Click() {
 }
 
 void AlMsg::Tr_M_Click() {
+  note_->clear();
   link_.Transmit();
   ShowAll();  // the programmer may have another number of messages
 }
 
 void AlMsg::Rc_M_Click() {
   if (!MayLoseMessages()) return;
-  note_->clear();  // it is about the file that was opened
+  note_->clear();
   link_.Receive();
   ShowAll();
 }

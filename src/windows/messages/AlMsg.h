@@ -34,6 +34,9 @@ class AlMsg : public QDialog {
   /// Closes, in whatever way it was asked to, when the operator agrees to leave what is not saved.
   void reject() override;
 
+  /// Shows what was done, on the line at the bottom.
+  void Say(const QString& text) { note_->setText(text); }
+
  protected:
   void changeEvent(QEvent* event) override;
 
@@ -64,6 +67,8 @@ class AlMsg : public QDialog {
   void f_Save_Click();
   void SVA_Click();
   void t_Searc_Click();
+  void FindNext();
+  void Find(int after);
   void S_num_Click();
   void tMOD_Click();
   void Pr_msg_Click();
@@ -80,6 +85,7 @@ class AlMsg : public QDialog {
   DisplayFrame* display_ = nullptr;
   QLabel* state_ = nullptr;
   QLabel* note_ = nullptr;
+  QString sought_;  // the text searched for last
 };
 
 }  // namespace nira

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "messages/MessageList.h"
 
+#include "messages/MessageEdit.h"
 #include "messages/MessageTexts.h"
 
 #include <QKeyEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
 
 #include <algorithm>
 
@@ -14,11 +17,30 @@ namespace {
 constexpr int typingPause = 1500;  // ms
 constexpr int numberDigits = 3;
 
+/// Draws a line where the second row of the programmer's display begins.
+class RowMark : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    QStyledItemDelegate::paint(painter, option, index);
+    constexpr int before = numberDigits + 1 + MessageDisplay::Columns;  // characters
+    const QWidget* list = option.widget;
+    const int margin = list->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, &option, list) + 1;
+    const int x = option.rect.left() + margin +
+                  option.fontMetrics.horizontalAdvance(QString(before, u'M')) - 1;
+    painter->setPen(MarkColour(option.palette, option.state.testFlag(QStyle::State_Selected)));
+    painter->drawLine(x, option.rect.top(), x, option.rect.bottom());
+  }
+};
+
 }  // namespace
 
 MessageList::MessageList(const CamProgram& program, QWidget* parent)
     : QListWidget(parent), program_(program) {
   setUniformItemSizes(true);
+  setItemDelegate(new RowMark(this));
   setTextElideMode(Qt::ElideRight);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   pause_.setObjectName(QStringLiteral("Pause"));

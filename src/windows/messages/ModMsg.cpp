@@ -3,6 +3,7 @@
 
 #include "controls/OkCancelRow.h"
 #include "ground/Text.h"
+#include "messages/MessageEdit.h"
 
 #include <QApplication>
 #include <QFontDatabase>
@@ -31,7 +32,7 @@ void ModMsg::BuildLayout() {
   auto* ltx = new QLabel(ZeroFilled(number_, 3));
   ltx->setObjectName(QStringLiteral("ltx"));
   ltx->setFont(fixed);
-  text1_ = new QLineEdit;
+  text1_ = new MessageEdit;
   text1_->setObjectName(QStringLiteral("Text1"));
   text1_->setAccessibleName(QStringLiteral("N. ") + ltx->text());
   text1_->setMaxLength(MessageDisplay::Longest);

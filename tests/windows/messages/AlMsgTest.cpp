@@ -123,7 +123,9 @@ class AlMsgTest : public QObject {
     for (const QString& bad : {f.Path(u"gone.MSG"_qs), f.folder.path()}) {  // and the old ones stay
       f.dialog.Expect(bad);
       f.prompts.Expect();
+      f.Reopen();
       f.Do(u"f_Open"_qs);
+      QVERIFY(f.dialog.shown.constLast().endsWith(u"; "_qs + path));  // the last one is offered
       QCOMPARE(f.messages->windowTitle(), prefix + path);
       QCOMPARE(f.Display(), u"EMERGENCY STOP      /FRONT DESK"_qs);
     }
@@ -207,6 +209,14 @@ class AlMsgTest : public QObject {
       f.Do(parts.at(0));
       QCOMPARE(f.List()->currentRow() + 1, parts.at(2).toInt());
     }
+    f.prompts.ExpectInput(u"FRENO"_qs);
+    f.Do(u"t_Searc"_qs);
+    for (const int number : {57, 58, 64, 82, 247, 53}) {
+      QCOMPARE(f.Named<QLabel>(u"Note"_qs)->text(), QString());
+      QTest::keyClick(f.List(), Qt::Key_F3);
+      QCOMPARE(f.List()->currentRow() + 1, number);
+    }
+    QCOMPARE(f.Named<QLabel>(u"Note"_qs)->text(), u"RICERCA RIPRESA DALL'INIZIO"_qs);
     QCOMPARE(f.prompts.boxes.front().text, u"TESTO NON TROVATO"_qs);
     QCOMPARE(f.prompts.boxes.back().text, u"4294967297 = NUMERO NON VALIDO"_qs);
   }
