@@ -103,6 +103,7 @@ class SETCOMMTest : public QObject {
     f.prompts.Expect();
     WhenOpens<SETCOMM>([](SETCOMM* window) {
       QCOMPARE(Marked(window), QString());
+      QVERIFY(window->findChild<QWidget*>(u"Baud3"_qs)->focusPolicy() & Qt::TabFocus);
       window->findChild<QRadioButton*>(u"Baud24"_qs)->click();
       QTest::mouseClick(window->findChild<QPushButton*>(u"OKButton"_qs), Qt::LeftButton);
     });
