@@ -487,6 +487,7 @@ class DiagramTest : public QObject {
       QCOMPARE(tell(), 2);
       QTest::keyClick(window->focusWidget(), Qt::Key_Up);
       tell();
+      QTest::mouseClick(row("SizePhases_", 2), Qt::LeftButton);
       QTest::mouseDClick(row("SizePhases_", 2), Qt::LeftButton);
       QVERIFY(!window->isVisible());
     });
