@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "functions/ShiftDiagram.h"
 
+#include "functions/ShiftArrow.h"
+
 #include <QPainter>
 
 #include <algorithm>
@@ -29,6 +31,7 @@ ShiftDiagram::ShiftDiagram(const QString& programmed, const QString& shifted)
   programmed_->setObjectName(QStringLiteral("BarraProg"));
   barra_ = new CamBar(this);
   barra_->setObjectName(QStringLiteral("Barra"));
+  arrow_ = new ShiftArrow(this);
   for (std::size_t i = 0; i < marks_.size(); ++i) {
     const auto degree = static_cast<int>(i % Quarters) * 90;
     marks_[i] = new QLabel(QString::number(degree), this);
@@ -46,10 +49,12 @@ QLabel* ShiftDiagram::Caption(const QString& text) {
   return caption;
 }
 
-void ShiftDiagram::Draw(const CamRow& programmed, const CamRow& shifted) {
+void ShiftDiagram::Draw(const CamRow& programmed, const CamRow& shifted, int degrees) {
   // The programmed row as any cam of the main window; the shifted one on yellow, all its runs in
   // one blue: the ends of the cycle mean nothing to it.
-  programmed_->Show({false, PhaseList::Of(programmed).runs});
+  const PhaseList own = PhaseList::Of(programmed);
+  programmed_->Show({false, own.runs});
+  arrow_->Show(own.phases.empty() ? CamProgram::Degrees / 2 : own.phases.front().on, degrees);
   CamBar::Picture picture{true, PhaseList::Of(shifted).runs};
   for (Run& run : picture.runs) run.atEnd = false;
   barra_->Show(picture);
@@ -60,7 +65,7 @@ int ShiftDiagram::ScaleHeight() const {
 }
 
 QSize ShiftDiagram::minimumSizeHint() const {
-  return {560, 2 * ScaleHeight() + 2 * lowestBar + 3};
+  return {560, 2 * ScaleHeight() + 2 * lowestBar + arrow_->sizeHint().height() + 2};
 }
 
 int ShiftDiagram::XOf(int degree) const {
@@ -72,19 +77,20 @@ void ShiftDiagram::resizeEvent(QResizeEvent*) {
   const int text = std::max(captions_[0]->sizeHint().width(), captions_[1]->sizeHint().width());
   const int left = text + 8;
   const int halfMark = fontMetrics().horizontalAdvance(QStringLiteral("360")) / 2 + 2;
-  const int height = std::clamp((this->height() - 2 * ScaleHeight() - 3) / 2, 1, barLimit);
-  const int spare = std::max(0, this->height() - 2 * ScaleHeight() - 2 * height - 3);
-  bars_ = QRect(left, ScaleHeight() + spare / 2, std::max(1, width() - left - halfMark),
-                2 * height + 3);
-  const int second = bars_.top() + height + 2;
+  const int between = arrow_->sizeHint().height();
+  const int room = this->height() - 2 * ScaleHeight() - between - 2;
+  const int height = std::clamp(room / 2, 1, barLimit);
+  bars_ = QRect(left, ScaleHeight() + std::max(0, room - 2 * height) / 2,
+                std::max(1, width() - left - halfMark), 2 * height + between + 2);
   int top = bars_.top() + 1;
   CamBar* const both[] = {programmed_, barra_};
   for (std::size_t i = 0; i < 2; ++i) {
     both[i]->setGeometry(bars_.left(), top, bars_.width(), height);
     both[i]->SetScale(static_cast<double>(bars_.width()) / CamProgram::Degrees);
     captions_[i]->setGeometry(0, top, text, height);
-    top = second;
+    top += height + between;
   }
+  arrow_->setGeometry(bars_.left(), programmed_->geometry().bottom() + 1, bars_.width(), between);
   ArrangeScale();
 }
 
@@ -105,7 +111,7 @@ void ShiftDiagram::ArrangeScale() {
   for (std::size_t i = 4; i < 7; ++i) {
     lines_[i]->setGeometry(XOf(90 * (static_cast<int>(i) - 3)), f.top(), 1, f.height());
   }
-  lines_[7]->setGeometry(f.left(), f.center().y(), f.width(), 1);
+  lines_[7]->setGeometry(f.left(), programmed_->geometry().bottom() + 1, f.width(), 1);
 }
 
 void ShiftDiagram::paintEvent(QPaintEvent*) {

@@ -11,7 +11,10 @@
 
 namespace nira {
 
+class ShiftArrow;
+
 /// A cam as it is programmed and, under it, as the advance shifts it, over one scale of degrees.
+/// An arrow between the two says how far and which way.
 class ShiftDiagram : public QWidget {
   Q_OBJECT
 
@@ -19,7 +22,8 @@ class ShiftDiagram : public QWidget {
   /// The captions to the left of the two bars.
   ShiftDiagram(const QString& programmed, const QString& shifted);
 
-  void Draw(const CamRow& programmed, const CamRow& shifted);
+  /// `degrees` is by how many the shifted row is earlier, 0..359.
+  void Draw(const CamRow& programmed, const CamRow& shifted, int degrees);
 
   QSize minimumSizeHint() const override;
 
@@ -38,8 +42,10 @@ class ShiftDiagram : public QWidget {
   QLabel* captions_[2];
   CamBar* programmed_;
   CamBar* barra_;
+  ShiftArrow* arrow_;
   std::array<QLabel*, 2 * Quarters> marks_{};  // Label1 .. Label5 above, Label6 .. Label10 below
-  std::array<QFrame*, 8> lines_{};  // Line1 .. Line8: four sides, three quarters, between the bars
+  std::array<QFrame*, 8>
+      lines_{};  // Line1 .. Line8: four sides, three quarters, below the upper bar
   QRect bars_;
 };
 

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "functions/CalcAnt.h"
+#include "functions/ShiftArrow.h"
 #include "support/Tables.h"
 #include "support/WindowFixture.h"
 
+#include <QLineEdit>
 #include <QScrollBar>
 #include <QTest>
 
@@ -108,6 +110,38 @@ class CalcAntTest : public QObject {
     QTest::keyClick(c.Scroll("ScrAntRis"), Qt::Key_Escape);
     QVERIFY(!c.window->isVisible());
     QCOMPARE(c.program.Revision(), revision);
+  }
+
+  /// Beside each bar its value can be typed; the arrow tells the shift. A wanted angle that is
+  /// typed again counts at the speed of now, and what is no value of the bar stays, marked.
+  void Typed_data() {
+    TextTable({"typed", "result", "arrow", "note"},
+              {{"time", "TRPM 1000 TAntImp 10", "10: 60, 0", "\u221260\u00b0", ""},
+               {"wanted again", "TRPM 1000 TAntDes 90 TRPM 500 TAntDes 90", "30: 90, 0",
+                "\u221290\u00b0", ""},
+               {"too high", "TRPM 1000 TAntImp 10 TRPM 4001", "10: 60, 0", "\u221260\u00b0",
+                "R.P.M.: 4001 non ammesso, da 1 a 4000"},
+               {"empty, then right", "TAntDes , TAntDes 1", "167: 1, 0", "\u22121\u00b0", ""}});
+  }
+
+  void Typed() {
+    QFETCH(QString, typed);
+    Calculator c(u"100-110"_qs, 0);
+    QVERIFY(c.Drawn());
+    const QStringList words = typed.split(u' ');
+    QLineEdit* box = nullptr;
+    for (qsizetype i = 0; i < words.size(); i += 2) {
+      box = c.window->findChild<QLineEdit*>(words.at(i));
+      box->setFocus();
+      box->selectAll();
+      QTest::keyClick(box, Qt::Key_Delete);
+      QTest::keyClicks(box, words.at(i + 1));
+      QTest::keyClick(box, i == 0 ? Qt::Key_Tab : Qt::Key_Return);
+    }
+    QTEST(c.Result(), "result");
+    QTEST(c.window->findChild<ShiftArrow*>()->Words(), "arrow");
+    QTEST(c.Text("Note"), "note");
+    QCOMPARE(box->text(), words.constLast());
   }
 
   void FromTheMenu() {
