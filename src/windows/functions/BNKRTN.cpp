@@ -33,6 +33,7 @@ constexpr int degreeInterval = 50;   // ms
 constexpr int lampColumns = 8;
 constexpr int widestPanel = 480;       // pixels
 constexpr double readingDigits = 2.6;  // times the desktop's text
+constexpr double targetDigits = 1.4;
 
 QLabel* DemoCaption(const QString& text) {
   auto* label = new QLabel;
@@ -58,6 +59,8 @@ BNKRTN::BNKRTN(CamProgram& program, const MessageTable& texts, const Clock& cloc
   BuildControls();
   BuildLayout();
   connect(vScrForm_, &QScrollBar::valueChanged, this, &BNKRTN::VScrForm_Change);
+  connect(scrolVel_, &QScrollBar::valueChanged, this, &BNKRTN::ShowTarget);
+  connect(circle_, &DegreeCircle::Asked, this, &BNKRTN::Circle_Asked);
   connect(strt_, &QPushButton::clicked, this, &BNKRTN::Strt_Click);
   connect(stp_, &QPushButton::clicked, this, &BNKRTN::Stp_Click);
   connect(command1_, &QPushButton::clicked, this, &QDialog::close);
@@ -70,12 +73,14 @@ BNKRTN::BNKRTN(CamProgram& program, const MessageTable& texts, const Clock& cloc
 void BNKRTN::BuildControls() {
   circle_ = new DegreeCircle;
   circle_->setObjectName(QStringLiteral("Circle"));
+  circle_->setAccessibleName(texts_.Text(TextNumber::DemoCircle));
   vScrForm_ = new FocusScrollBar("VScrForm", Qt::Vertical);
   scrolVel_ = new FocusScrollBar("ScrolVel", Qt::Horizontal);
   lnFor_ = NumberLabel("LNFor", 2 * readingDigits, QStringLiteral("00"));
   vgradi_ = NumberLabel("Vgradi", readingDigits, QStringLiteral("000"));
   lVeloc_ = NumberLabel("lVeloc", readingDigits, QStringLiteral("0000.00"));
   lVeloc_->setText(QStringLiteral("00.00"));
+  target_ = NumberLabel("LTarget", targetDigits, QStringLiteral("0000.00"));
   strt_ = DemoButton("Strt", "&START");
   strt_->setDefault(true);
   stp_ = DemoButton("Stp", "S&TOP");
@@ -115,6 +120,12 @@ QVBoxLayout* BNKRTN::BuildReadings() {
   column->addStretch();
   column->addWidget(DemoCaption(QStringLiteral("VELOCITA'  GIRI/MIN")), 0, Qt::AlignRight);
   column->addWidget(lVeloc_, 0, Qt::AlignRight);
+  auto* target = new QHBoxLayout;
+  target->setSpacing(8);
+  target->addStretch();
+  target->addWidget(DemoCaption(texts_.Text(TextNumber::DemoTarget)));
+  target->addWidget(target_);
+  column->addLayout(target);
   return column;
 }
 
@@ -183,6 +194,7 @@ void BNKRTN::BuildLayout() {
   setTabOrder(scrolVel_, strt_);
   setTabOrder(strt_, stp_);
   setTabOrder(stp_, command1_);
+  setTabOrder(command1_, circle_);
   constexpr QSize frame(8, 40);  // what borders and title bar take, on the generous side
   resize(QSize(1100, 860).boundedTo(screen()->availableSize() - frame));
 }
@@ -193,6 +205,7 @@ void BNKRTN::Form_Load() {
   vScrForm_->SetRange(1, program_.NumSizes(), 10);
   vScrForm_->setValue(program_.CurrentSize());
   VScrForm_Change();
+  ShowTarget();
   Timer2_Timer();
   timer2_->start();
   ShowTurning(false);
@@ -229,10 +242,21 @@ bool BNKRTN::IsTurning() const {
   return turn_->isActive();
 }
 
+std::int64_t BNKRTN::PassesPerDegree() const {
+  return scrolVel_->maximum() - scrolVel_->value() + 1;
+}
+
+/// The speed that is set, beside the one that is reached.
+void BNKRTN::ShowTarget() {
+  constexpr double passesPerMinute = 60'000.0 * passesPerMs;
+  const auto perTurn = static_cast<double>(CamProgram::Degrees * PassesPerDegree());
+  target_->setText(QString::number(passesPerMinute / perTurn, 'f', 2));
+}
+
 /// Turns over the degrees whose time has passed. A degree that has stood for longer than a new
 /// setting asks ends at once, and no more of them with it.
 void BNKRTN::Turn() {
-  const std::int64_t perDegree = scrolVel_->maximum() - scrolVel_->value() + 1;
+  const std::int64_t perDegree = PassesPerDegree();
   const std::int64_t now = clock_.Now();
   passes_ = std::min(passes_, perDegree) +
             std::min<std::int64_t>(now - turnedTo_, mostCaughtUp) * passesPerMs;
@@ -272,6 +296,19 @@ void BNKRTN::Timer1_Timer() {
 
 void BNKRTN::Timer2_Timer() {
   vgradi_->setText(ZeroFilled(DemoAngle, PhaseList::EntryWidth));
+  SpeakLamps();
+}
+
+void BNKRTN::SpeakLamps() {
+  for (CamLamp* lamp : label1_) lamp->Speak();
+}
+
+/// A pointer that turns goes its own way.
+void BNKRTN::Circle_Asked(int degree) {
+  if (IsTurning()) return;
+  DemoAngle = degree;
+  ShowDegree();
+  Timer2_Timer();
 }
 
 void BNKRTN::Label1_DblClick(int cam) {

@@ -50,11 +50,15 @@ class BNKRTN : public QDialog {
   void Timer1_Timer();
   void Timer2_Timer();
   void Label1_DblClick(int cam);
+  void Circle_Asked(int degree);
 
   bool IsTurning() const;
   void DemoStop();
   void Turn();
+  std::int64_t PassesPerDegree() const;
+  void ShowTarget();
   void ShowDegree();
+  void SpeakLamps();
   void ShowTurning(bool turning);
 
   CamProgram& program_;
@@ -73,6 +77,7 @@ class BNKRTN : public QDialog {
   QLabel* lnFor_;
   QLabel* vgradi_;
   QLabel* lVeloc_;
+  QLabel* target_;
   QPushButton* strt_;
   QPushButton* stp_;
   QPushButton* command1_;

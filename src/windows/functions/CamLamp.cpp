@@ -23,7 +23,7 @@ constexpr int largestText = 18;  // pixels
 CamLamp::CamLamp(int cam, const QString& description)
     : number_(QString::number(cam + 1)), description_(description) {
   setObjectName(QStringLiteral("Label1_") + QString::number(cam));
-  setAccessibleName(QStringLiteral("C%1 ").arg(cam + 1) + description);
+  Speak();
   setToolTip(PlainTip(description));
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
@@ -36,6 +36,13 @@ void CamLamp::Light(bool on) {
   if (on == lit_) return;
   lit_ = on;
   update(LampPlace());
+}
+
+void CamLamp::Speak() {
+  if (spoken_ == lit_) return;
+  spoken_ = lit_;
+  setAccessibleName(u'C' + number_ + u' ' + description_ +
+                    (lit_ ? QStringLiteral(", ON") : QStringLiteral(", OFF")));
 }
 
 /// Grows with the place that the lamp has.

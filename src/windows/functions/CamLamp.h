@@ -18,6 +18,10 @@ class CamLamp : public QWidget {
   void Light(bool on);
   bool IsLit() const { return lit_; }
 
+  /// Brings the accessible name ("C5 FEED GRIPPER, ON") up to the lamp's state. Apart from `Light`,
+  /// so that a turning demo need not speak of every degree.
+  void Speak();
+
   QSize sizeHint() const override { return minimumSizeHint(); }
   QSize minimumSizeHint() const override;
 
@@ -36,6 +40,7 @@ class CamLamp : public QWidget {
   QString number_;
   QString description_;
   bool lit_ = false;
+  bool spoken_ = true;  // the state in the accessible name
 };
 
 }  // namespace nira

@@ -4,6 +4,7 @@
 #include "controls/CamBar.h"
 
 #include <QEvent>
+#include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 
@@ -24,6 +25,7 @@ constexpr int strips = 16;  // pieces of the pointer that are repainted as recta
 DegreeCircle::DegreeCircle() {
   setAttribute(Qt::WA_OpaquePaintEvent);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  setFocusPolicy(Qt::TabFocus);
 }
 
 void DegreeCircle::Point(int degree) {
@@ -61,6 +63,13 @@ QPointF DegreeCircle::EndOf(int degree) const {
   return At(DemoRadius(), degree);
 }
 
+std::optional<int> DegreeCircle::DegreeAt(const QPointF& place) const {
+  const QPointF way = place - Centre();
+  if (std::hypot(way.x(), way.y()) > DemoRadius() + Margin()) return std::nullopt;
+  const auto degree = static_cast<int>(std::lround(std::atan2(way.y(), way.x()) * 180 / pi));
+  return (degree + 360) % 360;
+}
+
 double DegreeCircle::PointerWidth() const {
   return std::max(2.0, DemoRadius() / 150.0);
 }
@@ -83,7 +92,8 @@ void DegreeCircle::DrawFace() {
   face_.fill(palette().color(QPalette::Window));
   QPainter painter(&face_);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(QColor::fromRgb(colours::frame), 1));
+  const QColor frame = QColor::fromRgb(colours::frame);
+  painter.setPen(hasFocus() ? QPen(palette().color(QPalette::Highlight), 3) : QPen(frame, 1));
   painter.setBrush(QColor::fromRgb(colours::bar));
   const double outer = DemoRadius() + Margin() - 2;
   painter.drawEllipse(Centre(), outer, outer);
@@ -119,6 +129,46 @@ void DegreeCircle::paintEvent(QPaintEvent* event) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(QColor::fromRgb(colours::lit), PointerWidth()));
   painter.drawLine(Centre(), EndOf(degree_));
+}
+
+void DegreeCircle::AskFor(const QMouseEvent* event) {
+  if (!event->buttons().testFlag(Qt::LeftButton)) return;
+  if (const auto degree = DegreeAt(event->position())) Q_EMIT Asked(*degree);
+}
+
+void DegreeCircle::mousePressEvent(QMouseEvent* event) {
+  AskFor(event);
+}
+
+void DegreeCircle::mouseMoveEvent(QMouseEvent* event) {
+  AskFor(event);
+}
+
+void DegreeCircle::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Right:
+      return Q_EMIT Asked((degree_ + 1) % 360);
+    case Qt::Key_Left:
+      return Q_EMIT Asked((degree_ + 359) % 360);
+    case Qt::Key_PageDown:
+      return Q_EMIT Asked((degree_ + 10) % 360);
+    case Qt::Key_PageUp:
+      return Q_EMIT Asked((degree_ + 350) % 360);
+    case Qt::Key_Home:
+      return Q_EMIT Asked(0);
+    default:
+      QWidget::keyPressEvent(event);
+  }
+}
+
+void DegreeCircle::focusInEvent(QFocusEvent*) {
+  face_ = QPixmap();
+  update();
+}
+
+void DegreeCircle::focusOutEvent(QFocusEvent*) {
+  face_ = QPixmap();
+  update();
 }
 
 void DegreeCircle::resizeEvent(QResizeEvent*) {

@@ -5,10 +5,13 @@
 #include <QRegion>
 #include <QWidget>
 
+#include <optional>
+
 namespace nira {
 
 /// The circle of the cycle, degree 0 to the right and the degrees running clockwise, with its
-/// pointer. A move of the pointer repaints the pointer's own strip only.
+/// pointer. A move of the pointer repaints the pointer's own strip only. A press or the arrow keys
+/// ask for another degree; the owner decides whether the pointer goes there.
 class DegreeCircle : public QWidget {
   Q_OBJECT
 
@@ -24,10 +27,21 @@ class DegreeCircle : public QWidget {
   /// Where the pointer ends at a degree, in the widget's pixels.
   QPointF EndOf(int degree) const;
 
+  /// The degree of a place in the widget, 0..359; none outside the drawn disc.
+  std::optional<int> DegreeAt(const QPointF& place) const;
+
   QSize sizeHint() const override { return {420, 420}; }
   QSize minimumSizeHint() const override { return {240, 240}; }
 
+ Q_SIGNALS:
+  void Asked(int degree);
+
  protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
@@ -39,6 +53,7 @@ class DegreeCircle : public QWidget {
   int Margin() const;
   double PointerWidth() const;
   QRegion Strip(int degree) const;
+  void AskFor(const QMouseEvent* event);
   void DrawFace();
   void DrawScale(QPainter& painter) const;
 

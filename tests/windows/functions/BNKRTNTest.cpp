@@ -132,6 +132,29 @@ class BNKRTNTest : public QObject {
     }
   }
 
+  /// A press on the circle and the arrow keys set the degree, but not while the pointer turns; the
+  /// lamps' names say what they show.
+  void DegreeByHand() {
+    Demo d;
+    auto* circle = d.Find<DegreeCircle>("Circle");
+    const auto press = [circle](int degree) {
+      QTest::mouseClick(circle, Qt::LeftButton, {}, circle->EndOf(degree).toPoint());
+    };
+    for (const int degree : {0, 45, 90, 200, 359}) {
+      press(degree);
+      QCOMPARE(d.Text("Vgradi"), ZeroFilled(degree, 3));
+      QCOMPARE(d.Lit(), d.On(1, degree));
+    }
+    QVERIFY(d.Find("Label1_4")->accessibleName() == u"C5 , ON"_qs);
+    QTest::keyClick(circle, Qt::Key_Right);
+    QCOMPARE(d.Text("Vgradi"), u"000"_qs);
+    QVERIFY(d.Find("Label1_4")->accessibleName() == u"C5 , OFF"_qs);
+    QTest::mouseClick(circle, Qt::LeftButton, {}, QPoint(1, 1));  // beside the circle
+    d.Click("Strt");
+    press(90);
+    QCOMPARE(d.Degree(), u"000"_qs);
+  }
+
   /// A degree takes tenths of a millisecond, as many as the setting is below the highest and one.
   void Speed() {
     Demo d;
@@ -159,6 +182,7 @@ class BNKRTNTest : public QObject {
     d.Turn(250);
     d.Tick("Timer1");
     QCOMPARE(d.Text("lVeloc"), u"416.67"_qs);
+    QCOMPARE(d.Text("LTarget"), u"1666.67"_qs);
     d.Tick("Timer1");
     QCOMPARE(d.Text("lVeloc"), u"0.00"_qs);
   }
