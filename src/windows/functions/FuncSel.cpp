@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "functions/FuncSel.h"
 
+#include "controls/CamLabel.h"
+#include "functions/RangeNote.h"
 #include "functions/ValueColumns.h"
 #include "functions/ValueScroll.h"
 #include "ground/Text.h"
@@ -63,6 +65,7 @@ FuncSel::FuncSel(Instance& instance, std::function<void()> openCalculator, QWidg
   setObjectName(QStringLiteral("FuncSel"));
   setWindowTitle(QStringLiteral("FUNZIONI SELEZIONABILI"));
   Form_Load();
+  note_ = new RangeNote(instance.Texts);
   columns_ = new ValueColumns(instance.Program.NumCams(), this);
   BuildValueEditor();
   BuildFrAbil();
@@ -108,6 +111,7 @@ NumberBox* FuncSel::Box(const char* name, const char* design, const DegreeBox::K
   const QString text = QString::fromLatin1(design);
   auto* box = Named(new NumberBox(static_cast<int>(text.size()), filter, this), name);
   box->setText(text);
+  note_->Watch(box);
   box->setFont(DigitFont(1.25));
   box->setFixedWidth(QFontMetrics(box->font()).horizontalAdvance(QStringLiteral("0000")) + 18);
   return box;
@@ -121,6 +125,8 @@ QCheckBox* FuncSel::Check(const char* name, const char* caption, void (FuncSel::
 
 void FuncSel::BuildValueEditor() {
   lantc_ = Named(new QLabel(instance_.Text(TextNumber::AdvanceOnCam)), "Lantc");
+  description_ = Named(new CamLabel(nullptr), "Description");
+  description_->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   lNcam_ = Named(new QLabel(QStringLiteral("00")), "LNcam");
   lNcam_->setFont(DigitFont(2.8));
   lNcam_->setFixedWidth(QFontMetrics(lNcam_->font()).horizontalAdvance(QStringLiteral("00 - 00 ")));
@@ -203,7 +209,11 @@ QLayout* FuncSel::ValueLayout() {
   auto* layout = new QGridLayout;
   layout->setHorizontalSpacing(8);
   layout->setVerticalSpacing(16);
-  layout->addWidget(lantc_, 0, 0, 1, 4);
+  auto* head = new QVBoxLayout;
+  head->setSpacing(2);
+  head->addWidget(lantc_);
+  head->addWidget(description_);
+  layout->addLayout(head, 0, 0, 1, 4);
   layout->addWidget(lNcam_, 1, 0, 2, 1, Qt::AlignVCenter);
   layout->addWidget(scrVal_, 1, 1, 1, 3);
   layout->addWidget(lmsec_, 2, 1);
@@ -220,8 +230,9 @@ void FuncSel::BuildLayout() {
   lower->addWidget(frAbil_);
   lower->addWidget(frConf_);
   auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(16);
   buttons->addWidget(tDemo_);
-  buttons->addStretch();
+  buttons->addWidget(note_, 1);
   buttons->addWidget(tOk_);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(12, 12, 12, 12);
@@ -319,7 +330,7 @@ void FuncSel::ComputeMaxAdvanceIndex() {
 void FuncSel::DrawValueBars() {
   const EnabledFunctions enabled = Enabled();
   const FunctionsBlock& block = Block();
-  std::vector<CamGroup> groups;
+  std::vector<ValueColumns::Group> groups;
   for (int cam = 0; cam < instance_.Program.NumCams(); ++cam) {
     const FunctionValue value = ShownValue(cam, enabled);
     const bool grouped = value != FunctionValue::Advance;
@@ -327,9 +338,30 @@ void FuncSel::DrawValueBars() {
     const bool selected = cam == instance_.Program.CurrentCam();
     columns_->Show(cam, {inUse, selected, value, FieldOf(block, value, cam)});
     const CamGroup group = GroupOf(value, cam);
-    if (grouped && group.first == cam) groups.push_back(group);
+    if (grouped && group.first == cam) {
+      groups.push_back({group, GroupTitle(value, group), IsRatio(value)});
+    }
   }
   columns_->ShowGroups(groups);
+  ShowEditorInUse();
+}
+
+/// "RITARDO 17-20"
+QString FuncSel::GroupTitle(FunctionValue value, const CamGroup& cams) const {
+  const auto word = IsRatio(value) ? TextNumber::RatioGroup : TextNumber::DelayGroup;
+  return instance_.Text(word) + QStringLiteral(" %1-%2").arg(cams.first + 1).arg(cams.last + 1);
+}
+
+/// Whose value it is; grey while the selected cam has none.
+void FuncSel::ShowEditorInUse() {
+  const int cam = instance_.Program.CurrentCam();
+  const QString description = instance_.Program.CamText(cam);
+  description_->ShowText(instance_.Text(TextNumber::CamWord).left(1) + ZeroFilled(cam + 1, 2) +
+                         (description.isEmpty() ? QString() : QString(u' ' + description)));
+  for (QWidget* control :
+       std::initializer_list<QWidget*>{lantc_, description_, lNcam_, scrVal_, lmsec_, tmsec_}) {
+    control->setEnabled(columns_->IsInUse(cam));
+  }
 }
 
 void FuncSel::ChkANT_Click() {
@@ -407,6 +439,7 @@ void FuncSel::ShowSelection() {
   lmsec_->setText(IsRatio(value) ? QStringLiteral("1 /") : QStringLiteral("msec."));
   SpeakOf(lantc_->text() + u' ' + lNcam_->text());
   tmsec_->setText(QString::number(number));
+  note_->Accept(tmsec_);  // the same number may be within the range of another value
   SetRange(value);
   SetScroll(number);
 }
@@ -446,6 +479,7 @@ bool FuncSel::Tmsec_KeyPress(char16_t code) {
   if (typed <= scrVal_->maximum()) {
     TakeValue(static_cast<int>(typed));
   } else {
+    note_->Refuse(tmsec_, scrVal_->minimum(), scrVal_->maximum());
     ReportRange(QString::number(scrVal_->minimum()) + u'-' + QString::number(scrVal_->maximum()));
   }
   tmsec_->SelectAllText();
@@ -468,8 +502,8 @@ void FuncSel::TakeValue(int value) {
 bool FuncSel::TxANT_KeyPress(char16_t code) {
   if (code != DegreeBox::Enter) return NumberBox::IsDigit(code);
   if (!TakeAdvanceCount()) {
+    RefuseAdvanceCount();
     ReportRange(AdvanceRange());
-    ShowAdvanceCams();
   }
   txAnt_->SelectAllText();
   return false;
@@ -480,7 +514,7 @@ bool FuncSel::TxANT_KeyPress(char16_t code) {
 void FuncSel::TxANT_LostFocus(Qt::FocusReason reason) {
   if (closed_ || !NumberBox::IsLeft(reason) || !chkAnt_->isChecked()) return;
   if (TakeAdvanceCount()) return;
-  ShowAdvanceCams();
+  RefuseAdvanceCount();
   QMetaObject::invokeMethod(
       this,
       [this, range = AdvanceRange()] {
@@ -489,8 +523,11 @@ void FuncSel::TxANT_LostFocus(Qt::FocusReason reason) {
       Qt::QueuedConnection);
 }
 
-/// Makes the number in `TxANT` the advance count; false when it is out of range, and then the box
-/// has to show the one in force again.
+void FuncSel::RefuseAdvanceCount() {
+  note_->Refuse(txAnt_, 1, MaxAdvanceIndex + 1);
+}
+
+/// Makes the number in `TxANT` the advance count; false when it is out of range.
 bool FuncSel::TakeAdvanceCount() {
   const std::int64_t count = NumericValue(txAnt_->text());
   if (count < 1 || count > MaxAdvanceIndex + 1) return false;
@@ -527,6 +564,7 @@ bool FuncSel::Tforusc_KeyPress(char16_t code) {
   if (code != DegreeBox::Enter) return NumberBox::IsDigit(code);
   const int sizes = instance_.Program.NumSizes();
   if (NumericValue(rows_[OutputSize].box->text()) > sizes) {
+    note_->Refuse(rows_[OutputSize].box, 1, sizes);
     ReportRange(QStringLiteral(" 1 ") + QString::number(sizes));
     txAnt_->setText(QString::number(sizes));
   }
@@ -535,7 +573,10 @@ bool FuncSel::Tforusc_KeyPress(char16_t code) {
 
 bool FuncSel::Trotaz_KeyPress(char16_t code) {
   if (code != DegreeBox::Enter) return NumberBox::IsDigit(code);
-  if (NumericValue(rows_[RotationSense].box->text()) > 1) ReportRange(QStringLiteral(" 0-1"));
+  if (NumericValue(rows_[RotationSense].box->text()) > 1) {
+    note_->Refuse(rows_[RotationSense].box, 0, 1);
+    ReportRange(QStringLiteral(" 0-1"));
+  }
   return false;
 }
 

@@ -18,12 +18,15 @@ class QRadioButton;
 
 namespace nira {
 
+class CamLabel;
+class RangeNote;
 class ValueColumns;
 class ValueScroll;
 
 /// The functions window: which functions work, the value of each cam or group, and the
 /// configuration. Values are in the program as soon as they are changed; the boxes are taken over
-/// by closing, in whatever way: there is no cancel.
+/// by closing, in whatever way: there is no cancel. A typed value that is refused stays in its box,
+/// marked, with what is allowed in a line below.
 class FuncSel : public QDialog {
   Q_OBJECT
 
@@ -87,6 +90,8 @@ class FuncSel : public QDialog {
   void ComputeMaxAdvanceIndex();
   void DrawValueBars();
 
+  QString GroupTitle(FunctionValue value, const CamGroup& cams) const;
+  void ShowEditorInUse();
   EnabledFunctions Enabled() const;
   void Change(const std::function<void(FunctionsBlock&)>& change);
   void ShowSelectionInUse();
@@ -98,6 +103,7 @@ class FuncSel : public QDialog {
   bool TakeAdvanceCount();
   void EnableGroups();
   void ReportRange(const QString& range);
+  void RefuseAdvanceCount();
   QString AdvanceRange() const;
   int AdvanceCount() const;
   const FunctionsBlock& Block() const { return instance_.Program.Functions(); }
@@ -106,6 +112,7 @@ class FuncSel : public QDialog {
   std::function<void()> openCalculator_;
   ValueColumns* columns_ = nullptr;
   QLabel* lantc_ = nullptr;
+  CamLabel* description_ = nullptr;
   QLabel* lNcam_ = nullptr;
   ValueScroll* scrVal_ = nullptr;
   NumberBox* tmsec_ = nullptr;
@@ -119,6 +126,7 @@ class FuncSel : public QDialog {
   QGroupBox* frConf_ = nullptr;
   std::array<Row, Rows> rows_{};
   QPushButton* tDemo_ = nullptr;
+  RangeNote* note_ = nullptr;
   QPushButton* tOk_ = nullptr;
 
   std::int16_t MaxAdvanceIndex = 0;  ///< highest index that `AdvanceLast` may take

@@ -5,6 +5,7 @@
 
 #include <QFontInfo>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -19,13 +20,14 @@ constexpr int leastBars = 120;   // pixels
 constexpr int frameRoom = 6;     // pixels that a group's frame stands off above and below
 constexpr int labelPad = 6;      // above and below a cam's number: a place to hit with a finger
 constexpr int widestBar = 48;    // pixels
+constexpr int ratioTick = 6;     // pixels between the columns and the scale of ratios
 constexpr int leastFont = 8;     // pixels
 constexpr std::array scaleMarks = {200, 100, 0};
 constexpr std::array scaleNames = {"Label10", "Label11", "Label12"};
 
-constexpr QRgb advanceColour = 0xff6f7f96;
+constexpr QRgb advanceColour = 0xff7484a0;
 constexpr QRgb delayColour = 0xffb87a28;
-constexpr QRgb ratioColour = 0xff5a9a6c;
+constexpr QRgb ratioColour = 0xff4f9264;
 constexpr QRgb selectedColour = colours::selectedRun;
 
 QRgb ColourOf(const ValueColumns::Column& column) {
@@ -49,14 +51,19 @@ QString ColumnName(const char* name, int cam) {
 
 }  // namespace
 
-void ValueBar::SetColour(QRgb colour) {
-  if (colour == colour_) return;
+void ValueBar::SetColour(QRgb colour, bool framed) {
+  if (colour == colour_ && framed == framed_) return;
   colour_ = colour;
+  framed_ = framed;
   update();
 }
 
 void ValueBar::paintEvent(QPaintEvent*) {
-  QPainter(this).fillRect(rect(), QColor::fromRgb(colour_));
+  QPainter painter(this);
+  painter.fillRect(rect(), QColor::fromRgb(colour_));
+  if (!framed_) return;
+  painter.setPen(palette().color(QPalette::WindowText));
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 ValueColumns::ValueColumns(int numCams, QWidget* parent) : QWidget(parent) {
@@ -97,7 +104,7 @@ void ValueColumns::Show(int cam, const Column& column) {
   Parts& parts = columns_.at(static_cast<std::size_t>(cam));
   const Column before = std::exchange(parts.shown, column);
   if (before == column) return;
-  parts.bar->SetColour(ColourOf(column));
+  parts.bar->SetColour(ColourOf(column), column.selected);
   parts.value->setText(ValueText(column.value, column.number));
   parts.number->setEnabled(column.inUse);
   parts.bar->setVisible(column.inUse);
@@ -126,15 +133,26 @@ void ValueColumns::PaintNumber(Parts& parts) const {
   parts.number->setPalette(marked ? marking : QPalette());
 }
 
-void ValueColumns::ShowGroups(const std::vector<CamGroup>& groups) {
+void ValueColumns::ShowGroups(const std::vector<Group>& groups) {
   if (groups == groups_) return;
   groups_ = groups;
   update();
 }
 
+/// A programmer without groups needs neither their titles nor their scale.
+int ValueColumns::TitleHeight() const {
+  return HasGroups(static_cast<int>(columns_.size())) ? fontMetrics().height() : 0;
+}
+
+int ValueColumns::RatioWidth() const {
+  if (!HasGroups(static_cast<int>(columns_.size()))) return 1;
+  return ratioTick + fontMetrics().horizontalAdvance(QStringLiteral("00"));
+}
+
 QSize ValueColumns::minimumSizeHint() const {
-  const int scale = fontMetrics().horizontalAdvance(QStringLiteral("0000"));
-  const int height = leastBars + 2 * frameRoom + 2 * labelPad + 3 * fontMetrics().height();
+  const int scale = fontMetrics().horizontalAdvance(QStringLiteral("0000")) + RatioWidth();
+  const int height =
+      leastBars + 2 * frameRoom + 2 * labelPad + 3 * fontMetrics().height() + TitleHeight();
   return {scale + leastColumn * static_cast<int>(columns_.size()), height};
 }
 
@@ -154,7 +172,7 @@ int ValueColumns::Level(double fraction) const {
 void ValueColumns::Arrange() {
   const int count = static_cast<int>(columns_.size());
   const int scale = fontMetrics().horizontalAdvance(QStringLiteral("0000"));
-  const int column = std::max(1, (width() - scale) / count);
+  const int column = std::max(1, (width() - scale - RatioWidth()) / count);
   const int desktop = QFontInfo(font()).pixelSize();
   QFont bold = font();
   bold.setBold(true);
@@ -162,8 +180,9 @@ void ValueColumns::Arrange() {
   const QFont digits = Fitted(bold, largest, QStringLiteral("000"), column - 4);
   values_ = QFontMetrics(digits).height();
   numbers_ = values_ + 2 * labelPad;
-  bars_ = QRect(scale, frameRoom + values_, width() - scale - 1,
-                std::max(1, height() - values_ - numbers_ - 2 * frameRoom));
+  const int above = frameRoom + TitleHeight() + values_;
+  bars_ = QRect(scale, above, std::max(1, width() - scale - RatioWidth()),
+                std::max(1, height() - above - numbers_ - frameRoom));
   for (int cam = 0; cam < count; ++cam) {
     const Parts& parts = columns_[static_cast<std::size_t>(cam)];
     QFont numbers = digits;
@@ -223,11 +242,12 @@ void ValueColumns::paintEvent(QPaintEvent* event) {
   painter.setClipRegion(event->region() - Numbers());
   PaintScale(painter);
   painter.setClipRegion(event->region());
+  PaintRatioScale(painter);
   PaintGroups(painter);
   if (!hasFocus()) return;
   painter.setPen(QPen(palette().color(QPalette::Highlight), 1, Qt::DotLine));
   painter.setBrush(Qt::NoBrush);
-  painter.drawRect(bars_.left() - 3, 0, width() - bars_.left() + 2, height() - 1);
+  painter.drawRect(bars_.left() - 3, 0, bars_.width() + 4, height() - 1);
 }
 
 void ValueColumns::PaintScale(QPainter& painter) const {
@@ -239,17 +259,47 @@ void ValueColumns::PaintScale(QPainter& painter) const {
   }
 }
 
-void ValueColumns::PaintGroups(QPainter& painter) const {
-  QColor frame = palette().color(QPalette::Highlight);
-  painter.setPen(frame);
-  frame.setAlpha(28);
-  painter.setBrush(frame);
-  painter.setRenderHint(QPainter::Antialiasing);
-  for (const CamGroup& group : groups_) {
-    const int left = Left(group.first);
-    const QRectF box(left + 0.5, 0.5, Left(group.last + 1) - left - 2, height() - 1);
-    painter.drawRoundedRect(box, 3, 3);
+/// The n of 1/n; every other one where the bars are low.
+void ValueColumns::PaintRatioScale(QPainter& painter) const {
+  const auto isRatio = [](const Group& group) { return group.ratio; };
+  if (std::none_of(groups_.begin(), groups_.end(), isRatio)) return;
+  const int text = fontMetrics().height();
+  const int step = bars_.height() / HighestRatio < text ? 2 : 1;
+  const int left = bars_.left() + bars_.width() + 1;
+  painter.setPen(palette().color(QPalette::WindowText));
+  for (int n = 1; n <= HighestRatio; n += step) {
+    const int level = Level(BarFraction(FunctionValue::Ratio25to32, n));
+    painter.drawLine(left, level, left + ratioTick / 2, level);
+    painter.drawText(QRect(left + ratioTick, level - text / 2, width() - left - ratioTick, text),
+                     Qt::AlignLeft | Qt::AlignVCenter, QString::number(n));
   }
+}
+
+void ValueColumns::PaintGroups(QPainter& painter) const {
+  const QColor frame = palette().color(QPalette::Highlight);
+  QColor ground = frame;
+  ground.setAlpha(28);
+  painter.setBrush(ground);
+  painter.setRenderHint(QPainter::Antialiasing);
+  for (const Group& group : groups_) {
+    const int left = Left(group.cams.first);
+    const QRectF box(left + 0.5, 0.5, Left(group.cams.last + 1) - left - 2, height() - 1);
+    painter.setPen(frame);
+    painter.drawRoundedRect(box, 3, 3);
+    const QRectF title = box.adjusted(3, frameRoom / 2, -3, 0);
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(title, Qt::AlignHCenter | Qt::AlignTop,
+                     fontMetrics().elidedText(group.title, Qt::ElideLeft, int(title.width())));
+  }
+}
+
+/// Bars and values let a press through to here; it selects, at whatever height.
+void ValueColumns::mousePressEvent(QMouseEvent* event) {
+  const int x = event->position().toPoint().x() - bars_.left();
+  if (event->button() != Qt::LeftButton || x < 0 || x >= bars_.width()) return;
+  int cam = static_cast<int>(columns_.size()) - 1;
+  while (cam > 0 && Left(cam) > x + bars_.left()) --cam;
+  if (IsInUse(cam)) Q_EMIT LabCam_Click(cam);
 }
 
 /// The next cam in use from one of index `from` - or from -1 and the count - on; -1 when none is.

@@ -11,24 +11,27 @@
 
 namespace nira {
 
-/// A bar whose height shows a value; one flat colour that reads on light and dark.
+/// A bar whose height shows a value; one flat colour that reads on light and dark. The selected one
+/// has a frame.
 class ValueBar : public QWidget {
   Q_OBJECT
 
  public:
   explicit ValueBar(QWidget* parent) : QWidget(parent) { setAttribute(Qt::WA_OpaquePaintEvent); }
 
-  void SetColour(QRgb colour);
+  void SetColour(QRgb colour, bool framed);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
   QRgb colour_ = 0;
+  bool framed_ = false;
 };
 
 /// The columns of the functions window, one a cam side by side: number below, bar, value above it,
-/// over one scale of 0, 100 and 200. With the keyboard, arrows, Home and End go from one cam in
+/// over one scale of 0, 100 and 200; on the right a scale of 1 to 9 while there are ratios. A click
+/// in a column in use is one on its cam. With the keyboard, arrows, Home and End go from one cam in
 /// use to another.
 class ValueColumns : public QWidget {
   Q_OBJECT
@@ -48,8 +51,14 @@ class ValueColumns : public QWidget {
 
   bool IsInUse(int cam) const { return columns_.at(static_cast<std::size_t>(cam)).shown.inUse; }
 
-  /// The cams that work as groups, each framed.
-  void ShowGroups(const std::vector<CamGroup>& groups);
+  /// Cams that work as a group, in a frame under its title.
+  struct Group {
+    CamGroup cams;
+    QString title;
+    bool ratio = false;
+    bool operator==(const Group&) const = default;
+  };
+  void ShowGroups(const std::vector<Group>& groups);
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -60,6 +69,7 @@ class ValueColumns : public QWidget {
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
@@ -78,16 +88,19 @@ class ValueColumns : public QWidget {
   void ArrangeScale();
   void Place(int cam);
   void PaintScale(QPainter& painter) const;
+  void PaintRatioScale(QPainter& painter) const;
   void PaintGroups(QPainter& painter) const;
   QRegion Numbers() const;
   void PaintNumber(Parts& parts) const;
+  int TitleHeight() const;
+  int RatioWidth() const;
   int Left(int cam) const;
   int Level(double fraction) const;
   int Next(int from, int step) const;
 
   std::vector<Parts> columns_;  // by the index of the cam
   std::array<QLabel*, 3> scale_{};
-  std::vector<CamGroup> groups_;
+  std::vector<Group> groups_;
   QRect bars_;       // from the left end of the first column to the right end of the last
   int numbers_ = 0;  // height of the cams' numbers, pixels
   int values_ = 0;   // height of the values above the bars, pixels

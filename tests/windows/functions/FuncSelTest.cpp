@@ -308,7 +308,13 @@ class FuncSelTest : public QObject {
     QCOMPARE(QApplication::focusWidget() == f.Get(box),
              leave == u"enter"_qs || leave == u"close"_qs);
     QCOMPARE(f.Told(), told);
-    if (box == u"TxANT"_qs && !told.isEmpty()) QCOMPARE(f.BoxText("TxANT"), u"16"_qs);
+    // What was refused stays where it is, marked, with what is allowed in words.
+    if (!told.isEmpty()) QCOMPARE(f.Get<QLineEdit>(box)->text(), text);
+    const QString note = f.Get<QLabel>(u"Note"_qs)->text();
+    QCOMPARE(note.section(u": "_qs, 1).startsWith(text + u" non ammesso, da "_qs), !told.isEmpty());
+    const QPalette shown = f.Get(box)->palette();
+    QCOMPARE(shown.color(QPalette::Base) != QApplication::palette().color(QPalette::Base),
+             !told.isEmpty());
     f.functions->close();
     QApplication::processEvents();
     QCOMPARE(f.Told(), told);
@@ -354,8 +360,10 @@ class FuncSelTest : public QObject {
     f.Open();
     QCOMPARE(f.Editor().section(u'|', 1), u"25 - 32|1 /|4|4 of 9, 2"_qs);
     f.Hit(u"ChkRAP25"_qs);
+    QVERIFY(!f.Get(u"Tmsec"_qs)->isEnabled() && !f.Get(u"ScrVal"_qs)->isEnabled());
     f.Fill(u"TxANT"_qs, u"32\r"_qs);
     QCOMPARE(f.Editor().section(u'|', 1), u"32|msec.|7|7 of 210, 25"_qs);
+    QVERIFY(f.Get(u"Tmsec"_qs)->isEnabled());
   }
 
   /// A size too high puts the number of sizes into the other box, which tells of it when it is
@@ -396,6 +404,25 @@ class FuncSelTest : public QObject {
     QVERIFY(opened);
     QTest::keyClick(&*f.functions, Qt::Key_X, Qt::AltModifier);
     QTRY_VERIFY(!f.functions->isVisible());
+  }
+
+  /// A click anywhere in a column in use is one on its cam, and sets nothing.
+  void ClicksInTheColumns() {
+    FunctionsFixture f(u"ON 3 RAP25"_qs);
+    f.program.SetCamText(2, u"FEED"_qs);
+    f.Open();
+    const QString before = f.Columns();
+    QStringList editors;
+    for (const int cam : {2, 8, 26}) {
+      const QPoint place = f.Get(u"LabCam_%1"_qs.arg(cam))->geometry().center();
+      QTest::mouseClick(f.Get(u"Columns"_qs), Qt::LeftButton, {}, QPoint(place.x(), 90));
+      editors.append(f.Editor().section(u'|', 1, 1) + u' ' +
+                     f.Get<QLabel>(u"Description"_qs)->text());
+    }
+    QCOMPARE(editors, (QStringList{u"3 C03 FEED"_qs, u"3 C03 FEED"_qs, u"25 - 32 C27"_qs}));
+    f.Hit(u"Barra_1"_qs);
+    QCOMPARE(f.program.CurrentCam(), 1);
+    QCOMPARE(f.Columns(), before);
   }
 
   /// From one cam in use to the next, past those that are not.
