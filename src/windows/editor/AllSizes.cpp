@@ -56,10 +56,13 @@ void AllSizes::BuildControls() {
   kind.bar = "SizeBar";
   kind.letter = instance_.Text(TextNumber::SizeWord).left(1);
   kind.described = false;
+  kind.enterPins = false;
   diagram_ = new CamDiagram(std::move(kind), this);
   diagram_->setObjectName(QStringLiteral("SizesDiagram"));
   diagram_->setAccessibleName(windowTitle());
   diagram_->setFocusPolicy(Qt::StrongFocus);
+  diagram_->SetWords({instance_.Text(TextNumber::SizeWord), instance_.Text(TextNumber::PhaseWord),
+                      instance_.Text(TextNumber::PhasesWord), instance_.Text(TextNumber::NoPhase)});
   constexpr int scalePixels = 12;
   diagram_->Rescale(scalePixels);
   scroll_ = new QScrollBar(Qt::Vertical);

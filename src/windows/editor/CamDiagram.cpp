@@ -49,6 +49,7 @@ CamDiagram::CamDiagram(Kind kind, QWidget* parent)
   connect(drag_, &RunDrag::Dropped, this, &CamDiagram::Dropped);
   connect(drag_, &RunDrag::GivenUp, this, &CamDiagram::DragGivenUp);
   setMouseTracking(true);
+  setFocusPolicy(Qt::TabFocus);
   BuildScale();
   place_.numCams = kind_.most;
   for (int cam = 0; cam < kind_.most; ++cam) BuildRow(cam);
@@ -118,6 +119,7 @@ void CamDiagram::ShowNumber(int row, int number) {
   if (label->text() == QString::number(number)) return;
   label->setText(QString::number(number));
   label->setAccessibleName(kind_.letter + QString::number(number));
+  NameRow(row);
   if (line_->Degree() >= 0) Read();
 }
 
@@ -146,11 +148,35 @@ void CamDiagram::ShowCam(int cam, const PhaseList& phases, bool selected, const 
   }
   row.description->ShowText(text);
   if (outputs_ != nullptr) outputs_->Follow(cam);
+  if (read) NameRow(cam);
   if (read && line_->Degree() >= 0) Read();
 }
 
 void CamDiagram::ShowDescription(int cam, const QString& text) {
   rows_.at(static_cast<std::size_t>(cam)).description->ShowText(text);
+  NameRow(cam);
+}
+
+void CamDiagram::SetWords(const std::array<QString, 4>& words) {
+  words_ = words;
+  for (int row = 0; row < kind_.most; ++row) NameRow(row);
+}
+
+/// "CAM 11 BLOW OFF DIE 1, 2 phases: 203-224, 247-260".
+void CamDiagram::NameRow(int cam) {
+  if (words_.front().isEmpty()) return;
+  const Row& row = RowOf(cam);
+  const auto& [camWord, phase, phases, none] = words_;
+  QStringList pairs;
+  for (const Phase& drawn : row.phases) {
+    pairs.append(QString::number(drawn.on) + u'-' + QString::number(drawn.off));
+  }
+  const QString title = camWord + u' ' + row.number->text() + u' ' + row.description->text();
+  const QString count = QString::number(pairs.size()) + u' ' +
+                        (pairs.size() == 1 ? phase : phases) + QStringLiteral(": ") +
+                        pairs.join(QStringLiteral(", "));
+  row.bar->setAccessibleName(title.trimmed() + QStringLiteral(", ") +
+                             (pairs.isEmpty() ? none : count));
 }
 
 void CamDiagram::MarkPhase(int cam, const std::optional<Phase>& phase) {
@@ -283,6 +309,20 @@ void CamDiagram::resizeEvent(QResizeEvent*) {
 void CamDiagram::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   PaintTicks(painter);
+  if (!hasFocus()) return;
+  constexpr int ring = 2;
+  painter.setPen(QPen(palette().color(QPalette::Highlight), ring));
+  painter.drawRect(place_.bars.adjusted(-ring - 1, -ring - 1, ring + 1, ring + 1));
+}
+
+/// The keys of a pinned line come before the shortcuts of the window.
+bool CamDiagram::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride && line_->Pinned()) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    const bool arrow = key->key() == Qt::Key_Left || key->key() == Qt::Key_Right;
+    if (arrow && (key->modifiers() & ~Qt::ShiftModifier) == 0) event->accept();
+  }
+  return QWidget::event(event);
 }
 
 void CamDiagram::PaintTicks(QPainter& painter) const {
@@ -389,14 +429,26 @@ void CamDiagram::ShowCursor(int cam, const QPoint& place) {
 }
 
 void CamDiagram::contextMenuEvent(QContextMenuEvent* event) {
-  const int cam = event->reason() == QContextMenuEvent::Mouse ? place_.CamAt(event->pos()) : -1;
-  if (cam >= 0) Q_EMIT MenuWanted(cam, event->globalPos());
+  const bool key = event->reason() == QContextMenuEvent::Keyboard;
+  const int cam = key ? SelectedCam() : place_.CamAt(event->pos());
+  if (cam < 0) return;
+  const QWidget* bar = RowOf(cam).bar;
+  Q_EMIT MenuWanted(cam, key ? bar->mapToGlobal(bar->rect().bottomLeft()) : event->globalPos());
 }
 
-/// Keys that move a pinned line; every other one goes on to the window.
+/// The row that is drawn as the selected one, -1 for none.
+int CamDiagram::SelectedCam() const {
+  const auto end = rows_.begin() + place_.numCams;
+  const auto found =
+      std::find_if(rows_.begin(), end, [](const Row& row) { return row.bar->Shown().selected; });
+  return found == end ? -1 : static_cast<int>(found - rows_.begin());
+}
+
+/// Keys that pin a line and move it; every other one goes on to the window.
 void CamDiagram::keyPressEvent(QKeyEvent* event) {
   const int step = event->modifiers().testFlag(Qt::ShiftModifier) ? 10 : 1;
   const bool left = event->key() == Qt::Key_Left;
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   if (line_->Pinned() && (left || event->key() == Qt::Key_Right)) {
     line_->Step(left ? -step : step);
     Read();
@@ -404,6 +456,8 @@ void CamDiagram::keyPressEvent(QKeyEvent* event) {
     line_->Free();
     Read();
     Q_EMIT Freed();
+  } else if (event->key() == Qt::Key_Space || (enter && kind_.enterPins)) {
+    PinAtLine();
   } else {
     QWidget::keyPressEvent(event);
   }
@@ -422,6 +476,14 @@ void CamDiagram::Pin(const QPoint& place) {
   if (degree < 0 || (place.y() >= bars.top() && place.y() <= bars.bottom())) return;
   line_->Pin(degree);
   setFocus(Qt::MouseFocusReason);
+  Read();
+}
+
+/// Where no line is, it is pinned where the selected phase begins.
+void CamDiagram::PinAtLine() {
+  const std::optional<Phase>& phase = phaseMarks_->Selected();
+  const int degree = line_->Degree();
+  line_->Pin(degree >= 0 ? degree : phase ? phase->on : 0);
   Read();
 }
 

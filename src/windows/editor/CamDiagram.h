@@ -39,6 +39,7 @@ class CamDiagram : public QWidget {
     const char* bar = "Barra";
     QString letter = QStringLiteral("C");  ///< before a number in a tip
     bool described = true;                 ///< what is read names the descriptions, too
+    bool enterPins = true;                 ///< Enter pins the line, as Space does
   };
 
   explicit CamDiagram(QWidget* parent) : CamDiagram(Kind(), parent) {}
@@ -53,6 +54,10 @@ class CamDiagram : public QWidget {
 
   /// What is drawn for one cam (index from 0).
   void ShowCam(int cam, const PhaseList& phases, bool selected, const QString& text);
+
+  /// The words in the names that the rows have for who does not see them: "cam", "phase", "phases"
+  /// and "no phase". Until then they have none.
+  void SetWords(const std::array<QString, 4>& words);
 
   /// Its description alone.
   void ShowDescription(int cam, const QString& text);
@@ -106,6 +111,7 @@ class CamDiagram : public QWidget {
   void Freed();
 
  protected:
+  bool event(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -134,9 +140,12 @@ class CamDiagram : public QWidget {
   QFont RowFont(int height) const;
   void ArrangeRows(const QFont& rows);
   void ArrangeScale();
+  void NameRow(int cam);
+  int SelectedCam() const;
   void PaintTicks(QPainter& painter) const;
   void PointAt(const QPoint& place);
   void Pin(const QPoint& place);
+  void PinAtLine();
   void Read();
   void ShowTip(int cam, const QHelpEvent& event) const;
   QString TimesOf(int cam, const Phase& phase) const;
@@ -152,6 +161,7 @@ class CamDiagram : public QWidget {
   std::vector<Row> rows_;
   std::array<QLabel*, Quarters> marks_{};    // Lab_0 .. Lab_4_4
   std::array<QFrame*, FrameLines> frame_{};  // Line5 .. Line11
+  std::array<QString, 4> words_;
   DiagramPlace place_;
   PhaseMarks* phaseMarks_;
   HoverLine* line_;

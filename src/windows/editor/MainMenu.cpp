@@ -13,16 +13,16 @@ MainMenu::MainMenu(QMenuBar* bar, std::function<void(const Handler&)> command)
     : QObject(bar), bar_(bar), command_(std::move(command)) {}
 
 QMenu* MainMenu::Begin(const char* caption) {
-  menu_ = bar_->addMenu(QString::fromLatin1(caption));
+  menu_ = bar_->addMenu(QString::fromUtf8(caption));
   if (first_ == nullptr) first_ = menu_;
   return menu_;
 }
 
 QAction* MainMenu::Add(const char* name, const char* caption, const Handler& handler) {
-  return Connect(menu_->addAction(QString::fromLatin1(caption)), name, handler);
+  return Connect(menu_->addAction(QString::fromUtf8(caption)), name, handler);
 }
 
-QAction* MainMenu::Add(const char* name, const char* caption, QKeySequence::StandardKey key,
+QAction* MainMenu::Add(const char* name, const char* caption, const QKeySequence& key,
                        const Handler& handler) {
   QAction* action = Add(name, caption, handler);
   action->setShortcut(key);
@@ -33,8 +33,15 @@ void MainMenu::AddSeparator() {
   menu_->addSeparator();
 }
 
+void MainMenu::AddMenu(const char* name, const char* caption, const Handler& fill) {
+  QMenu* outer = std::exchange(menu_, menu_->addMenu(QString::fromUtf8(caption)));
+  menu_->menuAction()->setObjectName(QString::fromLatin1(name));
+  fill();
+  menu_ = outer;
+}
+
 void MainMenu::AddToBar(const char* name, const char* caption, const Handler& handler) {
-  Connect(bar_->addAction(QString::fromLatin1(caption)), name, handler);
+  Connect(bar_->addAction(QString::fromUtf8(caption)), name, handler);
 }
 
 QAction* MainMenu::Connect(QAction* action, const char* name, const Handler& handler) {

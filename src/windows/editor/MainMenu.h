@@ -28,9 +28,12 @@ class MainMenu : public QObject {
   /// Begins a menu, to which the entries and separators that follow belong.
   QMenu* Begin(const char* caption);
   QAction* Add(const char* name, const char* caption, const Handler& handler);
-  QAction* Add(const char* name, const char* caption, QKeySequence::StandardKey key,
+  QAction* Add(const char* name, const char* caption, const QKeySequence& key,
                const Handler& handler);
   void AddSeparator();
+
+  /// A menu inside the one that was begun: what `fill` adds goes into it.
+  void AddMenu(const char* name, const char* caption, const Handler& fill);
 
   /// An entry that stands in the bar itself.
   void AddToBar(const char* name, const char* caption, const Handler& handler);

@@ -14,6 +14,7 @@
 #include "editor/FileCommands.h"
 #include "editor/LineCommands.h"
 #include "editor/PhaseEntry.h"
+#include "editor/PhaseMenu.h"
 #include "editor/SizeCommands.h"
 #include "editor/SizeStepper.h"
 #include "editor/SizeStrip.h"
@@ -37,7 +38,6 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
@@ -94,11 +94,11 @@ MainWindow::MainWindow(Instance& instance, const PortNames& ports)
   setObjectName(QStringLiteral("MainWindow"));
   setAcceptDrops(true);
   setContextMenuPolicy(Qt::NoContextMenu);
+  BuildCentre();
   BuildFileMenu();
   BuildSizesMenu();
   BuildOtherMenus();
   BuildToolbar(ports);
-  BuildCentre();
   ConnectAll();
   ShowPictures();
   FitToScreen();
@@ -159,10 +159,11 @@ void MainWindow::BuildToolbar(const PortNames& ports) {
 void MainWindow::BuildCentre() {
   auto* centre = new QWidget;
   centre->setMinimumWidth(leastWidth);
+  entry_ = new PhaseEntry(instance_, centre);  // the first one for Tab
   diagram_ = new CamDiagram(centre);
   diagram_->setObjectName(QStringLiteral("Diagram"));
-  entry_ = new PhaseEntry(instance_, centre);
-  strip_ = new SizeStrip(instance_.Texts, diagram_->Barra(0), centre);  // last in the Tab order
+  strip_ = new SizeStrip(instance_.Texts, diagram_->Barra(0), centre);
+  setTabOrder(strip_, diagram_);  // one step back from the first one
   auto* layout = new QHBoxLayout(centre);
   layout->setContentsMargins(12, 8, 12, 8);
   layout->setSpacing(16);
@@ -198,7 +199,7 @@ void MainWindow::ConnectAll() {
   connect(sizes_, &SizeCommands::Hidden, this, &MainWindow::ShowState);
   connect(diagram_, &CamDiagram::Pressed, entry_, &PhaseEntry::LeaveForCommand);
   connect(diagram_, &CamDiagram::LineRead, status_, &StatusLine::ShowLine);
-  connect(diagram_, &CamDiagram::Freed, entry_->Fase(), [this] { entry_->Fase()->setFocus(); });
+  connect(diagram_, &CamDiagram::Freed, entry_, &PhaseEntry::FocusOnList);
   connect(entry_, &PhaseEntry::Marked, diagram_, &CamDiagram::MarkPhase);
   connect(entry_, &PhaseEntry::Previewed, diagram_, &CamDiagram::ShowPreview);
   connect(entry_, &PhaseEntry::Committed, this, [this] {
@@ -206,6 +207,8 @@ void MainWindow::ConnectAll() {
     ShowSizeCam();
   });
   connect(entry_->Speed(), &SpeedBox::SpeedChanged, this, &MainWindow::ShowSwitching);
+  connect(entry_, &PhaseEntry::MenuWanted, this,
+          [this](const QPoint& place) { ShowRowMenu(instance_.Program.CurrentCam(), place); });
   connect(entry_, &PhaseEntry::SelectionMoved, this, &MainWindow::ShowSizeCam);
   connect(files_, &FileCommands::ProgramReplaced, this, &MainWindow::ProgramReplaced);
   connect(files_, &FileCommands::Saved, status_, &StatusLine::ShowFile);
@@ -250,19 +253,24 @@ void MainWindow::BuildSizesMenu() {
   menu_->Add("o_Shc", "S&hift Cam", [this] { sizes_->o_Shc_Click(); });
   menu_->Add("O_ClC", "E&rase Cam", [this] { sizes_->O_ClC_Click(); });
   o_MODC_ = menu_->Add("o_MODC", "&Modify Cam", [this] { o_MODC_Click(); });
-  o_Undo_ = menu_->Add("o_Undo", "&Undo", [this] { o_Undo_Click(); });
+  o_Undo_ = menu_->Add("o_Undo", "&Undo", QKeySequence::Undo, [this] { o_Undo_Click(); });
   o_Undo_->setEnabled(false);  // until there is something to undo
   menu_->AddSeparator();
-  menu_->Add("Fu_Set", "Fu&nctions", [this] { Fu_Set_Click(); });
-  menu_->Add("Al_Msg", "&Messages", [this] { Al_Msg_Click(); });
-  menu_->Add("o_AllSizes", "Cam on &All Sizes", [this] { o_AllSizes_Click(); })
-      ->setShortcut(Qt::Key_F4);
+  menu_->Add("Fu_Set", "Fu&nctions", Qt::Key_F7, [this] { Fu_Set_Click(); });
+  menu_->Add("Al_Msg", "&Messages", Qt::Key_F8, [this] { Al_Msg_Click(); });
+  menu_->Add("o_AllSizes", "Cam on &All Sizes", Qt::Key_F4, [this] { o_AllSizes_Click(); });
+  menu_->AddSeparator();
+  menu_->Add("PrevSize", "Pre&vious Size", Qt::CTRL | Qt::Key_PageUp,
+             [this] { Picture1_Step(-1); });
+  menu_->Add("NextSize", "Ne&xt Size", Qt::CTRL | Qt::Key_PageDown, [this] { Picture1_Step(1); });
+  menu_->Add("Describe", "&Describe Cam", Qt::Key_F2, [this] { sizes_->LDefC_DblClick(); });
+  AddPhaseMenu(*menu_, *entry_);
 }
 
 void MainWindow::BuildOtherMenus() {
   menu_->Begin("&Communic");
-  menu_->Add("Tr_Siz", "Size &Transmit", [this] { lines_->Tr_Siz_Click(); });
-  menu_->Add("Rc_Siz", "Size &Receive", [this] { lines_->Rc_Siz_Click(); });
+  menu_->Add("Tr_Siz", "Size &Transmit", Qt::Key_F5, [this] { lines_->Tr_Siz_Click(); });
+  menu_->Add("Rc_Siz", "Size &Receive", Qt::Key_F6, [this] { lines_->Rc_Siz_Click(); });
   menu_->Add("Msg_Trans", "&Alarm Msg Transmit", [this] { lines_->Msg_Trans_Click(); });
   menu_->Add("Msg_Rec", "Alarm &Msg Receive", [this] { lines_->Msg_Rec_Click(); });
   menu_->Add("Upd_Flash", "&Update FLASH", [this] { lines_->Upd_Flash_Click(); });
@@ -270,7 +278,7 @@ void MainWindow::BuildOtherMenus() {
   menu_->Add("setcom", "&Set CommPort", [this] { lines_->setcom_Click(); });
   menu_->Add("o_Setlng", "Set &Language", [this] { SelectLanguage(); });
   menu_->Begin("&Demo")->menuAction()->setObjectName(QStringLiteral("Demo"));
-  menu_->Add("O_Rot", "&Rotate Demo", [this] { O_Rot_Click(); });
+  menu_->Add("O_Rot", "&Rotate Demo", Qt::Key_F9, [this] { O_Rot_Click(); });
   menu_->Add("o_Ant", "&Advance Demo", [this] { o_Ant_Click(); });
   menu_->AddToBar("info", "&Info", [this] { ShowAbout(); });
   auto* manual = new QAction(this);  // stands in no menu: the tree is full
@@ -329,6 +337,8 @@ bool MainWindow::LoadTexts() {
     button->defaultAction()->setToolTip(PlainTip(text));
     button->setAccessibleName(text);
   }
+  diagram_->SetWords({instance_.Text(TextNumber::CamWord), instance_.Text(TextNumber::PhaseWord),
+                      instance_.Text(TextNumber::PhasesWord), instance_.Text(TextNumber::NoPhase)});
   picture1_->setAccessibleName(instance_.Text(TextNumber::SizeWord));
   device_->ShowPort();
   instance_.Dialog.FolderNotFound = instance_.Text(TextNumber::FolderNotFound);
@@ -425,7 +435,7 @@ void MainWindow::ShowRowMenu(int cam, const QPoint& place) {
   if (instance_.Busy) return;
   LabCam_Click(cam);
   auto* menu = new QMenu(this);
-  for (const char* item : {"O_CopyC", "o_Shc", "O_ClC", "o_MODC", "o_Undo"}) {
+  for (const char* item : {"O_CopyC", "o_Shc", "O_ClC", "o_MODC", "o_Undo", "Describe", "Phase"}) {
     menu->addAction(menuBar()->findChild<QAction*>(QString::fromLatin1(item)));
   }
   connect(menu, &QMenu::aboutToHide, menu, &QObject::deleteLater);

@@ -2,6 +2,7 @@
 #include "editor/PhaseEntry.h"
 
 #include "editor/PhaseDelegate.h"
+#include "editor/PhaseLines.h"
 #include "editor/PreviewField.h"
 #include "editor/SpeedBox.h"
 #include "ground/Text.h"
@@ -13,8 +14,6 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QListWidget>
-#include <QMouseEvent>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -65,8 +64,13 @@ PhaseEntry::PhaseEntry(Instance& instance, QWidget* parent) : QWidget(parent), i
   // on the line that is selected already loads it once more.
   connect(fase_, &QListWidget::itemSelectionChanged, this, &PhaseEntry::Fase_Click);
   connect(fase_, &QListWidget::itemSelectionChanged, this, &PhaseEntry::TellMarked);
-  fase_->installEventFilter(this);
-  fase_->viewport()->installEventFilter(this);
+  connect(fase_, &PhaseLines::Meant, this, &PhaseEntry::Fase_Click);
+  connect(fase_, &PhaseLines::MeantTwice, this, &PhaseEntry::Fase_DblClick);
+  connect(fase_, &PhaseLines::DigitTyped, this, &PhaseEntry::TypeInto);
+  connect(fase_, &PhaseLines::EnterPressed, this, [this] { Chosen() ? OpenSelected() : Open(); });
+  connect(fase_, &PhaseLines::MenuWanted, this, &PhaseEntry::MenuWanted);
+  gradiOn_->installEventFilter(this);
+  gradiOff_->installEventFilter(this);
   connect(fase_, &QListWidget::itemClicked, this, &PhaseEntry::Fase_Click);
   connect(fase_, &QListWidget::itemDoubleClicked, this, &PhaseEntry::Fase_DblClick);
   connect(gradiOn_, &DegreeBox::FocusGained, this, [this] { Gained(Box::On); });
@@ -93,7 +97,7 @@ void PhaseEntry::BuildControls() {
     return widget;
   };
   lfOnOf_ = named(new QLabel(QStringLiteral("Fase  ON  OFF"), this), "LfONOF");
-  fase_ = named(new QListWidget(this), "Fase");
+  fase_ = named(new PhaseLines(this), "Fase");
   tFasi_ = named(new QLabel(this), "t_fasi");
   totFasi_ = named(new QLabel(QStringLiteral("000"), this), "Tot_fasi");
   onSum_ = named(new QLabel(this), "OnSum");
@@ -110,9 +114,7 @@ void PhaseEntry::BuildControls() {
   fase_->setAccessibleName(QStringLiteral("Fase"));
   gradiOn_->setAccessibleName(QStringLiteral("ON"));
   gradiOff_->setAccessibleName(QStringLiteral("OFF"));
-  fase_->setUniformItemSizes(true);
   fase_->setItemDelegate(new PhaseDelegate(fase_));
-  fase_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   for (QLabel* label : {tFasi_, totFasi_}) label->setTextFormat(Qt::PlainText);
   lGrad_->setAlignment(Qt::AlignCenter);
   for (QWidget* widget : {static_cast<QWidget*>(lGrad_), static_cast<QWidget*>(gradiOn_),
@@ -238,7 +240,9 @@ void PhaseEntry::Preview() {
   const PhasePreview preview = moved_ ? PhasePreview::OfReplacing(row, *moved_, pair)
                                       : PhasePreview::Of(row, pair.on, pair.off);
   const bool listed = std::find(phases_.begin(), phases_.end(), pair) != phases_.end();
-  preview_->ShowPreview(preview, !edited_ && !listed && !moved_, instance_.Texts, speed_->Speed());
+  const bool empty = gradiOn_->text().isEmpty() && preview.changes.empty();  // nothing typed yet
+  const bool unasked = !edited_ && !listed && !moved_ && !empty;
+  preview_->ShowPreview(preview, unasked, instance_.Texts, speed_->Speed());
   Q_EMIT Previewed(cam, preview.goes, preview.comes);
 }
 
@@ -335,6 +339,10 @@ void PhaseEntry::Replace(const Phase& before, const std::optional<Phase>& after)
   Fase_Click();
 }
 
+void PhaseEntry::FocusOnList() {
+  fase_->setFocus(Qt::OtherFocusReason);
+}
+
 void PhaseEntry::FocusOnBox() {
   entered_ = Box::None;  // the ON box is entered anew, also when it has the focus already
   if (gradiOn_->hasFocus()) {
@@ -344,66 +352,71 @@ void PhaseEntry::FocusOnBox() {
   }
 }
 
-/// The first arrow key in the refilled list selects its first line instead of stepping over it.
+/// Keys of the two boxes that are no typing: the pair at once, back to the list, and the undoing of
+/// what was typed, which is the program's where nothing was. Arrows are for the text.
 bool PhaseEntry::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == fase_->viewport()) return TakeMouse(event);
-  if (watched == fase_ && event->type() == QEvent::KeyPress && fase_->selectedItems().isEmpty()) {
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if ((key == Qt::Key_Down || key == Qt::Key_Up) && fase_->count() > 0) {
-      fase_->setCurrentRow(0);
-      return true;
-    }
+  const auto* key = static_cast<QKeyEvent*>(event);
+  if (event->type() == QEvent::ShortcutOverride) {
+    const bool arrow = key->key() == Qt::Key_Left || key->key() == Qt::Key_Right;
+    const bool undo = key->matches(QKeySequence::Undo);
+    event->setAccepted(arrow);
+    return arrow || (undo && !static_cast<DegreeBox*>(watched)->isUndoAvailable());
   }
-  return QWidget::eventFilter(watched, event);
-}
-
-/// A press that the list does not see goes with all that follows it.
-bool PhaseEntry::TakeMouse(QEvent* event) {
-  switch (event->type()) {
-    case QEvent::MouseButtonPress:
-      redirected_ = TakePress(static_cast<QMouseEvent*>(event)->pos());
-      return redirected_;
-    case QEvent::MouseButtonDblClick:
-      if (redirected_) Fase_DblClick();
-      return redirected_;
-    case QEvent::MouseMove:
-      return redirected_;
-    default:
-      return false;
-  }
-}
-
-/// Leaving the OFF box for the list has rebuilt it between press and click: the phase that was
-/// under the pointer is the one that is meant, wherever it stands now, and none when it is gone.
-/// False where the list itself comes to the same.
-bool PhaseEntry::TakePress(const QPoint& place) {
-  const Pressed before = std::exchange(pressed_, {});
-  if (before.lines.isEmpty() || place.y() < before.top) return false;
-  const QString meant = before.lines.value((place.y() - before.top) / before.height);
-  if (meant.isEmpty()) return false;
-  const auto same = [&meant](const QString& line) {
-    return OnField(line) == OnField(meant) && OffField(line) == OffField(meant);
-  };
-  const QListWidgetItem* under = fase_->itemAt(place);
-  if (under != nullptr && same(under->text())) return false;
-  for (int row = 0; row < fase_->count(); ++row) {
-    if (!same(fase_->item(row)->text())) continue;
-    fase_->setCurrentRow(row);
-    Fase_Click();  // also when it is the one that was just written
+  if (event->type() != QEvent::KeyPress) return false;
+  const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+  if (enter && key->modifiers().testFlag(Qt::ControlModifier)) {
+    EnterPair();
+  } else if (key->key() == Qt::Key_Escape) {
+    GoBack();
+  } else {
+    return false;
   }
   return true;
 }
 
-/// The press that takes the focus to the list comes right after this.
-void PhaseEntry::KeepPressed() {
-  pressed_ = {};
-  for (int row = 0; row < fase_->count(); ++row) pressed_.lines.append(fase_->item(row)->text());
-  if (pressed_.lines.isEmpty()) return;
-  const QRect first = fase_->visualItemRect(fase_->item(0));
-  pressed_.top = first.top();
-  pressed_.height = std::max(1, first.height());
-  QMetaObject::invokeMethod(
-      this, [this] { pressed_ = {}; }, Qt::QueuedConnection);
+/// Enter in the ON box and Enter in the OFF box.
+void PhaseEntry::EnterPair() {
+  char16_t enter = DegreeBox::Enter;
+  if (gradiOn_->hasFocus()) GRADION_KeyPress(enter);
+  GRADIOFF_KeyPress(enter);
+}
+
+/// What was typed since the boxes were loaded is taken back, and boxes as they were loaded enter
+/// nothing.
+void PhaseEntry::GoBack() {
+  entered_ = Box::None;
+  Load(OnText, OffText);
+  FocusOnList();
+  if (shown_ != Selected()) Q_EMIT SelectionMoved();
+}
+
+void PhaseEntry::New() {
+  {
+    const QSignalBlocker quiet(fase_);
+    fase_->setCurrentItem(nullptr);
+  }
+  TellMarked();
+  ShowBoxes();
+  gradiOff_->setEnabled(true);
+  LoadFromLine({});
+  FocusOnBox();
+}
+
+void PhaseEntry::Delete() {
+  if (const std::optional<Phase> phase = Chosen()) Replace(*phase, std::nullopt);
+}
+
+void PhaseEntry::Move(PhasePart part, int degrees) {
+  if (const std::optional<Phase> phase = Chosen()) Replace(*phase, Moved(*phase, part, degrees));
+}
+
+/// A digit typed in the list is the first one of the selected phase's ON degree, or of a new one's.
+void PhaseEntry::TypeInto(const QString& digit) {
+  Chosen() ? OpenSelected() : New();
+  gradiOn_->insert(digit);
+  OnTyped = true;
+  edited_ = true;
+  Preview();
 }
 
 void PhaseEntry::Fase_Click() {
@@ -448,7 +461,7 @@ void PhaseEntry::Lost(Qt::FocusReason reason) {
     case Qt::ActiveWindowFocusReason:
       return;  // the operator is still at this entry
     default:
-      if (reason == Qt::MouseFocusReason && fase_->hasFocus()) KeepPressed();
+      if (reason == Qt::MouseFocusReason && fase_->hasFocus()) fase_->KeepPressed();
       Leave();
   }
 }

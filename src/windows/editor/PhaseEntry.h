@@ -5,7 +5,6 @@
 #include "controls/Instance.h"
 #include "model/PhaseMove.h"
 
-#include <QStringList>
 #include <QWidget>
 
 #include <optional>
@@ -13,10 +12,10 @@
 #include <vector>
 
 class QLabel;
-class QListWidget;
 
 namespace nira {
 
+class PhaseLines;
 class PreviewField;
 class SpeedBox;
 
@@ -50,6 +49,11 @@ class PhaseEntry : public QWidget {
   void ShowMoved(const Phase& before, const Phase& after);
   /// They show the selected phase again.
   void PutBack();
+  /// Opens phase entry with an empty pair; no phase is selected.
+  void New();
+  /// Deletes the selected phase, or moves it or one of its ends; nothing without one.
+  void Delete();
+  void Move(PhasePart part, int degrees);
   /// Puts a phase in the place of one of the list, or deletes it, as one step for Undo. What was
   /// written is selected and loaded.
   void Replace(const Phase& before, const std::optional<Phase>& after);
@@ -64,7 +68,7 @@ class PhaseEntry : public QWidget {
   /// Sizes for a scale factor of the window: fonts and the fixed width.
   void Rescale(int dataPixels, int entryPixels, int width);
 
-  QListWidget* Fase() const { return fase_; }
+  void FocusOnList();
   SpeedBox* Speed() const { return speed_; }
 
   void Fase_Click();
@@ -77,6 +81,8 @@ class PhaseEntry : public QWidget {
   void Marked(int cam, const std::optional<Phase>& phase);
   /// What the pair in the boxes would take from the row of a cam and bring to it.
   void Previewed(int cam, const std::vector<Phase>& goes, const std::vector<Phase>& comes);
+  /// The menu of the selected cam is wanted there on the screen.
+  void MenuWanted(const QPoint& place);
   /// The selected cam is not the one that is drawn.
   void SelectionMoved();
 
@@ -85,13 +91,6 @@ class PhaseEntry : public QWidget {
 
  private:
   enum class Box { None, On, Off };
-
-  /// The list as it stood under the pointer when a press took the focus from the OFF box.
-  struct Pressed {
-    QStringList lines;
-    int top = 0;     ///< of the first line in the viewport, pixels
-    int height = 1;  ///< of a line, pixels
-  };
 
   void BuildControls();
   void BuildLayout();
@@ -116,13 +115,13 @@ class PhaseEntry : public QWidget {
   void SelectWritten(int on, int off);
   void TellMarked();
   void Preview();
-  bool TakeMouse(QEvent* event);
-  bool TakePress(const QPoint& place);
-  void KeepPressed();
+  void EnterPair();
+  void GoBack();
+  void TypeInto(const QString& digit);
 
   Instance& instance_;
   QLabel* lfOnOf_;
-  QListWidget* fase_;
+  PhaseLines* fase_;
   QLabel* tFasi_;
   QLabel* totFasi_;
   QLabel* onSum_;
@@ -140,9 +139,7 @@ class PhaseEntry : public QWidget {
   std::vector<Phase> phases_;   // of the list, line by line
   std::pair<int, int> shown_;   // size and cam of the list
   std::optional<Phase> moved_;  // of the list, which the pair in the boxes would replace
-  Pressed pressed_;
-  bool redirected_ = false;  // the last press on the list went to another line
-  bool edited_ = false;      // the operator changed a box since the program loaded them
+  bool edited_ = false;         // the operator changed a box since the program loaded them
 };
 
 }  // namespace nira

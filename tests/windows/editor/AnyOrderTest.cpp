@@ -12,7 +12,7 @@ namespace {
 using Action = std::function<void(WindowFixture&)>;
 
 /// The first of the actions may be no commands: they write into a box, or do nothing.
-constexpr qsizetype writing = 10;
+constexpr qsizetype writing = 12;
 
 const QList<std::pair<const char*, Action>>& Actions() {
   static const QList<std::pair<const char*, Action>> actions = {
@@ -20,6 +20,8 @@ const QList<std::pair<const char*, Action>>& Actions() {
       {"Backspace", [](auto& f) { f.Type(u"\b"_qs); }},
       {"!", [](auto& f) { f.Type(u"!"_qs); }},
       {"#", [](auto& f) { f.Type(u"#"_qs); }},
+      {"Del", [](auto& f) { f.Press(Qt::Key_Delete); }},
+      {"Shift+Right", [](auto& f) { f.Press(Qt::Key_Right, Qt::ShiftModifier); }},
       {"Ctrl+Z", [](auto& f) { f.Press(Qt::Key_Z, Qt::ControlModifier); }},
       {"Escape", [](auto& f) { f.Press(Qt::Key_Escape); }},
       {"other window", [](auto&) { WindowFixture::OtherWindow(); }},
@@ -30,6 +32,7 @@ const QList<std::pair<const char*, Action>>& Actions() {
        }},
       {"Undo", [](auto& f) { f.Choose("o_Undo"); }},
       {"Enter", [](auto& f) { f.Type(u"\r"_qs); }},
+      {"Ins", [](auto& f) { f.Press(Qt::Key_Insert); }},
       {"Backtab", [](auto& f) { f.Press(Qt::Key_Backtab, Qt::ShiftModifier); }},
       {"PageDown", [](auto& f) { f.Press(Qt::Key_PageDown); }},
       {"entry", [](auto& f) { f.Click(u"GoPrCam"_qs); }},

@@ -253,6 +253,17 @@ class DiagramTest : public QObject {
     QCOMPARE(f.Text("StatusDegree"), u"grado 020"_qs);
     QCOMPARE(f.Focus(), u"Fase"_qs);
     QCOMPARE(f.program.CurrentCam(), 4);
+    f.Press(Qt::Key_PageUp);
+    f.Press(Qt::Key_Down);
+    QApplication::sendEvent(f.Find(u"Diagram"_qs), std::make_unique<QEvent>(QEvent::Leave).get());
+    const QImage before = Picture(f, u"Diagram"_qs);
+    f.Press(Qt::Key_Backtab, Qt::ShiftModifier);
+    QVERIFY(Picture(f, u"Diagram"_qs) != before);  // the focus is seen
+    f.Press(Qt::Key_Space);
+    f.Press(Qt::Key_Right);
+    QCOMPARE(f.Text("StatusDegree"), u"grado 101  ON: 4"_qs);
+    QCOMPARE(f.Find(u"Barra_3"_qs)->accessibleName(), u"CAMMA 4, 1 fase: 100-110"_qs);
+    QCOMPARE(f.Find(u"Barra_4"_qs)->accessibleName(), u"CAMMA 5, nessuna fase"_qs);
   }
 
   /// A press on a run selects its phase, one on the empty part of a bar its cam.
@@ -288,6 +299,13 @@ class DiagramTest : public QObject {
     QContextMenuEvent wanted(QContextMenuEvent::Mouse, QPoint(5, 5), QCursor::pos());
     QApplication::sendEvent(f.Find(u"LDefC_9"_qs), &wanted);
     QTRY_COMPARE(f.prompts.Shown().value(0), u"Question NoYes: AZZERARE LA CAMMA N. 10 ?"_qs);
+    for (const QString& focused : {u"Diagram"_qs, u"Fase"_qs}) {
+      QMenu* opened = nullptr;
+      WhenOpens<QMenu>([&opened](QMenu* menu) { (opened = menu)->close(); });
+      QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(5, 5), QCursor::pos());
+      QApplication::sendEvent(f.Find(focused), &key);
+      QTRY_VERIFY(opened != nullptr);
+    }
   }
 
   /// The ends of the selected run and the run itself follow the pointer; what ends a drag otherwise

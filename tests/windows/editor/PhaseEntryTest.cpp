@@ -158,6 +158,46 @@ class PhaseEntryTest : public QObject {
     QCOMPARE(f.Runs(1, 0), u"0-10"_qs);
   }
 
+  /// With the second of three phases selected in the list.
+  void Keys_data() {
+    TextTable({"keys", "runs", "boxes", "focus"},
+              {{"moves", "Ctrl+Right Ctrl+Right Ctrl+Left", "101-111", "101 111", "Fase"},
+               {"OFF end", "Shift+Right", "100-111", "100 111", "Fase"},
+               {"ON end", "Alt+Left Alt+Left", "98-110", "098 110", "Fase"},
+               {"a correction in four keys", "1 0 5 Ctrl+Return", "105-110", "100 110", "GRADION"},
+               {"by two Enters", "Return 1 0 5 Return Return", "105-110", "100 110", "GRADION"},
+               {"new", "Ins 3 0 0 Return 3 1 0 Return", "100-110 300-310", " 310", "GRADION"},
+               {"none selected", "Del 5 0 Return 6 0 Return", "50-60", " 060", "GRADION"},
+               {"arrows in a box", "1 0 Shift+Left 7 Alt+Left", "100-110", "17 110", "GRADION"},
+               {"typing taken back", "1 0 5 Return 1 2 Esc Esc", "100-110", "100 110", "Fase"},
+               {"undo of typing", "1 0 5 Ctrl+Z Esc", "100-110", "100 110", "Fase"},
+               {"undo from a box", "1 0 5 Ctrl+Return Ctrl+Z", "100-110", "100 110", "GRADION"},
+               {"undo of a deletion", "Del Ctrl+Z", "100-110", "100 110", "Fase"},
+               {"other size", "Ctrl+PgDown Ctrl+PgUp Del", "100-110", "100 110", "Fase"}});
+  }
+
+  void Keys() {
+    WindowFixture f;
+    QVERIFY(f.StartWith(u"0-10 100-110 200-210 350-360"_qs, 4));
+    f.ClickLine(1);
+    QFETCH(QString, keys);
+    for (const QString& name : keys.split(u' ')) {
+      const QKeyCombination key = QKeySequence(name)[0];
+      f.Press(key.key(), key.keyboardModifiers(), name.size() == 1 ? name : QString());
+    }
+    QFETCH(QString, runs);
+    const CamRow row = RowOf(u"0-10 200-210 350-360 "_qs + runs);
+    QCOMPARE(f.Runs(1, 4), RunsOf(row));
+    QTEST(f.Boxes(), "boxes");
+    QTEST(f.Focus(), "focus");
+    f.Find(u"Fase"_qs)->setFocus();
+    f.ClickLine(0);
+    f.Press(Qt::Key_Delete);  // both halves
+    QVERIFY(!f.Runs(1, 4).contains(u"0-10 "_qs) && !f.Runs(1, 4).contains(u"360"_qs));
+    f.Press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(f.Runs(1, 4), RunsOf(row));
+  }
+
   void KeysSelectCams() {
     WindowFixture f;
     QVERIFY(f.Start());

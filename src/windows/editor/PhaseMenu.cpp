@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "editor/PhaseMenu.h"
+
+#include "editor/MainMenu.h"
+#include "editor/PhaseEntry.h"
+
+namespace nira {
+
+void AddPhaseMenu(MainMenu& menu, PhaseEntry& entry) {
+  const auto move = [&](const char* name, const char* caption, const QKeySequence& key,
+                        PhasePart part, int degrees) {
+    menu.Add(name, caption, key, [&entry, part, degrees] { entry.Move(part, degrees); });
+  };
+  menu.AddMenu("Phase", "&Phase", [&] {
+    menu.Add("NewPhase", "&New", Qt::Key_Insert, [&entry] { entry.New(); });
+    menu.Add("DelPhase", "&Delete", Qt::Key_Delete, [&entry] { entry.Delete(); });
+    menu.AddSeparator();
+    move("PhaseEarlier", "1° &Earlier", Qt::CTRL | Qt::Key_Left, PhasePart::Whole, -1);
+    move("PhaseLater", "1° &Later", Qt::CTRL | Qt::Key_Right, PhasePart::Whole, 1);
+    move("OnEarlier", "&ON 1° Earlier", Qt::ALT | Qt::Key_Left, PhasePart::On, -1);
+    move("OnLater", "ON &1° Later", Qt::ALT | Qt::Key_Right, PhasePart::On, 1);
+    move("OffEarlier", "O&FF 1° Earlier", Qt::SHIFT | Qt::Key_Left, PhasePart::Off, -1);
+    move("OffLater", "OFF 1° La&ter", Qt::SHIFT | Qt::Key_Right, PhasePart::Off, 1);
+  });
+}
+
+}  // namespace nira
