@@ -59,6 +59,7 @@ constexpr QSize largestStart(1280, 960);
 constexpr int leastWidth = 800;  // the least height is that of 32 rows
 constexpr int leastText = 12;    // pixels
 constexpr auto placeKey = "window/place";
+constexpr auto speedKey = "window/speed";  // rev/min
 
 struct Tip {
   const char* button;
@@ -323,6 +324,7 @@ bool MainWindow::Form_Load(const QString& startFile) {
   program.IsSaved = true;
   instance_.Dialog.InitDir = instance_.Folder.Path();
   ProgramReplaced();
+  entry_->Speed()->SetSpeed(instance_.User.Number(speedKey, 0));
   status_->ShowNote(languages_.MissingTexts());
   if (!startFile.isEmpty()) files_->OpenAtStart(startFile);
   return true;
@@ -682,6 +684,7 @@ void MainWindow::Form_QueryUnload(bool& cancel) {
 /// The program ends with its last window.
 void MainWindow::Form_Unload() {
   instance_.User.Keep(placeKey, saveGeometry());
+  instance_.User.Keep(speedKey, entry_->Speed()->Speed());
   for (QWidget* window : QApplication::topLevelWidgets()) {
     if (window != this) window->close();
   }

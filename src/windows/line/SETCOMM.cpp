@@ -3,6 +3,7 @@
 
 #include "controls/OkCancelRow.h"
 #include "controls/PlainTip.h"
+#include "controls/Shades.h"
 #include "controls/TabToChecked.h"
 #include "files/OptionsFile.h"
 #include "line/FaultText.h"
@@ -132,7 +133,11 @@ QLabel* SETCOMM::PortLabel(const QString& text, bool present, QRadioButton* port
       new QLabel(text.size() > longestNote ? QString(text.left(longestNote) + u'…') : text);
   label->setTextFormat(Qt::PlainText);
   if (text.size() > longestNote) label->setToolTip(PlainTip(text));
-  label->setForegroundRole(present ? QPalette::WindowText : QPalette::PlaceholderText);
+  if (!present) {
+    QPalette quiet = label->palette();
+    quiet.setColor(QPalette::WindowText, SecondaryText(quiet));
+    label->setPalette(quiet);
+  }
   label->setBuddy(port);
   label->installEventFilter(this);
   return label;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "editor/SpeedBox.h"
 #include "support/Tables.h"
 #include "support/WindowFixture.h"
 
@@ -105,12 +106,12 @@ class MainWindowStartTest : public QObject {
     QCOMPARE(f.window->windowTitle(), current ? activeTitle + u"press.CAM"_qs : activeTitle);
   }
 
-  /// The window comes back as it was left, but never beside the screen; a settings file that is
-  /// none is begun anew.
+  /// Window and speed come back as they were left, but never beside the screen; a settings file
+  /// that is none is begun anew.
   void PlaceOfTheLastRun_data() {
     QTest::addColumn<QByteArray>("bytes");
     QTest::newRow("first run") << QByteArray();
-    QTest::newRow("spoilt") << QByteArray("[window]\nplace=@ByteArray(none)\n");
+    QTest::newRow("spoilt") << QByteArray("[window]\nplace=@ByteArray(none)\nspeed=fast\n");
     QTest::newRow("another file") << QByteArray(100 * 1024, '[');
   }
 
@@ -121,8 +122,12 @@ class MainWindowStartTest : public QObject {
     QVERIFY(f.Start());
     QCOMPARE(f.window->size(), QSize(800, 760));
     f.window->setGeometry(4000, 50, 200, 600);
+    auto* speed = f.window->findChild<SpeedBox*>();
+    QCOMPARE(speed->Speed(), 0);
+    speed->SetSpeed(600);
     f.window->close();
     QVERIFY(f.Start());
+    QCOMPARE(f.window->findChild<SpeedBox*>()->Speed(), 600);
     QCOMPARE(f.window->size(), QSize(800, 600));
     QVERIFY(f.window->screen()->availableGeometry().intersects(f.window->geometry()));
   }
