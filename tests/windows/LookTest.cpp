@@ -216,7 +216,7 @@ class LookTest : public QObject {
     WindowFixture f;
     QVERIFY(f.Start());
     QSet<int> sizes;
-    for (int height = 560; height < 2000; height += 90) {
+    for (int height = 560; height < 2000; height += 45) {
       f.window->resize(1000, height);
       QApplication::processEvents();
       const int rows = f.Find(u"Barra_31"_qs)->y() - f.Find(u"Barra_0"_qs)->y();

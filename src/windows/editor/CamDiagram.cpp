@@ -226,7 +226,7 @@ void CamDiagram::Arrange() {
   const int scaleHeight = ScaleHeight();
   const int room = std::max(0, height() - 2 * scaleHeight);
   const int rowHeight = std::min(highestRow * place_.numCams, room);
-  const QFont rows = RowFont(rowHeight / place_.numCams);
+  const QFont rows = RowFont(static_cast<double>(rowHeight) / place_.numCams);
   const QFontMetrics rowMetrics(rows);
   const int numbers = rowMetrics.horizontalAdvance(QStringLiteral("00")) + 6;
   const int halfMark = scaleMetrics.horizontalAdvance(QStringLiteral("360")) / 2 + 2;
@@ -252,7 +252,7 @@ int CamDiagram::ScaleHeight() const {
 }
 
 /// The text of a row of this height in pixels.
-QFont CamDiagram::RowFont(int height) const {
+QFont CamDiagram::RowFont(double height) const {
   QFont rows = font();
   rows.setPixelSize(std::clamp(qRound(height * 0.64), leastRowText, largestRowText));
   return rows;

@@ -137,7 +137,7 @@ class CamDiagram : public QWidget {
   void Arrange();
   QFont ScaleFont() const;
   int ScaleHeight() const;
-  QFont RowFont(int height) const;
+  QFont RowFont(double height) const;
   void ArrangeRows(const QFont& rows);
   void ArrangeScale();
   void NameRow(int cam);
