@@ -140,13 +140,15 @@ void MessageListing::Paint(QPainter& painter, int page) const {
 /// does not begin a line here anyway.
 void MessageListing::PaintRowMark(QPainter& painter, const Entry& entry) const {
   constexpr double thin = 4;
+  painter.setPen(QPen(Qt::black, thin, Qt::SolidLine, Qt::FlatCap));
   const QFontMetricsF metrics(font_);
   qsizetype at = MessageDisplay::Columns - entry.first;
   for (int line = 0; line < entry.lines.size() && at > 0; ++line) {
     const QString& text = entry.lines.at(line);
     if (at < text.size()) {
       const double x = entry.x + number_ + metrics.horizontalAdvance(text.left(at));
-      painter.fillRect(QRectF(x, entry.y + line * row_, thin, row_), Qt::black);
+      const double y = entry.y + line * row_;
+      painter.drawLine(QPointF(x, y), QPointF(x, y + row_));
     }
     at -= text.size();
   }

@@ -37,7 +37,7 @@ class MessageListingTest : public QObject {
         return {};
       words.removeAll(u"2026-11-21 14:05"_qs);
       words.removeAll(u"Page %1 / %2"_qs.arg(page).arg(pages));
-      marks_ += static_cast<int>(recorder.Bars().size());
+      marks_ += recorder.Uprights();
       printed += words.join(QString()).remove(u' ');
     }
     return printed;

@@ -59,6 +59,8 @@ class PaintRecorder : public QPaintDevice {
     return small;
   }
   const QList<QRectF>& Bars() const { return engine_.bars; }
+  /// How many upright lines were drawn.
+  int Uprights() const { return engine_.uprights; }
   /// Everything that was painted.
   const QRectF& Ink() const { return engine_.ink; }
 
@@ -93,6 +95,7 @@ class PaintRecorder : public QPaintDevice {
     void drawPath(const QPainterPath& path) override { ink |= path.boundingRect(); }
     void drawPolygon(const QPointF* points, int count, PolygonDrawMode) override {
       for (int i = 0; i < count; ++i) ink |= QRectF(points[i], QSizeF(1, 1));
+      if (count == 2 && qFuzzyCompare(points[0].x(), points[1].x())) ++uprights;
     }
     void drawTextItem(const QPointF& place, const QTextItem& item) override {
       const QRectF line(place.x(), place.y() - item.ascent(), item.width(),
@@ -115,6 +118,7 @@ class PaintRecorder : public QPaintDevice {
     QList<QRectF> places;
     QList<int> letters;
     QList<QRectF> bars;
+    int uprights = 0;
     QRectF ink;
   };
 
