@@ -180,12 +180,6 @@ class ListingTest : public QObject {
     QCOMPARE(lines.mid(17, 3).join(u'|'),
              u"ANTICIPO CAMS  17 ms   210|RITARDI OFF|RAPPORTI OFF"_qs);
   }
-
-  void TheLastCamAloneHasPhases() {
-    program_.SetPhase(2, 31, 10, 20);
-    const Listing listing(program_, texts_, {}, QDateTime(), {});
-    QVERIFY(listing.HasPhases(2) && !listing.HasPhases(1));
-  }
 };
 
 }  // namespace nira

@@ -3,6 +3,7 @@
 
 #include "controls/Digits.h"
 #include "controls/FocusScrollBar.h"
+#include "controls/PlainLabel.h"
 #include "files/MessageTable.h"
 #include "files/TextNumbers.h"
 #include "functions/CamLamp.h"
@@ -34,13 +35,6 @@ constexpr int lampColumns = 8;
 constexpr int widestPanel = 480;       // pixels
 constexpr double readingDigits = 2.6;  // times the desktop's text
 constexpr double targetDigits = 1.4;
-
-QLabel* DemoCaption(const QString& text) {
-  auto* label = new QLabel;
-  label->setTextFormat(Qt::PlainText);
-  label->setText(text);
-  return label;
-}
 
 QPushButton* DemoButton(const char* name, const char* caption) {
   auto* button = new QPushButton(QString::fromLatin1(caption));
@@ -98,7 +92,7 @@ void BNKRTN::BuildControls() {
 }
 
 QVBoxLayout* BNKRTN::BuildSizeChoice() {
-  auto* caption = DemoCaption(QStringLiteral("SELEZIONE FORMATO"));
+  auto* caption = PlainLabel(QStringLiteral("SELEZIONE FORMATO"));
   vScrForm_->setAccessibleName(caption->text());
   auto* row = new QHBoxLayout;
   row->setSpacing(16);
@@ -115,15 +109,15 @@ QVBoxLayout* BNKRTN::BuildSizeChoice() {
 QVBoxLayout* BNKRTN::BuildReadings() {
   auto* column = new QVBoxLayout;
   column->setSpacing(0);
-  column->addWidget(DemoCaption(QStringLiteral("GRADI")), 0, Qt::AlignRight);
+  column->addWidget(PlainLabel(QStringLiteral("GRADI")), 0, Qt::AlignRight);
   column->addWidget(vgradi_, 0, Qt::AlignRight);
   column->addStretch();
-  column->addWidget(DemoCaption(QStringLiteral("VELOCITA'  GIRI/MIN")), 0, Qt::AlignRight);
+  column->addWidget(PlainLabel(QStringLiteral("VELOCITA'  GIRI/MIN")), 0, Qt::AlignRight);
   column->addWidget(lVeloc_, 0, Qt::AlignRight);
   auto* target = new QHBoxLayout;
   target->setSpacing(8);
   target->addStretch();
-  target->addWidget(DemoCaption(texts_.Text(TextNumber::DemoTarget)));
+  target->addWidget(PlainLabel(texts_.Text(TextNumber::DemoTarget)));
   target->addWidget(target_);
   column->addLayout(target);
   return column;
@@ -134,7 +128,7 @@ QWidget* BNKRTN::BuildPanel() {
   top->setSpacing(32);
   top->addLayout(BuildSizeChoice(), 1);
   top->addLayout(BuildReadings());
-  auto* speed = DemoCaption(texts_.Text(TextNumber::DemoSpeed));
+  auto* speed = PlainLabel(texts_.Text(TextNumber::DemoSpeed));
   scrolVel_->setAccessibleName(speed->text());
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(8);
@@ -174,7 +168,7 @@ QGridLayout* BNKRTN::BuildLamps() {
 void BNKRTN::BuildLayout() {
   auto* cycle = new QVBoxLayout;
   cycle->setSpacing(0);
-  auto* caption = DemoCaption(texts_.Text(TextNumber::DemoCircle));
+  auto* caption = PlainLabel(texts_.Text(TextNumber::DemoCircle));
   caption->setObjectName(QStringLiteral("CERCHIO"));
   cycle->addWidget(caption, 0, Qt::AlignHCenter);
   cycle->addWidget(circle_, 1);

@@ -5,6 +5,7 @@
 #include "controls/Digits.h"
 #include "controls/FocusScrollBar.h"
 #include "controls/NumberBox.h"
+#include "controls/PlainLabel.h"
 #include "files/MessageTable.h"
 #include "files/TextNumbers.h"
 #include "functions/RangeNote.h"
@@ -27,13 +28,6 @@ namespace {
 constexpr double valueDigits = 2.2;  // times the desktop's text
 constexpr double resultDigits = 3.6;
 constexpr double typedDigits = 1.25;
-
-QLabel* PlainLabel(const QString& text) {
-  auto* label = new QLabel;
-  label->setTextFormat(Qt::PlainText);
-  label->setText(text);
-  return label;
-}
 
 /// A caption over what it names: the value, the bar that sets it, and the box to type it.
 QVBoxLayout* Captioned(QLabel* caption, QLabel* value, FocusScrollBar* bar, NumberBox* box) {

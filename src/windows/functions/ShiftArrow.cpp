@@ -5,8 +5,6 @@
 
 #include <QPainter>
 
-#include <algorithm>
-
 namespace nira {
 
 namespace {
@@ -55,13 +53,17 @@ void ShiftArrow::paintEvent(QPaintEvent*) {
   PaintWords(painter, end);
 }
 
-/// To the right of the start, where the arrow itself never is unless it comes round; where there is
-/// no room to the left of its tip.
+/// To the right of the start, where the arrow itself is not unless it comes round; where there is
+/// no room in the middle of its longest part.
 void ShiftArrow::PaintWords(QPainter& painter, double end) const {
+  const double start = XOf(from_);
   const double room = fontMetrics().horizontalAdvance(Words()) + 4;
-  double left = XOf(from_) + wordsGap;
-  if (left + room > width() || (end > left && end < left + room)) left = end - wordsGap - room;
-  left = std::clamp(left, 0.0, std::max(0.0, width() - room));
+  double left = start + wordsGap;
+  if (left + room > width() || (end > start && end < left + room)) {
+    const bool after = end > start && width() - end > start;
+    const double from = after || end < start ? end : 0;
+    left = (from + (after ? width() : start) - room) / 2;
+  }
   const QRectF place(left, (height() - fontMetrics().height()) / 2.0, room, fontMetrics().height());
   painter.fillRect(place, palette().color(QPalette::Window));
   painter.drawText(place, Qt::AlignCenter, Words());

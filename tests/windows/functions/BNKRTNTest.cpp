@@ -86,15 +86,6 @@ class BNKRTNTest : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void Opens() {
-    for (const int cams : {16, 32}) {
-      const Demo d(cams);
-      QCOMPARE(d.window->findChildren<CamLamp*>().size(), cams);
-      QCOMPARE(d.Lit(), d.On(1, 0));
-      QVERIFY(!d.Find<QTimer>("Timer1")->isActive() && !d.IsTurning());
-    }
-  }
-
   /// Every degree of more than a turn: lamps and degree, a change of size on the way, and one while
   /// the pointer stands.
   void Turns() {

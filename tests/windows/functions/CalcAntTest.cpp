@@ -143,19 +143,6 @@ class CalcAntTest : public QObject {
     QTEST(c.Text("Note"), "note");
     QCOMPARE(box->text(), words.constLast());
   }
-
-  void FromTheMenu() {
-    WindowFixture f;
-    QVERIFY(f.StartWith(u"100-110"_qs, 4));
-    QString shown;
-    WhenOpens<CalcAnt>([&shown](CalcAnt* window) {
-      shown = window->findChild<QLabel*>(u"Label14"_qs)->text();
-      QTest::mouseClick(window->findChild<QPushButton*>(u"Command1"_qs), Qt::LeftButton);
-    });
-    f.Choose("o_Ant");
-    QCOMPARE(shown, u"F01 C05"_qs);
-    QVERIFY(QApplication::activeModalWidget() == nullptr);
-  }
 };
 
 }  // namespace nira
