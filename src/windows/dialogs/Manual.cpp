@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "dialogs/Manual.h"
 
+#include "controls/Shades.h"
 #include "files/TextNumbers.h"
 
 #include <QFile>
@@ -13,6 +14,7 @@
 #include <QShortcut>
 #include <QTextBlock>
 #include <QTextBrowser>
+#include <QTextTable>
 #include <QVBoxLayout>
 
 /// The manual stands in a static library, where nothing else would pull it in.
@@ -24,7 +26,7 @@ namespace nira {
 
 namespace {
 
-constexpr int pictureWidth = 640;  // pixels at most, so that a page needs no scrolling sideways
+constexpr int pictureWidth = 560;  // pixels at most, so that a page needs no scrolling sideways
 constexpr int block = Qt::UserRole;
 
 /// Shows the pictures of the manual in the width of its text. Links lead out of it and stay words.
@@ -59,6 +61,7 @@ Manual::Manual(const MessageTable& texts, QWidget* window)
   BuildLayout();
   QFile file(QStringLiteral(":/manual/manual.md"));
   if (file.open(QIODevice::ReadOnly)) page_->setMarkdown(QString::fromUtf8(file.readAll()));
+  Typeset();
   ListHeadings();
   connect(headings_, &QListWidget::currentRowChanged, this, &Manual::GoTo);
   connect(find_, &QLineEdit::returnPressed, this, &Manual::Find);
@@ -100,6 +103,24 @@ void Manual::BuildLayout() {
   layout->setSpacing(8);
   layout->addLayout(search);
   layout->addLayout(pages);
+}
+
+/// Tables with one line between the cells, and lines of code that break like all others.
+void Manual::Typeset() {
+  for (QTextFrame* frame : page_->document()->rootFrame()->childFrames()) {
+    auto* table = qobject_cast<QTextTable*>(frame);
+    if (table == nullptr) continue;
+    QTextTableFormat format = table->format();
+    format.setBorderCollapse(true);
+    format.setBorderBrush(SecondaryText(palette()));
+    format.setCellPadding(4);
+    table->setFormat(format);
+  }
+  QTextBlockFormat breaking;
+  breaking.setNonBreakableLines(false);
+  QTextCursor all(page_->document());
+  all.select(QTextCursor::Document);
+  all.mergeBlockFormat(breaking);
 }
 
 void Manual::ListHeadings() {

@@ -25,6 +25,7 @@ class Manual : public QWidget {
 
   void BuildControls();
   void BuildLayout();
+  void Typeset();
   void ListHeadings();
   void ShowTexts();
   void GoTo(int row);
