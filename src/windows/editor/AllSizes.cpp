@@ -60,6 +60,8 @@ void AllSizes::BuildControls() {
   diagram_ = new CamDiagram(std::move(kind), this);
   diagram_->setObjectName(QStringLiteral("SizesDiagram"));
   diagram_->setAccessibleName(windowTitle());
+  diagram_->SetWords({instance_.Text(TextNumber::SizeWord), instance_.Text(TextNumber::PhaseWord),
+                      instance_.Text(TextNumber::PhasesWord), instance_.Text(TextNumber::NoPhase)});
   diagram_->setFocusPolicy(Qt::StrongFocus);
   diagram_->SetWords({instance_.Text(TextNumber::SizeWord), instance_.Text(TextNumber::PhaseWord),
                       instance_.Text(TextNumber::PhasesWord), instance_.Text(TextNumber::NoPhase)});
