@@ -13,6 +13,7 @@
 #include "editor/DeviceBlock.h"
 #include "editor/FileCommands.h"
 #include "editor/LineCommands.h"
+#include "editor/PanelExtras.h"
 #include "editor/PhaseEntry.h"
 #include "editor/PhaseMenu.h"
 #include "editor/SizeCommands.h"
@@ -100,6 +101,8 @@ MainWindow::MainWindow(Instance& instance, const PortNames& ports)
   BuildSizesMenu();
   BuildOtherMenus();
   BuildToolbar(ports);
+  extras_ = new PanelExtras(entry_, {findChild<QAction*>(QStringLiteral("NewPhase")),
+                                     findChild<QAction*>(QStringLiteral("DelPhase")), o_Undo_});
   ConnectAll();
   ShowPictures();
   FitToScreen();
@@ -206,6 +209,7 @@ void MainWindow::ConnectAll() {
   connect(entry_, &PhaseEntry::Committed, this, [this] {
     o_Undo_->setEnabled(true);
     ShowSizeCam();
+    extras_->ShowUndoRow(sizeCam_->text());
   });
   connect(entry_->Speed(), &SpeedBox::SpeedChanged, this, &MainWindow::ShowSwitching);
   connect(entry_, &PhaseEntry::MenuWanted, this,
@@ -341,6 +345,7 @@ bool MainWindow::LoadTexts() {
   }
   diagram_->SetWords({instance_.Text(TextNumber::CamWord), instance_.Text(TextNumber::PhaseWord),
                       instance_.Text(TextNumber::PhasesWord), instance_.Text(TextNumber::NoPhase)});
+  extras_->ShowTexts(instance_.Texts);
   picture1_->setAccessibleName(instance_.Text(TextNumber::SizeWord));
   device_->ShowPort();
   instance_.Dialog.FolderNotFound = instance_.Text(TextNumber::FolderNotFound);
@@ -619,7 +624,9 @@ void MainWindow::Rescale(double factor) {
   picture1_->Rescale({scaled(72), scaled(30)});
   strip_->Rescale(scaled(base * 0.92));
   diagram_->Rescale(scaled(base * 0.92));
-  entry_->Rescale(scaled(base * 1.2), large, scaled(212));
+  const int type = scaled(base * 1.2);
+  entry_->Rescale(type, large, scaled(212));
+  extras_->Rescale(type, type * 13 / 16);
 }
 
 /// Where the last run left it; a place on a screen that is gone is moved onto one that is there.

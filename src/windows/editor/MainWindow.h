@@ -20,6 +20,7 @@ class CamDiagram;
 class DeviceBlock;
 class FileCommands;
 class LineCommands;
+class PanelExtras;
 class PhaseEntry;
 class SizeCommands;
 class SizeStepper;
@@ -113,6 +114,7 @@ class MainWindow : public QMainWindow {
   LineCommands* lines_;
   CamDiagram* diagram_;
   PhaseEntry* entry_;
+  PanelExtras* extras_;
   SizeStepper* picture1_;
   SizeStrip* strip_;
   QLabel* sizeCam_;

@@ -152,6 +152,11 @@ void PhaseEntry::BuildLayout() {
   layout->addWidget(preview_);
 }
 
+void PhaseEntry::AddUnderList(QWidget* widget) {
+  auto* column = static_cast<QVBoxLayout*>(layout());
+  column->insertWidget(column->indexOf(fase_) + 1, widget);
+}
+
 void PhaseEntry::Rescale(int dataPixels, int entryPixels, int width) {
   QFont digits = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   digits.setPixelSize(dataPixels);

@@ -35,6 +35,9 @@ class PhaseEntry : public QWidget {
   void Open();
   void HideBoxes();
 
+  /// Puts something between the list and the count.
+  void AddUnderList(QWidget* widget);
+
   /// Selects the line of a phase, as a click on it does; nothing when the list has no such line.
   void Select(const Phase& phase);
   /// The phase of the selected line, none without one.

@@ -4,16 +4,24 @@
 #include "editor/MainMenu.h"
 #include "editor/PhaseEntry.h"
 
+#include <QAction>
+
 namespace nira {
 
 void AddPhaseMenu(MainMenu& menu, PhaseEntry& entry) {
+  const auto onSelected = [&entry](QAction* action) {
+    action->setEnabled(false);
+    QObject::connect(&entry, &PhaseEntry::Marked, action,
+                     [action](int, const auto& phase) { action->setEnabled(phase.has_value()); });
+  };
   const auto move = [&](const char* name, const char* caption, const QKeySequence& key,
                         PhasePart part, int degrees) {
-    menu.Add(name, caption, key, [&entry, part, degrees] { entry.Move(part, degrees); });
+    onSelected(
+        menu.Add(name, caption, key, [&entry, part, degrees] { entry.Move(part, degrees); }));
   };
   menu.AddMenu("Phase", "&Phase", [&] {
     menu.Add("NewPhase", "&New", Qt::Key_Insert, [&entry] { entry.New(); });
-    menu.Add("DelPhase", "&Delete", Qt::Key_Delete, [&entry] { entry.Delete(); });
+    onSelected(menu.Add("DelPhase", "&Delete", Qt::Key_Delete, [&entry] { entry.Delete(); }));
     menu.AddSeparator();
     move("PhaseEarlier", "1° &Earlier", Qt::CTRL | Qt::Key_Left, PhasePart::Whole, -1);
     move("PhaseLater", "1° &Later", Qt::CTRL | Qt::Key_Right, PhasePart::Whole, 1);

@@ -198,6 +198,32 @@ class PhaseEntryTest : public QObject {
     QCOMPARE(f.Runs(1, 4), RunsOf(row));
   }
 
+  /// What the panel has room for, and what its buttons say.
+  void Panel() {
+    WindowFixture f;
+    QVERIFY(f.StartWith(u"100-110"_qs, 4));
+    const auto shown = [&f](int height) {
+      f.window->resize(f.window->width(), height);
+      QApplication::processEvents();
+      QStringList names;
+      for (const char* name : {"NewPhaseButton", "DelPhaseButton", "UndoButton", "KeyHints"}) {
+        if (f.Find(QString::fromLatin1(name))->isVisible()) names.append(QLatin1String(name));
+      }
+      return names.size();
+    };
+    QVERIFY(shown(560) < 4);
+    QCOMPARE(shown(1000), 4);
+    QVERIFY(!f.Find(u"DelPhaseButton"_qs)->isEnabled());
+    f.ClickLine(0);
+    f.Click(u"DelPhaseButton"_qs);
+    QCOMPARE(f.Runs(1, 4), QString());
+    QCOMPARE(f.Find(u"UndoButton"_qs)->accessibleName(), u"Undo riga di F01 C05"_qs);
+    f.Click(u"UndoButton"_qs);
+    f.Click(u"NewPhaseButton"_qs);
+    f.Type(u"5\r6\r"_qs);
+    QCOMPARE(f.Runs(1, 4), u"5-6 100-110"_qs);
+  }
+
   void KeysSelectCams() {
     WindowFixture f;
     QVERIFY(f.Start());
