@@ -32,6 +32,7 @@ class MessageListingTest : public QObject {
       const bool inside = QRectF({}, size).adjusted(100, 100, -100, -100).contains(recorder.Ink());
       if (!inside) return u"outside the margins"_qs;
       if (!recorder.Overlap().isEmpty()) return recorder.Overlap();
+      if (!recorder.WordsBelow(90).isEmpty()) return u"letters below 9 points"_qs;
       QStringList words = recorder.Words();
       if (!u"MESSAGES: press.MSG"_qs.startsWith(words.takeFirst().section(u'\u2026', 0, 0)))
         return {};

@@ -300,6 +300,7 @@ void BNKRTN::SpeakLamps() {
 /// A pointer that turns goes its own way.
 void BNKRTN::Circle_Asked(int degree) {
   if (IsTurning()) return;
+  circle_->setFocus();  // the arrow keys go on from here
   DemoAngle = degree;
   ShowDegree();
   Timer2_Timer();

@@ -137,7 +137,7 @@ class BNKRTNTest : public QObject {
       QCOMPARE(d.Lit(), d.On(1, degree));
     }
     QVERIFY(d.Find("Label1_4")->accessibleName() == u"C5 , ON"_qs);
-    QTest::keyClick(circle, Qt::Key_Right);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
     QCOMPARE(d.Text("Vgradi"), u"000"_qs);
     QVERIFY(d.Find("Label1_4")->accessibleName() == u"C5 , OFF"_qs);
     QTest::mouseClick(circle, Qt::LeftButton, {}, QPoint(1, 1));  // beside the circle
