@@ -77,6 +77,9 @@ QMenu* AlMsg::BuildMenu() {
   auto* menu = new QMenu(instance_.Text(TextNumber::MsgFileMenu), this);
   AddEntry(menu, "f_New", TextNumber::MsgNew, &AlMsg::f_New_Click, QKeySequence::New);
   AddEntry(menu, "f_Open", TextNumber::MsgOpen, &AlMsg::f_Open_Click, QKeySequence::Open);
+  QAction* last = menu->addAction(QString());
+  last->setObjectName(QStringLiteral("f_Last"));
+  connect(last, &QAction::triggered, this, &AlMsg::f_Last_Click);
   AddEntry(menu, "f_Save", TextNumber::MsgSave, &AlMsg::f_Save_Click, QKeySequence::Save);
   AddEntry(menu, "SVA", TextNumber::MsgSaveAs, &AlMsg::SVA_Click);
   menu->addSeparator();
@@ -190,6 +193,15 @@ void AlMsg::ShowTitle() {
     title = QStringLiteral("NIRA-KPL -  ") + instance_.Text(TextNumber::AlarmMessages);
   title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));  // no placeholder of Qt's
   setWindowTitle(title);
+  ShowLast();
+}
+
+/// The entry that opens the file used last names it.
+void AlMsg::ShowLast() {
+  QString path = LastMessageFile(instance_.User);
+  auto* entry = findChild<QAction*>(QStringLiteral("f_Last"));
+  entry->setVisible(!path.isEmpty());
+  entry->setText(QStringLiteral("&1 ") + path.replace(u'&', QStringLiteral("&&")));
 }
 
 /// The entry that chooses the font names the chosen one.
@@ -243,8 +255,16 @@ void AlMsg::f_Open_Click() {
   PrepareDialog(QStringLiteral("APRI File Messaggi"), clsCommonDialog::FileMustExist,
                 LastMessageFile(instance_.User));
   if (!instance_.Dialog.ShowOpen(this) || instance_.Dialog.FileName.isEmpty()) return;
+  OpenFile(instance_.Dialog.FileName);
+}
+
+void AlMsg::f_Last_Click() {
+  if (MayLoseMessages()) OpenFile(LastMessageFile(instance_.User));
+}
+
+void AlMsg::OpenFile(const QString& path) {
   QString& current = instance_.Settings.MsgFile;
-  const QString before = std::exchange(current, instance_.Dialog.FileName);
+  const QString before = std::exchange(current, path);
   if (!ReadMsgFile()) {
     current = before;
     return;

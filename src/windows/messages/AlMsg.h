@@ -52,11 +52,13 @@ class AlMsg : public QDialog {
   void BuildLayout();
   void ShowPictures();
   void ShowTitle();
+  void ShowLast();
   void ShowFont();
   void ShowSelected();
   void ShowAll();
 
   bool MayLoseMessages();
+  void OpenFile(const QString& path);
   bool ReadMsgFile();
   bool WriteMsgFile(Buttons asking);
   void ShowNote(const MessageFile& file);
@@ -64,6 +66,7 @@ class AlMsg : public QDialog {
 
   void f_New_Click();
   void f_Open_Click();
+  void f_Last_Click();
   void f_Save_Click();
   void SVA_Click();
   void t_Searc_Click();

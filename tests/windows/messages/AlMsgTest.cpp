@@ -126,6 +126,7 @@ class AlMsgTest : public QObject {
       f.Reopen();
       f.Do(u"f_Open"_qs);
       QVERIFY(f.dialog.shown.constLast().endsWith(u"; "_qs + path));  // the last one is offered
+      f.Do(u"f_Last"_qs);
       QCOMPARE(f.messages->windowTitle(), prefix + path);
       QCOMPARE(f.Display(), u"EMERGENCY STOP      /FRONT DESK"_qs);
     }
