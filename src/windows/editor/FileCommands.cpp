@@ -13,6 +13,14 @@
 
 namespace nira {
 
+namespace {
+
+bool IsOfOtherModel(const Fault& fault) {
+  return fault.What == Fault::Kind::WrongCams || fault.What == Fault::Kind::OtherSizes;
+}
+
+}  // namespace
+
 QString ForcedName(const QString& name) {
   constexpr qsizetype longest = 200;
   if (name.isEmpty() || name.size() > longest) return name;
@@ -102,7 +110,11 @@ void FileCommands::Load() {
                       QString::number(program.NumSizes()) + QStringLiteral("  [") + current + u']');
   program.SelectSize(1);
   Q_EMIT ProgramReplaced();
-  if (result) TakeAsRecent(path, *result);
+  if (result) {
+    TakeAsRecent(path, *result);
+  } else if (const Fault& why = result.Why(); IsOfOtherModel(why)) {
+    Q_EMIT Refused(path, CountsOfHeader(why.Text.toStdString()));
+  }
 }
 
 void FileCommands::TakeAsRecent(const QString& path, const LoadedFile& file) {

@@ -47,6 +47,8 @@ class FileCommands : public QObject {
   void ProgramReplaced();
   void Saved();
   void TitleChanged(const QString& title);
+  /// A file was not taken for its numbers of cams and sizes.
+  void Refused(const QString& path, const nira::CamFileCounts& counts);
   void RecentChanged(const QStringList& paths);
   /// What was done, or not.
   void Note(const QString& text);

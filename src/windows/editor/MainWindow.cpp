@@ -20,6 +20,7 @@
 #include "editor/SizeStepper.h"
 #include "editor/SizeStrip.h"
 #include "editor/SpeedBox.h"
+#include "editor/StartPanel.h"
 #include "editor/StatusLine.h"
 #include "functions/BNKRTN.h"
 #include "functions/CalcAnt.h"
@@ -103,6 +104,7 @@ MainWindow::MainWindow(Instance& instance, const PortNames& ports)
   BuildToolbar(ports);
   extras_ = new PanelExtras(entry_, {findChild<QAction*>(QStringLiteral("NewPhase")),
                                      findChild<QAction*>(QStringLiteral("DelPhase")), o_Undo_});
+  BuildStart();
   ConnectAll();
   ShowPictures();
   FitToScreen();
@@ -178,6 +180,15 @@ void MainWindow::BuildCentre() {
   layout->addLayout(left, 1);
   layout->addWidget(entry_);
   setCentralWidget(centre);
+}
+
+void MainWindow::BuildStart() {
+  const StartPanel::Entries entries = {f_open_, f_newp_, menuBar()->findChild<QAction*>("Rc_Siz"),
+                                       menuBar()->findChild<QAction*>("f_New")};
+  start_ = new StartPanel(instance_, entries, diagram_->Barra(0), centralWidget());
+  connect(start_, &StartPanel::RecentChosen, this, &MainWindow::OpenRecent);
+  connect(files_, &FileCommands::RecentChanged, start_, &StartPanel::ShowRecent);
+  connect(files_, &FileCommands::Refused, start_, &StartPanel::ShowRefused);
 }
 
 void MainWindow::ConnectAll() {
@@ -383,6 +394,7 @@ void MainWindow::ShowSizeCam() {
 void MainWindow::ShowState() {
   strip_->ShowSizes(instance_.Program);
   status_->Show();
+  start_->Follow(strip_->Used() == 0 && !QFileInfo::exists(instance_.Settings.CurrentFile));
 }
 
 void MainWindow::ShowSwitching() {

@@ -25,6 +25,7 @@ class PhaseEntry;
 class SizeCommands;
 class SizeStepper;
 class SizeStrip;
+class StartPanel;
 class StatusLine;
 
 /// The program's window: menus, toolbar, diagram and phase entry of the selected size and cam.
@@ -73,6 +74,7 @@ class MainWindow : public QMainWindow {
   void AddProgrammer(const PortNames& ports);
   void BuildToolbar(const PortNames& ports);
   void BuildCentre();
+  void BuildStart();
   void ConnectAll();
   void ShowPictures();
   void Command(const MainMenu::Handler& handler);
@@ -119,6 +121,7 @@ class MainWindow : public QMainWindow {
   SizeStrip* strip_;
   QLabel* sizeCam_;
   StatusLine* status_;
+  StartPanel* start_;
   DeviceBlock* device_;
   QToolBar* toolbar_;
   // The entries of the menus that something else shares or switches.

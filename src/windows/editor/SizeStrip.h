@@ -21,6 +21,9 @@ class SizeStrip : public QWidget {
   /// Takes over what it shows, also the texts.
   void ShowSizes(const CamProgram& program);
 
+  /// Sizes with a phase.
+  int Used() const { return use_.Used(); }
+
   /// Pixels of its type.
   void Rescale(int pixels);
 

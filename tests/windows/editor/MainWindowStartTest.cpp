@@ -148,6 +148,34 @@ class MainWindowStartTest : public QObject {
     }
   }
 
+  /// What to begin with stands over the bars until something else does, and again when a file does
+  /// not fit the model.
+  void EmptyStart() {
+    WindowFixture f;
+    f.Recent({f.Sample(u"press.CAM"_qs)});
+    QVERIFY(f.Start());
+    const auto* panel = f.Find(u"StartPanel"_qs);
+    QTRY_VERIFY(panel->isVisible());
+    f.Press(Qt::Key_Escape);
+    QVERIFY(!panel->isVisible());
+    const QString other = f.Path(u"other.CAM"_qs);
+    QVERIFY(WriteBytes(other, PlainHead().replace(" 2 - 1 ", " 16 - 44 ") + "END\r\n"));
+    f.dialog.Expect(other);
+    f.prompts.Expect();
+    f.Click(u"OP_FIL"_qs);
+    QTRY_VERIFY(panel->isVisible());
+    QStringList told;
+    for (const auto* label : panel->findChildren<QLabel*>()) told += label->text();
+    QVERIFY(told.contains(u"Il file other.CAM è per 16 camme e 44 formati."));
+    QVERIFY(told.contains(u"Il programma è impostato per 32 camme e 22 formati."));
+    f.chooseModel = [](Carprg* window) { window->findChild<QRadioButton*>(u"O_QX_0"_qs)->click(); };
+    f.Click(u"StartModel"_qs);
+    QVERIFY(panel->isVisible());
+    f.Click(u"StartRecent_1"_qs);  // the file that did not fit
+    QCOMPARE(f.settings.CurrentFile, other);
+    QVERIFY(!panel->isVisible());
+  }
+
   void ShortcutsDoNotClash() {
     WindowFixture f;
     QVERIFY(f.Start());
