@@ -114,8 +114,13 @@ QString UntypableCharacter(QStringView text) {
 }
 
 QString Filled(QString text, const QStringList& values) {
-  for (qsizetype k = values.size(); k > 0; --k) {
-    text.replace(u'%' + QString::number(k), values.at(k - 1));
+  qsizetype at = 0;
+  while ((at = text.indexOf(u'%', at)) >= 0) {
+    const int number = at + 1 < text.size() ? text.at(at + 1).digitValue() : 0;
+    const bool place = number >= 1 && number <= values.size();
+    const QString value = place ? values.at(number - 1) : QStringLiteral("%");
+    text.replace(at, place ? 2 : 1, value);
+    at += value.size();  // what a value holds is no place
   }
   return text;
 }
