@@ -9,6 +9,7 @@
 #include <QLabel>
 
 #include <algorithm>
+#include <utility>
 
 namespace nira {
 
