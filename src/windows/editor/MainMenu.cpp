@@ -46,6 +46,7 @@ void MainMenu::AddToBar(const char* name, const char* caption, const Handler& ha
 
 QAction* MainMenu::Connect(QAction* action, const char* name, const Handler& handler) {
   action->setObjectName(QString::fromLatin1(name));
+  action->setAutoRepeat(false);         // a key held down for long sends once
   action->setIconVisibleInMenu(false);  // a picture is for the toolbar
   connect(action, &QAction::triggered, this, [this, handler] { command_(handler); });
   return action;

@@ -256,10 +256,17 @@ void PhaseEntry::Preview() {
 void PhaseEntry::SelectWritten(int on, int off) {
   const int row = on == off ? -1 : PhaseAt(phases_, on);
   if (row < 0 || shown_ != Selected()) return;
-  const QSignalBlocker quiet(fase_);
   const int scrolled = fase_->verticalScrollBar()->value();
-  fase_->setCurrentRow(row);
+  MarkLine(row);
   if (fase_->hasFocus()) fase_->verticalScrollBar()->setValue(scrolled);
+}
+
+/// Selects a line of the list, or none for -1, and loads nothing.
+void PhaseEntry::MarkLine(int row) {
+  {
+    const QSignalBlocker quiet(fase_);
+    fase_->setCurrentRow(row);
+  }
   TellMarked();
 }
 
@@ -288,12 +295,13 @@ void PhaseEntry::LoadFirstLine() {
 
 void PhaseEntry::StartAnew() {
   entered_ = Box::None;
-  LoadFirstLine();
+  Chosen() ? LoadFromLine(fase_->currentItem()->text()) : LoadFirstLine();
   const QWidget* focused = window()->focusWidget();
   if (focused == gradiOn_ || focused == gradiOff_) fase_->setFocus(Qt::OtherFocusReason);
 }
 
 void PhaseEntry::Open() {
+  MarkLine(fase_->count() > 0 ? 0 : -1);  // what the boxes hold
   ShowBoxes();
   gradiOff_->setEnabled(true);
   LoadFirstLine();
@@ -396,11 +404,7 @@ void PhaseEntry::GoBack() {
 }
 
 void PhaseEntry::New() {
-  {
-    const QSignalBlocker quiet(fase_);
-    fase_->setCurrentItem(nullptr);
-  }
-  TellMarked();
+  MarkLine(-1);
   ShowBoxes();
   gradiOff_->setEnabled(true);
   LoadFromLine({});

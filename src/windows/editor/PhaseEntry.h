@@ -116,6 +116,7 @@ class PhaseEntry : public QWidget {
   void StepCam(char16_t code);
   void ShowLengths();
   void SelectWritten(int on, int off);
+  void MarkLine(int row);
   void TellMarked();
   void Preview();
   void EnterPair();

@@ -16,8 +16,10 @@ void AddPhaseMenu(MainMenu& menu, PhaseEntry& entry) {
   };
   const auto move = [&](const char* name, const char* caption, const QKeySequence& key,
                         PhasePart part, int degrees) {
-    onSelected(
-        menu.Add(name, caption, key, [&entry, part, degrees] { entry.Move(part, degrees); }));
+    const auto handler = [&entry, part, degrees] { entry.Move(part, degrees); };
+    QAction* action = menu.Add(name, caption, key, handler);
+    action->setAutoRepeat(true);
+    onSelected(action);
   };
   menu.AddMenu("Phase", "&Phase", [&] {
     menu.Add("NewPhase", "&New", Qt::Key_Insert, [&entry] { entry.New(); });

@@ -299,13 +299,11 @@ class DiagramTest : public QObject {
     QContextMenuEvent wanted(QContextMenuEvent::Mouse, QPoint(5, 5), QCursor::pos());
     QApplication::sendEvent(f.Find(u"LDefC_9"_qs), &wanted);
     QTRY_COMPARE(f.prompts.Shown().value(0), u"Question NoYes: AZZERARE LA CAMMA N. 10 ?"_qs);
-    for (const QString& focused : {u"Diagram"_qs, u"Fase"_qs}) {
-      QMenu* opened = nullptr;
-      WhenOpens<QMenu>([&opened](QMenu* menu) { (opened = menu)->close(); });
-      QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(5, 5), QCursor::pos());
-      QApplication::sendEvent(f.Find(focused), &key);
-      QTRY_VERIFY(opened != nullptr);
-    }
+    QMenu* opened = nullptr;
+    WhenOpens<QMenu>([&opened](QMenu* menu) { (opened = menu)->close(); });
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(5, 5), QCursor::pos());
+    QApplication::sendEvent(f.Find(u"Fase"_qs), &key);
+    QTRY_VERIFY(opened != nullptr);
   }
 
   /// The ends of the selected run and the run itself follow the pointer; what ends a drag otherwise
@@ -313,8 +311,7 @@ class DiagramTest : public QObject {
   void Drags_data() {
     TextTable(
         {"grip", "way", "end", "boxes", "after"},
-        {{"end", "230", "20,0", "release", "200 250", "0-10 100-110 200-250 350-360"},
-         {"inwards", "200", "12,0", "release", "212 230", "0-10 100-110 212-230 350-360"},
+        {{"inwards", "200", "12,0", "release", "212 230", "0-10 100-110 212-230 350-360"},
          {"run", "215", "-50,0", "release", "150 180", "0-10 100-110 150-180 350-360"},
          {"over a neighbour", "215", "-95,0", "release", "105 135", "0-10 105-135 350-360"},
          {"beyond the edge", "215", "155,0", "release", "355 025", "0-25 100-110 355-360"},
@@ -322,7 +319,6 @@ class DiagramTest : public QObject {
          {"an unselected run", "105", "30,0", "release", "100 110", ""},
          {"left upwards", "230", "20,-999", "release", "200 240", "0-10 100-110 200-240 350-360"},
          {"Escape", "230", "20,0", "Escape", "200 230", ""},
-         {"a key that waits", "230", "20,0", "PageDown", "200 250", "0-10 100-110 200-250 350-360"},
          {"other window", "230", "20,0", "window", "200 230", ""},
          {"a command", "230", "20,0", "command", "200 230", ""}});
   }
@@ -349,7 +345,6 @@ class DiagramTest : public QObject {
     if (grip == u"215"_qs) QCOMPARE(shown, Qt::ClosedHandCursor);
     if (grip.endsWith(u'0')) QCOMPARE(shown, Qt::SizeHorCursor);
     if (end == u"Escape"_qs) f.Press(Qt::Key_Escape);
-    if (end == u"PageDown"_qs) f.Press(Qt::Key_PageDown);
     if (end == u"window"_qs) WindowFixture::OtherWindow();
     if (end == u"command"_qs) f.Item("s_sel")->trigger();
     Mouse(bar, QEvent::MouseButtonRelease, from + step);
@@ -394,6 +389,7 @@ class DiagramTest : public QObject {
     QCOMPARE(chosen.value(0)->data(Qt::UserRole).toString(), u"10°"_qs);
     QCOMPARE(f.Boxes(), u"100 310"_qs);
     QCOMPARE(f.Text("OnSum"), u"ON 50°  14 %"_qs);
+    f.window->ShowSizeCam();  // as after an exchange
     QCOMPARE(flags(), 2);
     f.Press(Qt::Key_PageDown);
     QCOMPARE(flags(), 0);

@@ -120,15 +120,6 @@ class PhaseEntryTest : public QObject {
     }
   }
 
-  void Undo() {
-    WindowFixture f;
-    QVERIFY(f.StartWith(u"100-110"_qs));
-    f.Enter(u"10\r20\r30\r40\r"_qs);
-    f.Choose("o_Undo");
-    QCOMPARE(f.Lines(), u"F001 010 020|F002 100 110"_qs);  // before the second entry
-    QVERIFY(!f.Item("o_Undo")->isEnabled());
-  }
-
   void PhaseListAndBoxes() {
     WindowFixture f;
     QVERIFY(f.StartWith(u"0-10 100-110 200-210 350-360"_qs));
@@ -162,15 +153,12 @@ class PhaseEntryTest : public QObject {
   void Keys_data() {
     TextTable({"keys", "runs", "boxes", "focus"},
               {{"moves", "Ctrl+Right Ctrl+Right Ctrl+Left", "101-111", "101 111", "Fase"},
-               {"OFF end", "Shift+Right", "100-111", "100 111", "Fase"},
                {"ON end", "Alt+Left Alt+Left", "98-110", "098 110", "Fase"},
                {"a correction in four keys", "1 0 5 Ctrl+Return", "105-110", "100 110", "GRADION"},
-               {"by two Enters", "Return 1 0 5 Return Return", "105-110", "100 110", "GRADION"},
                {"new", "Ins 3 0 0 Return 3 1 0 Return", "100-110 300-310", " 310", "GRADION"},
                {"none selected", "Del 5 0 Return 6 0 Return", "50-60", " 060", "GRADION"},
                {"arrows in a box", "1 0 Shift+Left 7 Alt+Left", "100-110", "17 110", "GRADION"},
                {"typing taken back", "1 0 5 Return 1 2 Esc Esc", "100-110", "100 110", "Fase"},
-               {"undo of typing", "1 0 5 Ctrl+Z Esc", "100-110", "100 110", "Fase"},
                {"undo from a box", "1 0 5 Ctrl+Return Ctrl+Z", "100-110", "100 110", "GRADION"},
                {"undo of a deletion", "Del Ctrl+Z", "100-110", "100 110", "Fase"},
                {"other size", "Ctrl+PgDown Ctrl+PgUp Del", "100-110", "100 110", "Fase"}});
@@ -198,30 +186,19 @@ class PhaseEntryTest : public QObject {
     QCOMPARE(f.Runs(1, 4), RunsOf(row));
   }
 
-  /// What the panel has room for, and what its buttons say.
+  /// A panel that is too low lets its buttons go.
   void Panel() {
     WindowFixture f;
     QVERIFY(f.StartWith(u"100-110"_qs, 4));
-    const auto shown = [&f](int height) {
-      f.window->resize(f.window->width(), height);
-      QApplication::processEvents();
-      QStringList names;
-      for (const char* name : {"NewPhaseButton", "DelPhaseButton", "UndoButton", "KeyHints"}) {
-        if (f.Find(QString::fromLatin1(name))->isVisible()) names.append(QLatin1String(name));
-      }
-      return names.size();
-    };
-    QVERIFY(shown(560) < 4);
-    QCOMPARE(shown(1000), 4);
+    f.window->resize(f.window->width(), 560);
+    QTRY_VERIFY(!f.Find(u"KeyHints"_qs)->isVisible());
+    f.window->resize(f.window->width(), 1000);
+    QTRY_VERIFY(f.Find(u"KeyHints"_qs)->isVisible());
     QVERIFY(!f.Find(u"DelPhaseButton"_qs)->isEnabled());
     f.ClickLine(0);
     f.Click(u"DelPhaseButton"_qs);
-    QCOMPARE(f.Runs(1, 4), QString());
+    QCOMPARE(f.Lines(), QString());
     QCOMPARE(f.Find(u"UndoButton"_qs)->accessibleName(), u"Undo riga di F01 C05"_qs);
-    f.Click(u"UndoButton"_qs);
-    f.Click(u"NewPhaseButton"_qs);
-    f.Type(u"5\r6\r"_qs);
-    QCOMPARE(f.Runs(1, 4), u"5-6 100-110"_qs);
   }
 
   void KeysSelectCams() {
