@@ -72,20 +72,22 @@ void StartPanel::ShowRefused(const QString& path, const CamFileCounts& counts) {
   isVisible() ? Build() : Follow(true);
 }
 
-/// It comes when the events that wait are done: the window is painted first, and a file that is
-/// being opened may make it superfluous.
+/// It comes after the next picture of the window, which it must not keep waiting at the start; a
+/// file that is being opened may have made it superfluous by then.
 void StartPanel::Follow(bool empty) {
   if (!empty) {
     refused_.clear();
     misfit_ = false;
     Dismiss();
   } else if (wanted_ && !isVisible()) {
-    QTimer::singleShot(0, this, &StartPanel::Open);
+    parentWidget()->installEventFilter(this);
+    parentWidget()->update();
   }
 }
 
 void StartPanel::Dismiss() {
   wanted_ = false;
+  parentWidget()->removeEventFilter(this);
   qApp->removeEventFilter(this);
   hide();
 }
@@ -95,8 +97,8 @@ void StartPanel::Open() {
   Build();
   raise();
   show();
-  qApp->removeEventFilter(this);
-  qApp->installEventFilter(this);
+  parentWidget()->removeEventFilter(this);
+  qApp->installEventFilter(this);  // once, however often
 }
 
 void StartPanel::Build() {
@@ -177,6 +179,10 @@ void StartPanel::Place() {
 
 /// While it is shown it sees what goes to the window before anybody else.
 bool StartPanel::eventFilter(QObject* watched, QEvent* event) {
+  if (!isVisible()) {
+    if (event->type() == QEvent::Paint) QTimer::singleShot(0, this, &StartPanel::Open);
+    return false;
+  }
   if (event->type() == QEvent::Resize && watched == parentWidget()) {
     QTimer::singleShot(0, this, &StartPanel::Place);  // when the bars have their places
   }

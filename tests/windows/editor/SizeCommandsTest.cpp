@@ -66,6 +66,8 @@ class SizeCommandsTest : public QObject {
     f.Click(u"Azz_Form"_qs);
     QCOMPARE(f.prompts.Shown().constLast(), u"Question NoYes: AZZERARE IL FORMATO N. 1 ?"_qs);
     QCOMPARE(ContentOf(f.program), QString());
+    QCOMPARE(f.Text("StatusNote"),
+             u"Formato 1 azzerato, il disegno segue alla prossima selezione"_qs);
     WindowFixture::OtherWindow();
     f.Activate();
     QCOMPARE(f.Lines(), u"F001 010 020|F002 100 110"_qs);
