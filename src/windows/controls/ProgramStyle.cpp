@@ -23,7 +23,7 @@ void DrawArrow(const QStyleOption& option, bool left, QPainter& painter) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(option.palette.buttonText());
+  painter.setBrush(option.palette.windowText());
   painter.drawPolygon(arrow);
   painter.restore();
 }
