@@ -8,11 +8,16 @@
 
 namespace nira {
 
+/// Digits of one width, `factor` times as high as this text.
+inline QFont DigitsLike(const QFont& text, double factor) {
+  QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  font.setPixelSize(qRound(QFontInfo(text).pixelSize() * factor));
+  return font;
+}
+
 /// The font of numbers: digits of one width, `factor` times as high as the desktop's text.
 inline QFont Digits(double factor) {
-  QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-  font.setPixelSize(qRound(QFontInfo(QApplication::font()).pixelSize() * factor));
-  return font;
+  return DigitsLike(QApplication::font(), factor);
 }
 
 /// A label for numbers up to the width of `widest`, right-aligned: nothing moves when it changes.

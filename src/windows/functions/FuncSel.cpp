@@ -1,22 +1,21 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "functions/FuncSel.h"
 
-#include "controls/CamLabel.h"
+#include "controls/Digits.h"
 #include "functions/RangeNote.h"
 #include "functions/ValueColumns.h"
+#include "functions/ValueEditor.h"
 #include "functions/ValueScroll.h"
 #include "ground/Text.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QCoreApplication>
-#include <QFontDatabase>
 #include <QFontInfo>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
@@ -38,18 +37,6 @@ constexpr int lastBefore25 = 23;
 QFont Sized(QFont font, double factor) {
   font.setPixelSize(qRound(QFontInfo(font).pixelSize() * factor));
   return font;
-}
-
-TextNumber TitleOf(FunctionValue value) {
-  if (IsRatio(value)) return TextNumber::RatioOnCams;
-  return value == FunctionValue::Advance ? TextNumber::AdvanceOnCam : TextNumber::DelayOnCams;
-}
-
-/// "5" for a cam, "17 - 20" for a group.
-QString CamsText(const CamGroup& group) {
-  const QString first = QString::number(group.first + 1);
-  if (group.first == group.last) return first;
-  return first + QStringLiteral(" - ") + QString::number(group.last + 1);
 }
 
 /// A box holds so few characters that its number fits the field.
@@ -93,13 +80,6 @@ void FuncSel::Form_Load() {
   if (larger > 1) setFont(Sized(font(), larger));
 }
 
-/// Digits of one width, so many times as large as the window's letters.
-QFont FuncSel::DigitFont(double factor) const {
-  QFont digits = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-  digits.setPixelSize(qRound(QFontInfo(font()).pixelSize() * factor));
-  return digits;
-}
-
 template <typename Control>
 Control* FuncSel::Named(Control* control, const char* name) const {
   control->setObjectName(QString::fromLatin1(name));
@@ -112,7 +92,7 @@ NumberBox* FuncSel::Box(const char* name, const char* design, const DegreeBox::K
   auto* box = Named(new NumberBox(static_cast<int>(text.size()), filter, this), name);
   box->setText(text);
   note_->Watch(box);
-  box->setFont(DigitFont(1.25));
+  box->setFont(DigitsLike(font(), 1.25));
   box->setFixedWidth(QFontMetrics(box->font()).horizontalAdvance(QStringLiteral("0000")) + 18);
   return box;
 }
@@ -124,24 +104,11 @@ QCheckBox* FuncSel::Check(const char* name, const char* caption, void (FuncSel::
 }
 
 void FuncSel::BuildValueEditor() {
-  lantc_ = Named(new QLabel(instance_.Text(TextNumber::AdvanceOnCam)), "Lantc");
-  description_ = Named(new CamLabel(nullptr), "Description");
-  description_->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-  lNcam_ = Named(new QLabel(QStringLiteral("00")), "LNcam");
-  lNcam_->setFont(DigitFont(2.8));
-  lNcam_->setFixedWidth(QFontMetrics(lNcam_->font()).horizontalAdvance(QStringLiteral("00 - 00 ")));
   scrVal_ = new ValueScroll("ScrVal");
   scrVal_->SetRange(0, HighestTime, timePage);
-  scrVal_->setFixedHeight(32);
   tmsec_ = Box("Tmsec", "000", [this](char16_t& code) { return Tmsec_KeyPress(code); });
-  tmsec_->setFont(DigitFont(2.2));
-  tmsec_->setFixedWidth(QFontMetrics(tmsec_->font()).horizontalAdvance(QStringLiteral("0000")) +
-                        18);
-  lmsec_ = Named(new QLabel(QStringLiteral("msec.")), "Lmsec");
-  lmsec_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  lmsec_->setMinimumWidth(lmsec_->sizeHint().width());
-  for (QLabel* label : {lantc_, lNcam_, lmsec_}) label->setTextFormat(Qt::PlainText);
-  SpeakOf(lantc_->text());
+  editor_ = new ValueEditor(instance_.Texts, scrVal_, tmsec_, this);
+  SpeakOf(instance_.Text(TextNumber::AdvanceOnCam));
 }
 
 void FuncSel::BuildFrAbil() {
@@ -205,28 +172,10 @@ void FuncSel::BuildButtons() {
   tOk_->setFocusPolicy(Qt::TabFocus);
 }
 
-QLayout* FuncSel::ValueLayout() {
-  auto* layout = new QGridLayout;
-  layout->setHorizontalSpacing(8);
-  layout->setVerticalSpacing(16);
-  auto* head = new QVBoxLayout;
-  head->setSpacing(2);
-  head->addWidget(lantc_);
-  head->addWidget(description_);
-  layout->addLayout(head, 0, 0, 1, 4);
-  layout->addWidget(lNcam_, 1, 0, 2, 1, Qt::AlignVCenter);
-  layout->addWidget(scrVal_, 1, 1, 1, 3);
-  layout->addWidget(lmsec_, 2, 1);
-  layout->addWidget(tmsec_, 2, 2);
-  layout->setColumnStretch(3, 1);
-  layout->setRowStretch(3, 1);
-  return layout;
-}
-
 void FuncSel::BuildLayout() {
   auto* lower = new QHBoxLayout;
   lower->setSpacing(16);
-  lower->addLayout(ValueLayout(), 1);
+  lower->addWidget(editor_, 1);
   lower->addWidget(frAbil_);
   lower->addWidget(frConf_);
   auto* buttons = new QHBoxLayout;
@@ -355,13 +304,8 @@ QString FuncSel::GroupTitle(FunctionValue value, const CamGroup& cams) const {
 /// Whose value it is; grey while the selected cam has none.
 void FuncSel::ShowEditorInUse() {
   const int cam = instance_.Program.CurrentCam();
-  const QString description = instance_.Program.CamText(cam);
-  description_->ShowText(instance_.Text(TextNumber::CamWord).left(1) + ZeroFilled(cam + 1, 2) +
-                         (description.isEmpty() ? QString() : QString(u' ' + description)));
-  for (QWidget* control :
-       std::initializer_list<QWidget*>{lantc_, description_, lNcam_, scrVal_, lmsec_, tmsec_}) {
-    control->setEnabled(columns_->IsInUse(cam));
-  }
+  editor_->ShowCam(cam, instance_.Program.CamText(cam));
+  editor_->setEnabled(columns_->IsInUse(cam));
 }
 
 void FuncSel::ChkANT_Click() {
@@ -434,10 +378,8 @@ void FuncSel::ShowSelection() {
   const int cam = instance_.Program.CurrentCam();
   const FunctionValue value = ShownValue(cam, Enabled());
   const int number = FieldOf(Block(), value, cam);
-  lantc_->setText(instance_.Text(TitleOf(value)));
-  lNcam_->setText(CamsText(GroupOf(value, cam)));
-  lmsec_->setText(IsRatio(value) ? QStringLiteral("1 /") : QStringLiteral("msec."));
-  SpeakOf(lantc_->text() + u' ' + lNcam_->text());
+  editor_->Show(value, GroupOf(value, cam));
+  SpeakOf(editor_->Title());
   tmsec_->setText(QString::number(number));
   note_->Accept(tmsec_);  // the same number may be within the range of another value
   SetRange(value);
@@ -467,7 +409,7 @@ void FuncSel::ScrVal_Change(int value) {
     Change([=](FunctionsBlock& block) {
       FieldOf(block, edited, cam) = static_cast<std::uint8_t>(value);
     });
-    if (IsRatio(edited)) lmsec_->setText(QStringLiteral("1 /"));
+    if (IsRatio(edited)) editor_->ShowUnit(edited);
     tmsec_->setText(QString::number(value));
   }
   DrawValueBars();

@@ -12,15 +12,14 @@
 
 class QCheckBox;
 class QGroupBox;
-class QLabel;
 class QPushButton;
 class QRadioButton;
 
 namespace nira {
 
-class CamLabel;
 class RangeNote;
 class ValueColumns;
+class ValueEditor;
 class ValueScroll;
 
 /// The functions window: which functions work, the value of each cam or group, and the
@@ -53,7 +52,6 @@ class FuncSel : public QDialog {
   };
   enum RowIndex { OutputSize, EncoderShift, RotationSense, SpeedLimit, Rows };
 
-  QFont DigitFont(double factor) const;
   template <typename Control>
   Control* Named(Control* control, const char* name) const;
   NumberBox* Box(const char* name, const char* design, const DegreeBox::KeyFilter& filter);
@@ -62,7 +60,6 @@ class FuncSel : public QDialog {
   void BuildFrAbil();
   void BuildFrConf();
   void BuildButtons();
-  QLayout* ValueLayout();
   void BuildLayout();
   void SetTabOrder();
   void ConnectAll();
@@ -111,12 +108,9 @@ class FuncSel : public QDialog {
   Instance& instance_;
   std::function<void()> openCalculator_;
   ValueColumns* columns_ = nullptr;
-  QLabel* lantc_ = nullptr;
-  CamLabel* description_ = nullptr;
-  QLabel* lNcam_ = nullptr;
   ValueScroll* scrVal_ = nullptr;
   NumberBox* tmsec_ = nullptr;
-  QLabel* lmsec_ = nullptr;
+  ValueEditor* editor_ = nullptr;
   QGroupBox* frAbil_ = nullptr;
   QCheckBox* chkAnt_ = nullptr;
   NumberBox* txAnt_ = nullptr;
