@@ -12,8 +12,9 @@ namespace nira {
 
 namespace {
 
-constexpr int margin = 7;  // pixels around the texts
-constexpr int gap = 6;     // between them
+constexpr int margin = 5;  // pixels beside the texts
+constexpr int above = 7;   // above and below them
+constexpr int gap = 3;     // between them
 
 }  // namespace
 
@@ -45,7 +46,7 @@ QSize KeyButton::sizeHint() const {
 
 QSize KeyButton::minimumSizeHint() const {
   const QFontMetrics metrics = fontMetrics();
-  return {metrics.horizontalAdvance(text()) + 2 * margin, metrics.height() + 2 * margin};
+  return {metrics.horizontalAdvance(text()) + 2 * margin, metrics.height() + 2 * above};
 }
 
 void KeyButton::paintEvent(QPaintEvent*) {

@@ -50,7 +50,7 @@ PanelExtras::PanelExtras(PhaseEntry* panel, const Entries& entries)
   keys_->setObjectName(QStringLiteral("KeyHints"));
   auto* row = new QHBoxLayout(buttons_);
   row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(8);
+  row->setSpacing(4);
   row->addWidget(newPhase_);
   row->addWidget(deletePhase_);
   panel->AddUnderList(buttons_);

@@ -281,6 +281,8 @@ class DiagramTest : public QObject {
     click(5, 205);
     QCOMPARE(f.Text("SizeCam") + u' ' + f.Boxes() + u' ' + f.Focus(), u"F01 C06 200 210 Fase"_qs);
     QVERIFY(f.Find<QListWidget>(u"Fase"_qs)->item(1)->isSelected());
+    click(5, 209, true);  // at its OFF end
+    QCOMPARE(f.Focus(), u"GRADIOFF"_qs);
     click(5, 100, true);
     click(3, 5, true);
     QCOMPARE(f.Text("SizeCam") + u' ' + f.Boxes() + u' ' + f.Focus(),
