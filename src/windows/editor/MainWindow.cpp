@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "editor/MainWindow.h"
 
-#include "controls/PlainTip.h"
 #include "controls/ThemedIcon.h"
 #include "controls/UserSettings.h"
 #include "dialogs/About.h"
@@ -9,10 +8,10 @@
 #include "dialogs/clsCommonDialog.h"
 #include "editor/AllSizes.h"
 #include "editor/CamDiagram.h"
-#include "editor/DeviceBar.h"
 #include "editor/DeviceBlock.h"
 #include "editor/FileCommands.h"
 #include "editor/LineCommands.h"
+#include "editor/MainToolbar.h"
 #include "editor/PanelExtras.h"
 #include "editor/PhaseEntry.h"
 #include "editor/PhaseMenu.h"
@@ -36,20 +35,14 @@
 #include <QDialog>
 #include <QDropEvent>
 #include <QFileInfo>
-#include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
-#include <QToolBar>
-#include <QToolButton>
 #include <QVBoxLayout>
-
-#include <array>
 
 namespace nira {
 
@@ -62,16 +55,6 @@ constexpr int leastWidth = 800;  // the least height is that of 32 rows
 constexpr int leastText = 12;    // pixels
 constexpr auto placeKey = "window/place";
 constexpr auto speedKey = "window/speed";  // rev/min
-
-struct Tip {
-  const char* button;
-  TextNumber text;
-};
-constexpr std::array tips = {
-    Tip{"GoPrCam", TextNumber::TipGoPrCam},  Tip{"New_Fil", TextNumber::TipNewFil},
-    Tip{"OP_FIL", TextNumber::TipOpFil},     Tip{"Sv_Fil", TextNumber::TipSvFil},
-    Tip{"Sel_Form", TextNumber::TipSelForm}, Tip{"Azz_Form", TextNumber::TipAzzForm},
-};
 
 /// Another window has the floor: nothing may happen to this one, and a drop does not ask Qt.
 bool Blocked() {
@@ -111,55 +94,10 @@ MainWindow::MainWindow(Instance& instance, const PortNames& ports)
   qApp->installEventFilter(this);  // the keys that select a cam come before every control
 }
 
-namespace {
-
-/// A button that does what the entry of the menu does.
-QToolButton* ToolButton(const char* name, const char* picture, QAction* entry) {
-  auto* button = new QToolButton;
-  button->setObjectName(QString::fromLatin1(name));
-  button->setProperty("picture", QString::fromLatin1(picture));
-  button->setDefaultAction(entry);
-  button->setFocusPolicy(Qt::NoFocus);
-  return button;
-}
-
-}  // namespace
-
-void MainWindow::AddButton(const char* name, const char* picture, QAction* entry) {
-  QToolButton* button = ToolButton(name, picture, entry);
-  button->setAutoRaise(true);
-  toolbar_->addWidget(button);
-}
-
-void MainWindow::AddProgrammer(const PortNames& ports) {
-  device_ = new DeviceBlock(instance_, ports);
-  toolbar_->addWidget(new DeviceBar(
-      device_, {ToolButton("Transmit", "transmit", menuBar()->findChild<QAction*>("Tr_Siz")),
-                ToolButton("Receive", "receive", menuBar()->findChild<QAction*>("Rc_Siz"))}));
-}
-
 void MainWindow::BuildToolbar(const PortNames& ports) {
-  toolbar_ = addToolBar(QStringLiteral("toolbar"));
-  toolbar_->setObjectName(QStringLiteral("Toolbar"));
-  toolbar_->setMovable(false);
-  AddButton("New_Fil", "new", f_newp_);
-  AddButton("OP_FIL", "open", f_open_);
-  AddButton("Sv_Fil", "save", f_S_);
-  toolbar_->addSeparator();
-  AddButton("Sel_Form", "size", s_sel_);
-  AddButton("Azz_Form", "erase", s_Clr_);
-  AddButton("GoPrCam", "cam", o_MODC_);
-  toolbar_->addSeparator();
-
-  picture1_ = new SizeStepper(this);
-  picture1_->setObjectName(QStringLiteral("Picture1"));
-  toolbar_->addWidget(picture1_);
-  sizeCam_ = new QLabel(QStringLiteral("F00 C00"));
-  sizeCam_->setObjectName(QStringLiteral("SizeCam"));
-  sizeCam_->setTextFormat(Qt::PlainText);
-  sizeCam_->setContentsMargins(16, 0, 16, 0);
-  toolbar_->addWidget(sizeCam_);
-  AddProgrammer(ports);
+  device_ = new DeviceBlock(instance_, ports);
+  toolbar_ = new MainToolbar(*menuBar(), device_);
+  addToolBar(toolbar_);
 }
 
 void MainWindow::BuildCentre() {
@@ -182,9 +120,14 @@ void MainWindow::BuildCentre() {
   setCentralWidget(centre);
 }
 
+/// An entry of the menus, by its name.
+QAction* MainWindow::Entry(const char* name) const {
+  return menuBar()->findChild<QAction*>(QString::fromLatin1(name));
+}
+
 void MainWindow::BuildStart() {
-  const StartPanel::Entries entries = {f_open_, f_newp_, menuBar()->findChild<QAction*>("Rc_Siz"),
-                                       menuBar()->findChild<QAction*>("f_New")};
+  const StartPanel::Entries entries = {Entry("f_open"), Entry("f_newp"), Entry("Rc_Siz"),
+                                       Entry("f_New")};
   start_ = new StartPanel(instance_, entries, diagram_->Barra(0), centralWidget());
   connect(start_, &StartPanel::RecentChosen, this, &MainWindow::OpenRecent);
   connect(files_, &FileCommands::RecentChanged, start_, &StartPanel::ShowRecent);
@@ -193,8 +136,9 @@ void MainWindow::BuildStart() {
 
 void MainWindow::ConnectAll() {
   connect(menu_, &MainMenu::RecentChosen, this, &MainWindow::OpenRecent);
-  connect(picture1_, &SizeStepper::Previous, this, [this] { Picture1_Step(-1); });
-  connect(picture1_, &SizeStepper::Next, this, [this] { Picture1_Step(1); });
+  const SizeStepper* picture1 = toolbar_->Picture1();
+  connect(picture1, &SizeStepper::Previous, this, [this] { Picture1_Step(-1); });
+  connect(picture1, &SizeStepper::Next, this, [this] { Picture1_Step(1); });
   connect(strip_, &SizeStrip::Chosen, this, &MainWindow::SelectSize);
   connect(diagram_, &CamDiagram::LabCam_Click, this, &MainWindow::LabCam_Click);
   connect(diagram_, &CamDiagram::LabCam_DblClick, this, &MainWindow::LabCam_DblClick);
@@ -220,7 +164,7 @@ void MainWindow::ConnectAll() {
   connect(entry_, &PhaseEntry::Committed, this, [this] {
     o_Undo_->setEnabled(true);
     ShowSizeCam();
-    extras_->ShowUndoRow(sizeCam_->text());
+    extras_->ShowUndoRow(toolbar_->SizeCam());
   });
   connect(entry_->Speed(), &SpeedBox::SpeedChanged, this, &MainWindow::ShowSwitching);
   connect(entry_, &PhaseEntry::MenuWanted, this,
@@ -237,7 +181,7 @@ void MainWindow::ConnectAll() {
   connect(lines_, &LineCommands::Note, status_, &StatusLine::ShowNote);
   connect(files_, &FileCommands::Note, status_, &StatusLine::ShowNote);
   connect(sizes_, &SizeCommands::Note, status_, &StatusLine::ShowNote);
-  connect(status_, &StatusLine::SaveWanted, f_S_, &QAction::trigger);
+  connect(status_, &StatusLine::SaveWanted, Entry("f_S"), &QAction::trigger);
 }
 
 // The menus: what each entry is called, its caption, and what it does. A button of the toolbar
@@ -245,9 +189,9 @@ void MainWindow::ConnectAll() {
 
 void MainWindow::BuildFileMenu() {
   menu_->Begin("&File");
-  f_newp_ = menu_->Add("f_newp", "&New", QKeySequence::New, [this] { files_->f_newp_Click(); });
-  f_open_ = menu_->Add("f_open", "&Open", QKeySequence::Open, [this] { files_->f_Open(); });
-  f_S_ = menu_->Add("f_S", "&Save", QKeySequence::Save, [this] { files_->f_S(); });
+  menu_->Add("f_newp", "&New", QKeySequence::New, [this] { files_->f_newp_Click(); });
+  menu_->Add("f_open", "&Open", QKeySequence::Open, [this] { files_->f_Open(); });
+  menu_->Add("f_S", "&Save", QKeySequence::Save, [this] { files_->f_S(); });
   menu_->Add("f_save", "Save &As ..", [this] { files_->f_Save(); });
   menu_->AddSeparator();
   menu_->Add("f_New", "S&el Programmer", [this] { files_->f_newp_Click(); });
@@ -260,15 +204,15 @@ void MainWindow::BuildFileMenu() {
 
 void MainWindow::BuildSizesMenu() {
   menu_->Begin("&Sizes");
-  s_sel_ = menu_->Add("s_sel", "Se&lect Size", [this] { sizes_->s_sel_Click(); });
+  menu_->Add("s_sel", "Se&lect Size", [this] { sizes_->s_sel_Click(); });
   menu_->Add("O_Copy", "Copy &Size", [this] { sizes_->O_Copy_Click(); });
-  s_Clr_ = menu_->Add("s_Clr", "&Erase Size", [this] { sizes_->s_Clr_Click(); });
+  menu_->Add("s_Clr", "&Erase Size", [this] { sizes_->s_Clr_Click(); });
   menu_->Add("S_Imp", "&Import Size", [this] { sizes_->S_Imp_Click(); });
   menu_->AddSeparator();
   menu_->Add("O_CopyC", "Cop&y Cam", [this] { sizes_->O_CopyC_Click(); });
   menu_->Add("o_Shc", "S&hift Cam", [this] { sizes_->o_Shc_Click(); });
   menu_->Add("O_ClC", "E&rase Cam", [this] { sizes_->O_ClC_Click(); });
-  o_MODC_ = menu_->Add("o_MODC", "&Modify Cam", [this] { o_MODC_Click(); });
+  menu_->Add("o_MODC", "&Modify Cam", [this] { o_MODC_Click(); });
   o_Undo_ = menu_->Add("o_Undo", "&Undo", QKeySequence::Undo, [this] { o_Undo_Click(); });
   o_Undo_->setEnabled(false);  // until there is something to undo
   menu_->AddSeparator();
@@ -348,16 +292,10 @@ bool MainWindow::Form_Load(const QString& startFile) {
 /// Reads the script and puts its texts where they stay on the screen.
 bool MainWindow::LoadTexts() {
   if (!languages_.ReadTexts()) return false;
-  for (const Tip& tip : tips) {
-    auto* button = toolbar_->findChild<QToolButton*>(QString::fromLatin1(tip.button));
-    const QString& text = instance_.Text(tip.text);
-    button->defaultAction()->setToolTip(PlainTip(text));
-    button->setAccessibleName(text);
-  }
+  toolbar_->ShowTexts(instance_.Texts);
   diagram_->SetWords({instance_.Text(TextNumber::CamWord), instance_.Text(TextNumber::PhaseWord),
                       instance_.Text(TextNumber::PhasesWord), instance_.Text(TextNumber::NoPhase)});
   extras_->ShowTexts(instance_.Texts);
-  picture1_->setAccessibleName(instance_.Text(TextNumber::SizeWord));
   device_->ShowPort();
   instance_.Dialog.FolderNotFound = instance_.Text(TextNumber::FolderNotFound);
   return true;
@@ -381,9 +319,7 @@ void MainWindow::ExchangeEnded(bool received) {
 
 void MainWindow::ShowSizeCam() {
   const CamProgram& program = instance_.Program;
-  sizeCam_->setText(
-      instance_.Text(TextNumber::SizeWord).left(1) + ZeroFilled(program.CurrentSize(), 2) + u' ' +
-      instance_.Text(TextNumber::CamWord).left(1) + ZeroFilled(program.CurrentCam() + 1, 2));
+  toolbar_->ShowSizeCam(program, instance_.Texts);
   diagram_->ShowRows(program.NumCams());
   for (int cam = 0; cam < program.NumCams(); ++cam) RefreshCam(cam);
   ShowSwitching();
@@ -455,7 +391,7 @@ void MainWindow::ShowRowMenu(int cam, const QPoint& place) {
   LabCam_Click(cam);
   auto* menu = new QMenu(this);
   for (const char* item : {"O_CopyC", "o_Shc", "O_ClC", "o_MODC", "o_Undo", "Describe", "Phase"}) {
-    menu->addAction(menuBar()->findChild<QAction*>(QString::fromLatin1(item)));
+    menu->addAction(Entry(item));
   }
   connect(menu, &QMenu::aboutToHide, menu, &QObject::deleteLater);
   menu->popup(place);
@@ -626,14 +562,7 @@ void MainWindow::Rescale(double factor) {
   const auto scaled = [share](double design) { return qRound(design * share); };
   // Few sizes: each one more costs the start a font engine.
   const int large = scaled(base * 2.2);
-  QFont label = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-  label.setPixelSize(large);
-  sizeCam_->setFont(label);
-  toolbar_->setIconSize({scaled(24), scaled(24)});
-  for (QToolButton* button : toolbar_->findChildren<QToolButton*>()) {
-    button->setIconSize(toolbar_->iconSize());
-  }
-  picture1_->Rescale({scaled(72), scaled(30)});
+  toolbar_->Rescale(scaled(24), large);
   strip_->Rescale(scaled(base * 0.92));
   diagram_->Rescale(scaled(base * 0.92));
   const int type = scaled(base * 1.2);
@@ -654,10 +583,7 @@ void MainWindow::FitToScreen() {
 
 void MainWindow::ShowPictures() {
   setWindowIcon(ThemedIcon(QStringLiteral("nira-kpl"), palette()));
-  for (QToolButton* button : toolbar_->findChildren<QToolButton*>()) {
-    const QString picture = button->property("picture").toString();
-    if (!picture.isEmpty()) button->defaultAction()->setIcon(ThemedIcon(picture, palette()));
-  }
+  toolbar_->ShowPictures();
 }
 
 void MainWindow::changeEvent(QEvent* event) {

@@ -11,7 +11,6 @@
 #include <tuple>
 
 class QDialog;
-class QLabel;
 
 namespace nira {
 
@@ -20,10 +19,10 @@ class CamDiagram;
 class DeviceBlock;
 class FileCommands;
 class LineCommands;
+class MainToolbar;
 class PanelExtras;
 class PhaseEntry;
 class SizeCommands;
-class SizeStepper;
 class SizeStrip;
 class StartPanel;
 class StatusLine;
@@ -70,10 +69,9 @@ class MainWindow : public QMainWindow {
   void BuildFileMenu();
   void BuildSizesMenu();
   void BuildOtherMenus();
-  void AddButton(const char* name, const char* picture, QAction* entry);
-  void AddProgrammer(const PortNames& ports);
   void BuildToolbar(const PortNames& ports);
   void BuildCentre();
+  QAction* Entry(const char* name) const;
   void BuildStart();
   void ConnectAll();
   void ShowPictures();
@@ -117,20 +115,11 @@ class MainWindow : public QMainWindow {
   CamDiagram* diagram_;
   PhaseEntry* entry_;
   PanelExtras* extras_;
-  SizeStepper* picture1_;
   SizeStrip* strip_;
-  QLabel* sizeCam_;
   StatusLine* status_;
   StartPanel* start_;
   DeviceBlock* device_;
-  QToolBar* toolbar_;
-  // The entries of the menus that something else shares or switches.
-  QAction* f_newp_;
-  QAction* f_open_;
-  QAction* f_S_;
-  QAction* s_sel_;
-  QAction* s_Clr_;
-  QAction* o_MODC_;
+  MainToolbar* toolbar_;
   QAction* o_Undo_;
   TitleParts titled_;       // what the title was made of
   bool returning_ = false;  // the next activation is that of a dialog that a command closed

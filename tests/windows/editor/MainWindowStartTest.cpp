@@ -46,7 +46,7 @@ class MainWindowStartTest : public QObject {
     QVERIFY(WriteBytes(f.Path(u"p32qx_IT.SCR"_qs), script));
     QVERIFY(f.Start());
     QCOMPARE(Shown(f.Find(u"GoPrCam"_qs)->toolTip()), u"A & <b>B"_qs);
-    QCOMPARE(Shown(f.Find(u"New_Fil"_qs)->toolTip()), u"A & B"_qs);
+    QCOMPARE(Shown(f.Find(u"New_Fil"_qs)->toolTip()), u"A & B (Ctrl+N)"_qs);
     QVERIFY(f.Text("StatusNote")
                 .startsWith(QString::number(MessageTable().Missing() - 2) + u" TEXTS ARE MISSING"));
   }
