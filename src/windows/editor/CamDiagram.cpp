@@ -370,7 +370,7 @@ bool CamDiagram::eventFilter(QObject* watched, QEvent* event) {
   if (cam < 0) return false;
   switch (event->type()) {
     case QEvent::MouseButtonRelease:
-      if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) drag_->Release();
+      BarReleased(cam, *static_cast<QMouseEvent*>(event));
       return true;
     case QEvent::ToolTip:
       ShowTip(cam, *static_cast<QHelpEvent*>(event));
@@ -399,6 +399,11 @@ bool CamDiagram::BarPressed(int cam, const QMouseEvent& event) {
   return true;
 }
 
+void CamDiagram::BarReleased(int cam, const QMouseEvent& event) {
+  if (event.button() == Qt::LeftButton) drag_->Release();
+  ShowCursor(cam, RowOf(cam).bar->pos() + event.pos());
+}
+
 /// A press on the phase that is selected already, or beside its ends. It is a click at first, which
 /// may enter what stands in the boxes: only what is selected after it still can be dragged.
 void CamDiagram::TakeHold(int cam, const QPoint& place, bool again) {
@@ -420,13 +425,9 @@ void CamDiagram::ShowCursor(int cam, const QPoint& place) {
   if (drag_->Dragging()) return;
   QWidget* bar = RowOf(cam).bar;
   const std::optional<PhasePart> part = phaseMarks_->PartAt(place);
-  if (!part) {
-    bar->unsetCursor();
-  } else if (*part == PhasePart::Whole) {
-    bar->setCursor(drag_->Held() ? Qt::ClosedHandCursor : Qt::OpenHandCursor);
-  } else {
-    bar->setCursor(Qt::SizeHorCursor);
-  }
+  Qt::CursorShape shape = part ? Qt::SizeHorCursor : Qt::ArrowCursor;
+  if (part == PhasePart::Whole) shape = drag_->Held() ? Qt::ClosedHandCursor : Qt::OpenHandCursor;
+  if (bar->cursor().shape() != shape) bar->setCursor(shape);
 }
 
 void CamDiagram::contextMenuEvent(QContextMenuEvent* event) {

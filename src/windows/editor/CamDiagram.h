@@ -152,6 +152,7 @@ class CamDiagram : public QWidget {
   int CamOf(const QObject* bar) const;
   const Phase* PhaseUnder(int cam, int x) const;
   bool BarPressed(int cam, const QMouseEvent& event);
+  void BarReleased(int cam, const QMouseEvent& event);
   void TakeHold(int cam, const QPoint& place, bool again);
   void ShowCursor(int cam, const QPoint& place);
   QString CamsOn(int degree) const;

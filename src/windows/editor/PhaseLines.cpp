@@ -31,7 +31,8 @@ void PhaseLines::KeepPressed() {
 /// The first arrow key in the refilled list selects its first line instead of stepping over it.
 void PhaseLines::keyPressEvent(QKeyEvent* event) {
   const QString text = event->text();
-  const bool digit = text.size() == 1 && text.at(0) >= u'0' && text.at(0) <= u'9';
+  const bool plain = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
+  const bool digit = plain && text.size() == 1 && text.at(0) >= u'0' && text.at(0) <= u'9';
   switch (event->key()) {
     case Qt::Key_Down:
     case Qt::Key_Up:
