@@ -167,7 +167,9 @@ void SizeStrip::PaintOutput(QPainter& painter) const {
   path.lineTo(tip + QPointF(triangle, triangle));
   path.lineTo(tip + QPointF(-triangle, triangle));
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.fillPath(path, QColor::fromRgb(outputColour));
+  const QColor dark = QColor::fromRgb(outputColour);
+  const bool reads = Contrast(dark, palette().color(QPalette::Window)) >= 3;
+  painter.fillPath(path, reads ? dark : QColor::fromRgb(colours::lit));
   painter.setRenderHint(QPainter::Antialiasing, false);
 }
 

@@ -12,9 +12,9 @@ namespace nira {
 
 namespace {
 
-// Shares of the room that is left, so that nothing moves with its text.
-constexpr int readingShare = 2;
-constexpr int noteShare = 3;
+/// Reading and note share the room that is left, whatever they say; without a note the reading has
+/// all of it.
+constexpr int share = 1;
 
 }  // namespace
 
@@ -46,14 +46,15 @@ CamLabel* StatusLine::AddReading() {
   label->setObjectName(QStringLiteral("StatusDegree"));
   label->setContentsMargins(8, 0, 8, 0);
   label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  bar_->addWidget(label, readingShare);
+  bar_->addWidget(label, share);
   return label;
 }
 
 ElidedLabel* StatusLine::AddNote() {
   auto* label = new ElidedLabel;
   label->setObjectName(QStringLiteral("StatusNote"));
-  bar_->addWidget(label, noteShare);
+  bar_->addWidget(label, share);
+  label->hide();
   return label;
 }
 
@@ -106,6 +107,7 @@ void StatusLine::TakeExchange(bool received) {
 void StatusLine::ShowNote(const QString& text) {
   note_->setText(text);
   note_->setToolTip(PlainTip(text));
+  note_->setVisible(!text.isEmpty());
 }
 
 void StatusLine::ShowFile() {
