@@ -91,12 +91,10 @@ void Carprg::BuildLayout() {
   layout->setSpacing(16);
   layout->addLayout(groups);
   layout->addWidget(labCom_);
-  if (const QString& warning = comm_.Text(TextNumber::ModelEmpties); !warning.isEmpty()) {
-    auto* empties = new QLabel(warning);
-    empties->setObjectName(QStringLiteral("Empties"));
-    empties->setTextFormat(Qt::PlainText);
-    layout->addWidget(empties);
-  }
+  auto* empties = new QLabel(comm_.Text(TextNumber::ModelEmpties));
+  empties->setObjectName(QStringLiteral("Empties"));
+  empties->setTextFormat(Qt::PlainText);
+  layout->addWidget(empties);
   layout->addLayout(buttons);
   setMinimumWidth(360);
 }
