@@ -205,6 +205,11 @@ enum class TextNumber : int {
   MessageOfMessages = 387,
   FramesMoved = 388,
   SecondsLeft = 389,
+  ManualTitle = 390,
+  ManualButton = 391,
+  ManualContents = 392,
+  ManualFind = 393,
+  ManualNotFound = 394,
   PhaseWord = 400,
   PhasesWord = 401,
   NoPhase = 402,
@@ -247,11 +252,6 @@ enum class TextNumber : int {
   StartRecent = 483,
   StartFileModel = 484,
   StartOwnModel = 485,
-  ManualTitle = 580,
-  ManualButton = 581,
-  ManualContents = 582,
-  ManualFind = 583,
-  ManualNotFound = 584,
 };
 
 }  // namespace nira
