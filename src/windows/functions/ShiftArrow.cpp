@@ -9,7 +9,7 @@ namespace nira {
 
 namespace {
 
-constexpr double head = 6;  // pixels
+constexpr double arrowHead = 6;  // pixels
 constexpr double wordsGap = 6;
 
 }  // namespace
@@ -45,11 +45,11 @@ void ShiftArrow::paintEvent(QPaintEvent*) {
   const double start = XOf(from_);
   const bool around = from_ < degrees_;
   const double end = XOf(from_ - degrees_ + (around ? CamProgram::Degrees : 0));
-  painter.drawLine(QPointF(start, y - head), QPointF(start, y + head));
+  painter.drawLine(QPointF(start, y - arrowHead), QPointF(start, y + arrowHead));
   painter.drawLine(QPointF(start, y), QPointF(around ? 0 : end, y));
   if (around) painter.drawLine(QPointF(width(), y), QPointF(end, y));
-  painter.drawPolygon(
-      QPolygonF({{end, y}, {end + head, y - head / 2}, {end + head, y + head / 2}}));
+  painter.drawPolygon(QPolygonF(
+      {{end, y}, {end + arrowHead, y - arrowHead / 2}, {end + arrowHead, y + arrowHead / 2}}));
   PaintWords(painter, end);
 }
 

@@ -286,10 +286,11 @@ void ValueColumns::PaintGroups(QPainter& painter) const {
     const QRectF box(left + 0.5, 0.5, Left(group.cams.last + 1) - left - 2, height() - 1);
     painter.setPen(frame);
     painter.drawRoundedRect(box, 3, 3);
-    const QRectF title = box.adjusted(3, frameRoom / 2, -3, 0);
+    const QRectF title = box.adjusted(3, frameRoom / 2.0, -3, 0);
     painter.setPen(palette().color(QPalette::WindowText));
-    painter.drawText(title, Qt::AlignHCenter | Qt::AlignTop,
-                     fontMetrics().elidedText(group.title, Qt::ElideLeft, int(title.width())));
+    painter.drawText(
+        title, Qt::AlignHCenter | Qt::AlignTop,
+        fontMetrics().elidedText(group.title, Qt::ElideLeft, static_cast<int>(title.width())));
   }
 }
 
