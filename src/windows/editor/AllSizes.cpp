@@ -8,7 +8,6 @@
 #include "model/SizeUse.h"
 #include "model/Switching.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -219,7 +218,10 @@ void AllSizes::resizeEvent(QResizeEvent* event) {
 }
 
 void AllSizes::wheelEvent(QWheelEvent* event) {
-  QApplication::sendEvent(scroll_, event);
+  constexpr int delta = 40;  // of a row: a notch of a wheel is 120, a touchpad gives less
+  turned_ += event->angleDelta().y();
+  const int rows = std::exchange(turned_, turned_ % delta) / delta;
+  scroll_->setValue(scroll_->value() - rows);
 }
 
 }  // namespace nira

@@ -51,6 +51,7 @@ class AllSizes : public QDialog {
   QScrollBar* scroll_;  // its value is the index of the size in the first row
   QCheckBox* hideEmpty_;
   CamLabel* reading_;
+  int turned_ = 0;  // by the wheel, less than a row
 };
 
 }  // namespace nira

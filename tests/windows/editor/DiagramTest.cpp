@@ -12,6 +12,7 @@
 #include <QScopeGuard>
 #include <QTest>
 #include <QToolTip>
+#include <QWheelEvent>
 
 namespace nira {
 
@@ -491,6 +492,11 @@ class DiagramTest : public QObject {
       QVERIFY(last > 9 && last < 50);
       QTest::keyClick(window->focusWidget(), Qt::Key_End);
       QCOMPARE(tell(), last);
+      for (int turn : {120, -120, -120}) {
+        QWheelEvent wheel({9, 9}, QCursor::pos(), {}, {0, turn}, {}, {}, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(window, &wheel);
+        seen.append(row("SizeNumber_", last)->text());
+      }
       QTest::mouseClick(window->findChild<QCheckBox*>(u"HideEmpty"_qs), Qt::LeftButton);
       auto* bar = window->findChild<CamBar*>(u"SizeBar_1"_qs);
       Mouse(bar, QEvent::MouseMove, bar->BoxOf({200, 210}).center());
@@ -504,7 +510,8 @@ class DiagramTest : public QObject {
       QVERIFY(!window->isVisible());
     });
     f.Press(Qt::Key_F4);
-    QCOMPARE(seen.mid(1), (QStringList{u"99 F99"_qs, u"ON: 40"_qs, u"99 F40"_qs, u"99 F01"_qs}));
+    QCOMPARE(seen.mid(1), (QStringList{u"99 F99"_qs, u"96"_qs, u"99"_qs, u"99"_qs, u"ON: 40"_qs,
+                                       u"99 F40"_qs, u"99 F01"_qs}));
     QCOMPARE(f.Text("SizeCam"), u"F99 C04"_qs);
   }
 
