@@ -9,9 +9,8 @@ namespace nira {
 
 namespace {
 
-constexpr int cycle = CamProgram::Degrees;
-
 int Within(int degree) {
+  constexpr int cycle = CamProgram::Degrees;
   return (degree % cycle + cycle) % cycle;
 }
 
@@ -42,7 +41,7 @@ std::vector<Run> Switching::Applied(const std::vector<Run>& drawn) const {
 }
 
 Phase Switching::Applied(const Phase& phase) const {
-  if (phase.Length() == cycle) return phase;
+  if (phase.Length() == CamProgram::Degrees) return phase;
   return {Within(phase.on - earlier), Within(phase.off - earlier)};
 }
 

@@ -8,8 +8,8 @@ namespace nira {
 
 namespace {
 
-constexpr QRgb lineColour = 0xff8e0f8e;  // purple: as far from the runs as from the red line
-constexpr int lineHeight = 2;
+constexpr QRgb switchingColour = 0xff8e0f8e;  // purple: as far from the runs as from the red line
+constexpr int switchingHeight = 2;
 
 }  // namespace
 
@@ -36,7 +36,7 @@ void SwitchingMarks::Follow(int row) {
 QRect SwitchingMarks::Strip(const Row& row) const {
   if (row.bar == nullptr) return {};
   const QRect bar = row.bar->geometry();
-  return {bar.left(), bar.bottom(), bar.width(), lineHeight};
+  return {bar.left(), bar.bottom(), bar.width(), switchingHeight};
 }
 
 /// Right of the bars.
@@ -62,7 +62,7 @@ void SwitchingMarks::PaintLine(QPainter& painter, const Row& row, const QRegion&
   for (const Run& run : row.runs) {
     const QRect box = row.bar->BoxOf(run);
     const QRect line(strip.left() + box.left(), strip.top(), box.width(), strip.height());
-    if (where.intersects(line)) painter.fillRect(line, QColor::fromRgb(lineColour));
+    if (where.intersects(line)) painter.fillRect(line, QColor::fromRgb(switchingColour));
   }
 }
 
