@@ -18,7 +18,7 @@
 #include <QVBoxLayout>
 
 /// The manual stands in a static library, where nothing else would pull it in.
-static void TakeResources() {
+static void TakeManual() {
   Q_INIT_RESOURCE(manual);
 }
 
@@ -55,7 +55,7 @@ void Manual::Open(QWidget* window, const MessageTable& texts) {
 
 Manual::Manual(const MessageTable& texts, QWidget* window)
     : QWidget(window, Qt::Window), texts_(texts) {
-  TakeResources();
+  TakeManual();
   setObjectName(QStringLiteral("Manual"));
   BuildControls();
   BuildLayout();
