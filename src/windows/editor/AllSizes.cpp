@@ -166,7 +166,8 @@ void AllSizes::ShowRows() {
 
 void AllSizes::ShowRow(int row) {
   const CamProgram& program = instance_.Program;
-  const int size = sizes_[static_cast<std::size_t>(scroll_->value() + row)];
+  const int index = scroll_->value() + row;
+  const int size = sizes_[static_cast<std::size_t>(index)];
   const PhaseList phases = PhaseList::Of(program.CamMap(size, program.CurrentCam()));
   diagram_->ShowNumber(row, size);
   diagram_->ShowCam(row, phases, size == program.CurrentSize(),
