@@ -12,9 +12,9 @@ namespace nira {
 
 namespace {
 
-constexpr int margin = 5;  // pixels beside the texts
-constexpr int above = 7;   // above and below them
-constexpr int gap = 3;     // between them
+constexpr int padding = 5;  // pixels beside the texts
+constexpr int above = 7;    // above and below them
+constexpr int gap = 3;      // between them
 
 }  // namespace
 
@@ -46,7 +46,7 @@ QSize KeyButton::sizeHint() const {
 
 QSize KeyButton::minimumSizeHint() const {
   const QFontMetrics metrics = fontMetrics();
-  return {metrics.horizontalAdvance(text()) + 2 * margin, metrics.height() + 2 * above};
+  return {metrics.horizontalAdvance(text()) + 2 * padding, metrics.height() + 2 * above};
 }
 
 void KeyButton::paintEvent(QPaintEvent*) {
@@ -57,7 +57,7 @@ void KeyButton::paintEvent(QPaintEvent*) {
   painter.drawControl(QStyle::CE_PushButton, option);
   const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
   const QColor colour = palette().color(group, QPalette::ButtonText);
-  const QRect inside = rect().adjusted(margin, 0, -margin, 0);
+  const QRect inside = rect().adjusted(padding, 0, -padding, 0);
   painter.setPen(colour);
   painter.drawText(inside, Qt::AlignLeft | Qt::AlignVCenter, text());
   if (!isEnabled() || sizeHint().width() > width()) return;
