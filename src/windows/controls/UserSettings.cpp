@@ -9,7 +9,7 @@ namespace nira {
 namespace {
 
 /// A file that is larger was not written here: it is begun anew, not read into memory.
-constexpr qint64 largest = 64 * 1024;  // bytes
+constexpr qint64 largest = qint64{64} * 1024;  // bytes
 
 bool TooLarge(const QString& path) {
   return QFile(path).size() > largest;

@@ -127,7 +127,8 @@ void Manual::ListHeadings() {
   for (QTextBlock part = page_->document()->begin(); part.isValid(); part = part.next()) {
     const int level = part.blockFormat().headingLevel();
     if (level == 0) continue;
-    auto* item = new QListWidgetItem(QString(4 * (level - 1), u' ') + part.text(), headings_);
+    auto* item =
+        new QListWidgetItem(QString(qsizetype{4} * (level - 1), u' ') + part.text(), headings_);
     item->setData(block, part.blockNumber());
   }
   const int wanted = headings_->sizeHintForColumn(0) + 2 * headings_->frameWidth() +
