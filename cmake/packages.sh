@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: Apache-2.0
 # Debian packages of this project, for ./run, ./test and .ci/run.
-RUN_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-svg-dev
-  qt6-translations-l10n fonts-dejavu-core)
+RUN_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-translations-l10n
+  fonts-dejavu-core)
 TEST_PACKAGES=("${RUN_PACKAGES[@]}" lld)
 ASAN_PACKAGES=("${TEST_PACKAGES[@]}" clang libclang-rt-14-dev)
 CI_PACKAGES=("${ASAN_PACKAGES[@]}" clang-format git)

@@ -7,8 +7,8 @@
 
 namespace nira {
 
-/// A picture of the resources ("open" is icons/open.svg) with its lines in the palette's text
-/// colour, so that it reads on light and dark themes.
+/// A picture of ours (its names: `PaintPicture`) with its lines in the palette's text colour, so
+/// that it reads on light and dark themes.
 QIcon ThemedIcon(const QString& name, const QPalette& palette);
 
 }  // namespace nira
