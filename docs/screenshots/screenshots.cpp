@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: Apache-2.0
+// Opens every window of the program over a sample and a simulated programmer, and writes a picture
+// of each into a folder:
+//   screenshots FOLDER [--size 1366x768] [--theme light|dark|bare] [--script p32qx_EN.SCR]
+// "bare" is a dark theme that leaves roles to Qt. Made for the platform "offscreen".
+
+#include "SimulatedSerial.h"
+#include "controls/ProgramStyle.h"
+#include "editor/CamDiagram.h"
+#include "support/DeviceFixture.h"
+#include "support/WindowFixture.h"
+
+#include <QCommandLineParser>
+#include <QDialog>
+#include <QTextStream>
+
+namespace {
+
+using namespace nira;
+
+struct Settings {
+  QDir folder;
+  QSize size;
+  QString script;
+};
+
+QPalette DarkPalette(bool whole) {
+  QPalette dark;
+  const std::initializer_list<std::pair<QPalette::ColorRole, QRgb>> colours = {
+      {QPalette::Window, 0x2a2e32},    {QPalette::WindowText, 0xfcfcfc},
+      {QPalette::Base, 0x1b1e20},      {QPalette::Text, 0xfcfcfc},
+      {QPalette::Button, 0x31363b},    {QPalette::ButtonText, 0xfcfcfc},
+      {QPalette::Highlight, 0x3daee9}, {QPalette::HighlightedText, 0xfcfcfc},
+  };
+  for (const auto& [role, colour] : colours) dark.setColor(role, QColor(colour));
+  if (!whole) return dark;
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    dark.setColor(QPalette::Disabled, role, QColor(0x6e, 0x71, 0x75));
+  }
+  dark.setColor(QPalette::AlternateBase, QColor(0x23, 0x26, 0x29));
+  dark.setColor(QPalette::Link, QColor(0x1d, 0x99, 0xf3));
+  return dark;
+}
+
+/// The style of the program on a desktop with colours of its own.
+class ThemedStyle : public ProgramStyle {
+ public:
+  explicit ThemedStyle(const QPalette& colours) : colours_(colours) {}
+  void polish(QPalette& palette) override {
+    palette = colours_.resolve(palette);
+    ProgramStyle::polish(palette);
+  }
+
+ private:
+  QPalette colours_;
+};
+
+void Take(const Settings& settings, const QString& name, QWidget* window) {
+  QApplication::processEvents();
+  const QString path = settings.folder.filePath(name + QStringLiteral(".png"));
+  if (!window->grab().save(path)) qFatal("%s cannot be written", qPrintable(path));
+  QTextStream(stdout) << path << ' ' << window->width() << 'x' << window->height() << Qt::endl;
+}
+
+/// The program with a sample and the simulated programmer behind COM1.
+struct Running {
+  explicit Running(const Settings& wanted, const QString& sample)
+      : settings(wanted), fixture(&serial, &serial) {
+    fixture.prompts.AnswerEverything(true);
+    fixture.Options('"' + QFile::encodeName(settings.script) + "\",1,9600\r\n");
+    QFile::copy(QStringLiteral(NIRA_SOURCE_FOLDER "/samples/press_IT.MSG"),
+                fixture.Path(QStringLiteral("press_IT.MSG")));
+    if (!fixture.Load(sample.isEmpty() ? sample : fixture.Sample(sample))) qFatal("no start");
+    fixture.window->resize(settings.size);
+    fixture.window->show();
+    if (!QTest::qWaitForWindowActive(&*fixture.window)) qFatal("no window");
+  }
+
+  /// The picture of the window that an entry of the menu opens, when it has come so far.
+  void TakeOf(const QString& name, const char* item, int ticks = 1,
+              const std::function<void(QWidget*)>& prepare = {}) {
+    QTimer timer;
+    bool taken = false;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+      QWidget* open = QApplication::activeModalWidget();
+      if (open == nullptr || taken || --ticks > 0) return;
+      taken = true;
+      if (prepare) prepare(open);
+      Take(settings, name, open);
+      open->close();
+    });
+    timer.start(0);
+    fixture.Item(item)->trigger();
+    if (!taken) qWarning("%s did not open", item);
+  }
+
+  const Settings& settings;
+  Programmer device{ProgrammerState()};
+  SimulatedSerial serial{device};
+  WindowFixture fixture;
+};
+
+/// A cam with a phase loaded and its ON changed, the pointer over another row.
+void TakeMain(const Settings& settings) {
+  Running running(settings, QStringLiteral("press.CAM"));
+  WindowFixture& f = running.fixture;
+  f.Click(QStringLiteral("LabCam_10"));
+  f.ClickLine(1);
+  f.Enter(QStringLiteral("250"));
+  auto* bar = f.Find(QStringLiteral("Barra_5"));
+  const QPointF place(bar->width() * 137 / 359.0, bar->height() / 2.0);
+  QMouseEvent move(QEvent::MouseMove, place, bar->mapToGlobal(place), Qt::NoButton, {}, {});
+  QApplication::sendEvent(bar, &move);
+  Take(settings, QStringLiteral("main-window"), &*f.window);
+}
+
+void TakeEmpty(const Settings& settings) {
+  Running running(settings, {});
+  Take(settings, QStringLiteral("empty-start"), &*running.fixture.window);
+}
+
+void TakeOthers(const Settings& settings) {
+  Running running(settings, QStringLiteral("press.CAM"));
+  WindowFixture& f = running.fixture;
+  f.Click(QStringLiteral("LabCam_10"));
+  running.TakeOf(QStringLiteral("functions-window"), "Fu_Set");
+  running.TakeOf(QStringLiteral("advance-calculator"), "o_Ant");
+  running.TakeOf(QStringLiteral("rotation-demo"), "O_Rot", 20);
+  running.TakeOf(QStringLiteral("all-sizes"), "o_AllSizes");
+  running.TakeOf(QStringLiteral("messages-window"), "Al_Msg");
+  running.TakeOf(QStringLiteral("print-window"), "Pr_size");
+  running.TakeOf(QStringLiteral("port-settings"), "setcom");
+  running.TakeOf(QStringLiteral("about"), "info");
+  f.chooseModel = [&](Carprg* open) { Take(settings, QStringLiteral("model"), open); };
+  running.TakeOf(QStringLiteral("transfer"), "Tr_Siz", 60);
+  f.dialog.Expect(QStringLiteral(NIRA_SOURCE_FOLDER "/samples/firmware.abs"));
+  running.TakeOf(QStringLiteral("flash-window"), "Upd_Flash", 40);
+  f.Item("f_New")->trigger();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
+  QApplication app(argc, argv);
+  QCommandLineParser parser;
+  parser.addPositionalArgument(QStringLiteral("folder"), QStringLiteral("where the pictures go"));
+  const auto option = [&parser](const char* name, const char* value) {
+    const QString text = QString::fromLatin1(name);
+    parser.addOption({text, text, text, QString::fromLatin1(value)});
+    return text;
+  };
+  const QString size = option("size", "1366x768");
+  const QString theme = option("theme", "light");
+  const QString script = option("script", "p32qx_IT.SCR");
+  parser.process(app);
+  if (parser.positionalArguments().isEmpty()) parser.showHelp(2);
+  const QString wanted = parser.value(size);
+  const Settings settings{QDir(parser.positionalArguments().constFirst()),
+                          {wanted.section(u'x', 0, 0).toInt(), wanted.section(u'x', 1).toInt()},
+                          parser.value(script)};
+  if (!QDir().mkpath(settings.folder.path())) return 1;
+  const QString colours = parser.value(theme);
+  QApplication::setStyle(new ThemedStyle(colours == QLatin1String("light")
+                                             ? QPalette()
+                                             : DarkPalette(colours == QLatin1String("dark"))));
+  TakeMain(settings);
+  TakeEmpty(settings);
+  TakeOthers(settings);
+  return 0;
+}
