@@ -187,7 +187,7 @@ void PhaseEntry::ShowPhases(const PhaseList& phases) {
   speed_->ShowPurpose(instance_.Text(TextNumber::SpeedPurpose));
   const QSignalBlocker quiet(fase_);
   const bool sameCam = std::exchange(shown_, Selected()) == Selected();
-  const std::optional<Phase> selected = sameCam ? Chosen() : std::nullopt;
+  const Phase selected = sameCam ? Chosen().value_or(Phase{}) : Phase{};
   const int scrolled = sameCam ? fase_->verticalScrollBar()->value() : 0;
   fase_->clear();
   fase_->addItems(phases.Lines());
