@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Measures what an operator waits for at the main window, on the platform that Qt finds:
 //   bench-window start     start of the program to its first painted window, against an empty one
+//                          and one with a single word
 //   bench-window switch    switching the size, 32 cams of 180 phases each, until it is painted
 //   bench-window hover     a move of the pointer by some degrees over two such sizes, all lamps
 //                          changing, until it is painted; without and with a speed
@@ -92,15 +93,19 @@ bool PrepareFolder(const QString& folder) {
 
 void MeasureStart(const QString& folder, QTextStream& out) {
   const QString self = QCoreApplication::applicationDirPath();
+  const QString emptyWindow = self + QStringLiteral("/bench-empty");
   std::vector<double> empty;
+  std::vector<double> word;
   std::vector<double> program;
   for (int run = 0; run < 21; ++run) {
-    empty.push_back(StartOf(self + QStringLiteral("/bench-empty"), {}));
+    empty.push_back(StartOf(emptyWindow, {}));
+    word.push_back(StartOf(emptyWindow, {QStringLiteral("word")}));
     program.push_back(
         StartOf(self + QStringLiteral("/bench-window"), {QStringLiteral("child"), folder}));
   }
-  out << "start to first painted window: empty " << Median(empty) << " ms, program "
-      << Median(program) << " ms, ratio " << Median(program) / Median(empty) << Qt::endl;
+  out << "start to first painted window: empty " << Median(empty) << " ms, with one word "
+      << Median(word) << " ms (" << Median(word) / Median(empty) << "), program " << Median(program)
+      << " ms (" << Median(program) / Median(empty) << ")" << Qt::endl;
 }
 
 /// Medians and maxima of several runs of `act`, each until the window is painted.
