@@ -15,17 +15,33 @@ CamLabel::CamLabel(QWidget* parent) : QLabel(parent) {
 
 void CamLabel::ShowText(const QString& text) {
   setText(text);
-  const bool cut = fontMetrics().horizontalAdvance(text) > contentsRect().width() - 2 * margin();
-  setToolTip(cut ? PlainTip(text) : QString());
+}
+
+/// Measured once for a text, its type and its room.
+const QString& CamLabel::Shown() {
+  const int room = contentsRect().width() - 2 * margin();
+  if (measured_.text != text() || measured_.font != font() || measured_.room != room) {
+    const QFontMetrics metrics = fontMetrics();
+    const bool fits = metrics.horizontalAdvance(text()) <= room;
+    measured_ = {text(), font(), room,
+                 fits ? text() : metrics.elidedText(text(), Qt::ElideRight, room)};
+  }
+  return measured_.shown;
+}
+
+bool CamLabel::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    setToolTip(Shown() == text() ? QString() : PlainTip(text()));
+  }
+  return QLabel::event(event);
 }
 
 void CamLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   if (autoFillBackground()) painter.fillRect(rect(), palette().window());
   const QRect place = contentsRect().adjusted(margin(), 0, -margin(), 0);
-  const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, place.width());
   painter.setPen(palette().color(QPalette::WindowText));
-  painter.drawText(place, static_cast<int>(alignment()) | Qt::TextSingleLine, shown);
+  painter.drawText(place, static_cast<int>(alignment()) | Qt::TextSingleLine, Shown());
 }
 
 void CamLabel::mousePressEvent(QMouseEvent* event) {

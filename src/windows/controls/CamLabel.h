@@ -20,9 +20,21 @@ class CamLabel : public QLabel {
   void DblClick();
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+ private:
+  struct Measured {
+    QString text;
+    QFont font;
+    int room = -1;  // pixels
+    QString shown;
+  };
+  const QString& Shown();
+
+  Measured measured_;
 };
 
 }  // namespace nira

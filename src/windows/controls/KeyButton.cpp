@@ -34,13 +34,8 @@ void KeyButton::ShowTexts(const QString& caption, const QString& remark) {
   update();
 }
 
-void KeyButton::SetSmallFont(const QFont& font) {
-  small_ = font;
-  updateGeometry();
-}
-
 QSize KeyButton::sizeHint() const {
-  const int remark = QFontMetrics(small_).horizontalAdvance(remark_);
+  const int remark = fontMetrics().horizontalAdvance(remark_);
   return {minimumSizeHint().width() + gap + remark, minimumSizeHint().height()};
 }
 
@@ -63,7 +58,6 @@ void KeyButton::paintEvent(QPaintEvent*) {
   if (!isEnabled() || sizeHint().width() > width()) return;
   constexpr double quieter = 0.8;  // the ground of a button is brighter than its palette says
   painter.setPen(Mixed(colour, palette().color(QPalette::Button), quieter));
-  painter.setFont(small_);
   painter.drawText(inside, Qt::AlignRight | Qt::AlignVCenter, remark_);
 }
 

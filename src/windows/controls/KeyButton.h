@@ -7,9 +7,9 @@ class QAction;
 
 namespace nira {
 
-/// A button that does what an entry of a menu does, with a caption of its own at the left and, in
-/// quieter type, a remark at the right where there is room for it. It takes no focus: the entry has
-/// its key.
+/// A button that does what an entry of a menu does, with a caption of its own at the left and, in a
+/// quieter colour, a remark at the right where there is room for it. It takes no focus: the entry
+/// has its key.
 class KeyButton : public QPushButton {
   Q_OBJECT
 
@@ -17,8 +17,6 @@ class KeyButton : public QPushButton {
   KeyButton(const char* name, QAction* entry, QWidget* parent);
 
   void ShowTexts(const QString& caption, const QString& remark);
-  /// Of the remark.
-  void SetSmallFont(const QFont& font);
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -27,7 +25,6 @@ class KeyButton : public QPushButton {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  QFont small_;
   QString remark_;
 };
 

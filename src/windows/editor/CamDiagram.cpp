@@ -274,7 +274,6 @@ void CamDiagram::ArrangeRows(const QFont& rows) {
     row.number->setGeometry(0, top, numbers + lampColumn, height);  // all that is there to hit
     const int left = numbers + lampColumn;
     row.description->setGeometry(left, top, bars.left() - columnGap - left, height);
-    row.description->ShowText(row.description->text());
     row.bar->setGeometry(bars.left(), top, bars.width(), height);
   }
 }

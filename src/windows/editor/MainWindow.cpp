@@ -563,11 +563,11 @@ void MainWindow::Rescale(double factor) {
   // Few sizes: each one more costs the start a font engine.
   const int large = scaled(base * 2.2);
   toolbar_->Rescale(scaled(24), large);
-  strip_->Rescale(scaled(base * 0.92));
-  diagram_->Rescale(scaled(base * 0.92));
-  const int type = scaled(base * 1.2);
-  entry_->Rescale(type, large, scaled(212));
-  extras_->Rescale(type, type * 13 / 16);
+  const int text = scaled(base);
+  strip_->Rescale(text);
+  diagram_->Rescale(text);
+  entry_->Rescale(scaled(base * 1.2), text, large, scaled(212));
+  extras_->Rescale(text);
 }
 
 /// Where the last run left it; a place on a screen that is gone is moved onto one that is there.

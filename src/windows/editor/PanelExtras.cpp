@@ -74,16 +74,13 @@ void PanelExtras::ShowUndoRow(const QString& row) {
   undo_->ShowTexts(QStringLiteral("Undo"), row.isEmpty() ? QString() : QString(rowOf_ + row));
 }
 
-void PanelExtras::Rescale(int pixels, int smallPixels) {
+void PanelExtras::Rescale(int pixels) {
   QFont type = panel_->font();
   type.setPixelSize(pixels);
-  QFont small = type;
-  small.setPixelSize(smallPixels);
-  for (KeyButton* button : {newPhase_, deletePhase_, undo_}) {
-    button->setFont(type);
-    button->SetSmallFont(small);
+  for (QWidget* extra : {static_cast<QWidget*>(newPhase_), static_cast<QWidget*>(deletePhase_),
+                         static_cast<QWidget*>(undo_), static_cast<QWidget*>(keys_)}) {
+    extra->setFont(type);
   }
-  keys_->setFont(small);
 }
 
 bool PanelExtras::eventFilter(QObject*, QEvent* event) {

@@ -31,8 +31,8 @@ class PanelExtras : public QObject {
   void ShowTexts(const MessageTable& texts);
   /// Of which size and cam the row is that Undo brings back, "F01 C11".
   void ShowUndoRow(const QString& row);
-  /// Pixels of the type, and of the smaller one of the keys.
-  void Rescale(int pixels, int smallPixels);
+  /// Pixels of the type.
+  void Rescale(int pixels);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -157,7 +157,7 @@ void PhaseEntry::AddUnderList(QWidget* widget) {
   column->insertWidget(column->indexOf(fase_) + 1, widget);
 }
 
-void PhaseEntry::Rescale(int dataPixels, int entryPixels, int width) {
+void PhaseEntry::Rescale(int dataPixels, int textPixels, int entryPixels, int width) {
   QFont digits = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   digits.setPixelSize(dataPixels);
   QFont entry = digits;
@@ -166,19 +166,18 @@ void PhaseEntry::Rescale(int dataPixels, int entryPixels, int width) {
                           static_cast<QWidget*>(totFasi_), static_cast<QWidget*>(lGrad_)}) {
     widget->setFont(digits);
   }
-  QFont heading = font();
-  heading.setPixelSize(dataPixels);
-  tFasi_->setFont(heading);
-  onSum_->setFont(heading);
+  QFont text = font();
+  text.setPixelSize(textPixels);
+  tFasi_->setFont(text);
+  onSum_->setFont(text);
   for (DegreeBox* box : {gradiOn_, gradiOff_}) {
     box->setFont(entry);
     box->setFixedHeight(QFontMetrics(entry).height() + 12);
   }
-  heading.setPixelSize(dataPixels * 13 / 16);
-  preview_->setFont(heading);
-  static_cast<PhaseDelegate*>(fase_->itemDelegate())->SetSmallFont(heading);
+  preview_->setFont(text);
+  static_cast<PhaseDelegate*>(fase_->itemDelegate())->SetSmallFont(text);
   constexpr int previewHeight = 44;
-  preview_->setFixedHeight(std::max(previewHeight, 2 * QFontMetrics(heading).height() + 8));
+  preview_->setFixedHeight(std::max(previewHeight, 2 * QFontMetrics(text).height() + 8));
   setFixedWidth(width);
 }
 

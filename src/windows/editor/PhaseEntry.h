@@ -68,8 +68,9 @@ class PhaseEntry : public QWidget {
   /// was typed for; boxes left as they were loaded commit nothing.
   void LeaveForCommand();
 
-  /// Sizes for a scale factor of the window: fonts and the fixed width.
-  void Rescale(int dataPixels, int entryPixels, int width);
+  /// Sizes for a scale factor of the window: pixels of the list, of other text and of the entry
+  /// boxes, and the fixed width.
+  void Rescale(int dataPixels, int textPixels, int entryPixels, int width);
 
   void FocusOnList();
   SpeedBox* Speed() const { return speed_; }

@@ -51,6 +51,7 @@ void SizeStrip::Rescale(int pixels) {
   QFont type = font();
   type.setPixelSize(pixels);
   setFont(type);
+  numberWidth_ = fontMetrics().horizontalAdvance(QStringLiteral("00"));
   updateGeometry();
 }
 
@@ -74,7 +75,7 @@ QString SizeStrip::Tip(int size) const {
 }
 
 int SizeStrip::NumbersWidth() const {
-  return numSizes_ * (fontMetrics().horizontalAdvance(QStringLiteral("00")) + 3);
+  return numSizes_ * (numberWidth_ + 3);
 }
 
 int SizeStrip::Left() const {

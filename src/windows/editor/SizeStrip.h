@@ -59,6 +59,7 @@ class SizeStrip : public QWidget {
   const QWidget* bars_;
   SizeUse use_;
   int numSizes_ = 1;
+  int numberWidth_ = 0;  // of two digits, pixels
   int current_ = 1;
   int output_ = 0;
 };
