@@ -25,7 +25,7 @@ class Clock {
 
   /// Hour and minute for the operator; here of a day that began with the clock.
   virtual QTime TimeOfDay() const {
-    constexpr std::int64_t day = 24 * 60 * 60 * 1000;  // ms
+    constexpr int day = 24 * 60 * 60 * 1000;  // ms
     return QTime::fromMSecsSinceStartOfDay(static_cast<int>(Now() % day));
   }
 };

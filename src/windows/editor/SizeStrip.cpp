@@ -22,7 +22,7 @@ namespace {
 
 constexpr int triangle = 6;  // height of the mark below a cell, half of its width
 constexpr int gap = 12;      // between the caption and the first cell
-constexpr int padding = 4;   // above and below a number together
+constexpr int padding = 3;   // above and below a number together
 constexpr int fewSizes = 22;
 constexpr int numbersAbove = 9;  // more height for cells that have their numbers above
 constexpr QRgb outputColour = 0xffb3261e;

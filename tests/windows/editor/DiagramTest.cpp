@@ -314,7 +314,7 @@ class DiagramTest : public QObject {
   void Drags_data() {
     TextTable(
         {"grip", "way", "end", "boxes", "after"},
-        {{"inwards", "200", "12,0", "release", "212 230", "0-10 100-110 212-230 350-360"},
+        {{"inwards", "200", "10,0", "release", "210 230", "0-10 100-110 210-230 350-360"},
          {"run", "215", "-50,0", "release", "150 180", "0-10 100-110 150-180 350-360"},
          {"over a neighbour", "215", "-95,0", "release", "105 135", "0-10 105-135 350-360"},
          {"beyond the edge", "215", "155,0", "release", "355 025", "0-25 100-110 355-360"},
