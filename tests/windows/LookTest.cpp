@@ -204,7 +204,6 @@ class LookTest : public QObject {
       f.window->resize(start);
       f.window->show();
       QVERIFY(QTest::qWaitForWindowActive(&*f.window));
-      f.Click(u"LabCam_10"_qs);  // its flags stand beside the numbers of the scale
       f.Enter({});
       f.Press(Qt::Key_Left);  // a selected text is painted twice
       const QSize least(800, 560);

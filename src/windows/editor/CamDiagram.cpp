@@ -182,6 +182,17 @@ void CamDiagram::NameRow(int cam) {
 
 void CamDiagram::MarkPhase(int cam, const std::optional<Phase>& phase) {
   phaseMarks_->Select(RowOf(cam).bar, phase);
+  ClearFlags();
+}
+
+/// A number of the scale that a flag would cover half is not shown; the lower scale has it.
+void CamDiagram::ClearFlags() {
+  const QFontMetrics metrics(ScaleFont());
+  for (QLabel* mark : marks_) {
+    QRect digits = metrics.boundingRect(mark->text());
+    digits.moveCenter(mark->geometry().center());
+    mark->setVisible(!phaseMarks_->Covers(digits));
+  }
 }
 
 void CamDiagram::ShowPreview(int cam, const std::vector<Phase>& goes,
@@ -216,6 +227,7 @@ void CamDiagram::SetScale() {
   place_.unitsPerDegree = place_.bars.width() / 359.0;
   for (const Row& row : rows_) row.bar->SetScale(place_.unitsPerDegree);
   phaseMarks_->Arrange(place_, scalePixels_);
+  ClearFlags();
   line_->Arrange(place_, scalePixels_);
   // On top: the outline of the row under the pointer lies in the same gap.
   if (outputs_ != nullptr) outputs_->Arrange(place_, scalePixels_);

@@ -140,6 +140,7 @@ class CamDiagram : public QWidget {
   QFont RowFont(double height) const;
   void ArrangeRows(const QFont& rows);
   void ArrangeScale();
+  void ClearFlags();
   void NameRow(int cam);
   int SelectedCam() const;
   void PaintTicks(QPainter& painter) const;

@@ -98,6 +98,12 @@ PhaseMarks::Flags PhaseMarks::FlagPlaces() const {
   return flags;
 }
 
+bool PhaseMarks::Covers(const QRect& place) const {
+  if (!phase_) return false;
+  const Flags flags = FlagPlaces();
+  return flags.on.intersects(place) || flags.off.intersects(place);
+}
+
 QRegion PhaseMarks::Places() const {
   if (!phase_) return {};
   QRegion places;

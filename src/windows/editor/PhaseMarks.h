@@ -27,6 +27,9 @@ class PhaseMarks : public DiagramLayer {
   /// pixels, the whole between them; nothing over another run or beside the phase.
   std::optional<PhasePart> PartAt(const QPoint& place) const;
 
+  /// Whether a flag covers a place in the diagram, or a part of it.
+  bool Covers(const QRect& place) const;
+
   /// Phases that would go from a bar and come to it.
   void Preview(const CamBar* bar, const std::vector<Phase>& goes, const std::vector<Phase>& comes);
 
