@@ -367,14 +367,15 @@ void PhaseEntry::FocusOnBox() {
 /// Keys of the two boxes that are no typing: the pair at once, back to the list, and the undoing of
 /// what was typed, which is the program's where nothing was. Arrows are for the text.
 bool PhaseEntry::eventFilter(QObject* watched, QEvent* event) {
+  const bool override = event->type() == QEvent::ShortcutOverride;
+  if (!override && event->type() != QEvent::KeyPress) return false;
   const auto* key = static_cast<QKeyEvent*>(event);
-  if (event->type() == QEvent::ShortcutOverride) {
+  if (override) {
     const bool arrow = key->key() == Qt::Key_Left || key->key() == Qt::Key_Right;
     const bool undo = key->matches(QKeySequence::Undo);
     event->setAccepted(arrow);
     return arrow || (undo && !static_cast<DegreeBox*>(watched)->isUndoAvailable());
   }
-  if (event->type() != QEvent::KeyPress) return false;
   const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
   if (enter && key->modifiers().testFlag(Qt::ControlModifier)) {
     EnterPair();
