@@ -86,7 +86,8 @@ void DeviceBlock::PortAtRest() {
 }
 
 int DeviceBlock::Width(const QString& text) const {
-  return fontMetrics().horizontalAdvance(text) + dotSide + 3 * pad;
+  constexpr int rounding = 1;  // an advance of 164.4 pixels is told as 164, and elided there
+  return fontMetrics().horizontalAdvance(text) + rounding + dotSide + 3 * pad;
 }
 
 QSize DeviceBlock::sizeHint() const {

@@ -296,6 +296,7 @@ bool MainWindow::LoadTexts() {
   diagram_->SetWords({instance_.Text(TextNumber::CamWord), instance_.Text(TextNumber::PhaseWord),
                       instance_.Text(TextNumber::PhasesWord), instance_.Text(TextNumber::NoPhase)});
   extras_->ShowTexts(instance_.Texts);
+  start_->ShowTexts();
   device_->ShowPort();
   instance_.Dialog.FolderNotFound = instance_.Text(TextNumber::FolderNotFound);
   return true;

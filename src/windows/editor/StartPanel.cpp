@@ -61,6 +61,10 @@ StartPanel::StartPanel(const Instance& instance, const Entries& entries, const Q
 
 void StartPanel::ShowRecent(const QStringList& paths) {
   recent_ = paths;
+  ShowTexts();
+}
+
+void StartPanel::ShowTexts() {
   if (isVisible()) Build();
 }
 

@@ -32,6 +32,9 @@ class StartPanel : public QFrame {
 
   void ShowRecent(const QStringList& paths);
 
+  /// After another language was chosen.
+  void ShowTexts();
+
   /// A file was refused for its numbers of cams and sizes: the panel comes back and says so.
   void ShowRefused(const QString& path, const CamFileCounts& counts);
 

@@ -92,15 +92,15 @@ void StatusLine::ShowChips() {
   const QString& notSent = instance_.Text(TextNumber::StatusNotSent);
   const bool same = exchange_ && exchange_->revision == program.Revision();
   const QString time = QStringLiteral("00:00");
-  sent_->ShowState(same ? exchange_->text : notSent, !same,
-                   {notSent, instance_.Text(TextNumber::StatusSent) + time,
-                    instance_.Text(TextNumber::StatusReceived) + time});
+  const QString& sent = instance_.Text(TextNumber::StatusSent);
+  const QString& received = instance_.Text(TextNumber::StatusReceived);
+  sent_->ShowState(same ? (exchange_->received ? received : sent) + exchange_->time : notSent,
+                   !same, {notSent, sent + time, received + time});
 }
 
 void StatusLine::TakeExchange(bool received) {
-  const TextNumber how = received ? TextNumber::StatusReceived : TextNumber::StatusSent;
-  exchange_ = {instance_.Program.Revision(),
-               instance_.Text(how) + instance_.Time.TimeOfDay().toString(QStringLiteral("HH:mm"))};
+  exchange_ = {instance_.Program.Revision(), received,
+               instance_.Time.TimeOfDay().toString(QStringLiteral("HH:mm"))};
   ShowChips();
 }
 

@@ -47,7 +47,8 @@ class StatusLine : public QObject {
   /// The last whole exchange of this run.
   struct Exchange {
     std::uint64_t revision = 0;  // of the program then
-    QString text;
+    bool received = false;       // not sent
+    QString time;
   };
 
   QLabel* AddModel();
