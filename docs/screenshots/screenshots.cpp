@@ -56,21 +56,49 @@ class ThemedStyle : public ProgramStyle {
 };
 
 void Take(const Settings& settings, const QString& name, QWidget* window) {
-  QApplication::processEvents();
+  if (window == nullptr) qFatal("no window for %s", qPrintable(name));
   const QString path = settings.folder.filePath(name + QStringLiteral(".png"));
   if (!window->grab().save(path)) qFatal("%s cannot be written", qPrintable(path));
   QTextStream(stdout) << path << ' ' << window->width() << 'x' << window->height() << Qt::endl;
 }
 
+/// The clock of a simulated line, that lets something happen in one of its pauses: an exchange
+/// takes no time there, and lets no event through.
+class WatchedClock : public Clock {
+ public:
+  explicit WatchedClock(Clock& clock) : clock_(clock) {}
+
+  void AtPause(int pause, const std::function<void()>& act) {
+    left_ = pause;
+    act_ = act;
+  }
+  std::int64_t Now() const override { return clock_.Now(); }
+  void Pause(int ms, Yield yield) override {
+    clock_.Pause(ms, yield);
+    if (left_ > 0 && --left_ == 0) act_();
+  }
+
+ private:
+  Clock& clock_;
+  int left_ = 0;
+  std::function<void()> act_;
+};
+
 /// The program with a sample and the simulated programmer behind COM1.
 struct Running {
   explicit Running(const Settings& wanted, const QString& sample)
-      : settings(wanted), fixture(&serial, &serial) {
+      : settings(wanted), fixture(&serial, &clock) {
     fixture.prompts.AnswerEverything(true);
     fixture.Options('"' + QFile::encodeName(settings.script) + "\",1,9600\r\n");
     QFile::copy(QStringLiteral(NIRA_SOURCE_FOLDER "/samples/press_IT.MSG"),
                 fixture.Path(QStringLiteral("press_IT.MSG")));
-    if (!fixture.Load(sample.isEmpty() ? sample : fixture.Sample(sample))) qFatal("no start");
+    QFile::copy(QStringLiteral(NIRA_SOURCE_FOLDER "/samples/firmware.abs"),
+                fixture.Path(QStringLiteral("firmware.abs")));
+    QFile::link(QStringLiteral("/dev/ttyUSB0"), fixture.Path(QStringLiteral("com1")));
+    // No picture shows where it was taken.
+    QDir::setCurrent(fixture.folder.path());
+    if (!sample.isEmpty()) fixture.Sample(sample);
+    if (!fixture.Load(sample)) qFatal("no start");
     fixture.window->resize(settings.size);
     fixture.window->show();
     if (!QTest::qWaitForWindowActive(&*fixture.window)) qFatal("no window");
@@ -86,6 +114,7 @@ struct Running {
       if (open == nullptr || taken || --ticks > 0) return;
       taken = true;
       if (prepare) prepare(open);
+      QApplication::processEvents();
       Take(settings, name, open);
       open->close();
     });
@@ -94,9 +123,16 @@ struct Running {
     if (!taken) qWarning("%s did not open", item);
   }
 
+  /// The picture of a window in the middle of its exchange.
+  void TakeDuring(const QString& name, const char* item, int pause) {
+    clock.AtPause(pause, [&] { Take(settings, name, QApplication::activeModalWidget()); });
+    fixture.Item(item)->trigger();
+  }
+
   const Settings& settings;
   Programmer device{ProgrammerState()};
   SimulatedSerial serial{device};
+  WatchedClock clock{serial};
   WindowFixture fixture;
 };
 
@@ -106,16 +142,18 @@ void TakeMain(const Settings& settings) {
   WindowFixture& f = running.fixture;
   f.Click(QStringLiteral("LabCam_10"));
   f.ClickLine(1);
-  f.Enter(QStringLiteral("250"));
+  f.Type(QStringLiteral("250"));
   auto* bar = f.Find(QStringLiteral("Barra_5"));
   const QPointF place(bar->width() * 137 / 359.0, bar->height() / 2.0);
   QMouseEvent move(QEvent::MouseMove, place, bar->mapToGlobal(place), Qt::NoButton, {}, {});
   QApplication::sendEvent(bar, &move);
+  QApplication::processEvents();
   Take(settings, QStringLiteral("main-window"), &*f.window);
 }
 
 void TakeEmpty(const Settings& settings) {
   Running running(settings, {});
+  QApplication::processEvents();
   Take(settings, QStringLiteral("empty-start"), &*running.fixture.window);
 }
 
@@ -127,14 +165,17 @@ void TakeOthers(const Settings& settings) {
   running.TakeOf(QStringLiteral("advance-calculator"), "o_Ant");
   running.TakeOf(QStringLiteral("rotation-demo"), "O_Rot", 20);
   running.TakeOf(QStringLiteral("all-sizes"), "o_AllSizes");
-  running.TakeOf(QStringLiteral("messages-window"), "Al_Msg");
+  running.TakeOf(QStringLiteral("messages-window"), "Al_Msg", 1, [&](QWidget* open) {
+    f.dialog.Expect(QStringLiteral("press_IT.MSG"));
+    open->findChild<QAction*>(QStringLiteral("f_Open"))->trigger();
+  });
   running.TakeOf(QStringLiteral("print-window"), "Pr_size");
   running.TakeOf(QStringLiteral("port-settings"), "setcom");
   running.TakeOf(QStringLiteral("about"), "info");
   f.chooseModel = [&](Carprg* open) { Take(settings, QStringLiteral("model"), open); };
-  running.TakeOf(QStringLiteral("transfer"), "Tr_Siz", 60);
-  f.dialog.Expect(QStringLiteral(NIRA_SOURCE_FOLDER "/samples/firmware.abs"));
-  running.TakeOf(QStringLiteral("flash-window"), "Upd_Flash", 40);
+  running.TakeDuring(QStringLiteral("transfer"), "Tr_Siz", 12);
+  f.dialog.Expect(QStringLiteral("firmware.abs"));
+  running.TakeDuring(QStringLiteral("flash-window"), "Upd_Flash", 1);
   f.Item("f_New")->trigger();
 }
 
@@ -156,7 +197,7 @@ int main(int argc, char** argv) {
   parser.process(app);
   if (parser.positionalArguments().isEmpty()) parser.showHelp(2);
   const QString wanted = parser.value(size);
-  const Settings settings{QDir(parser.positionalArguments().constFirst()),
+  const Settings settings{QDir(QDir(parser.positionalArguments().constFirst()).absolutePath()),
                           {wanted.section(u'x', 0, 0).toInt(), wanted.section(u'x', 1).toInt()},
                           parser.value(script)};
   if (!QDir().mkpath(settings.folder.path())) return 1;
