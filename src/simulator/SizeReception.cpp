@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "SizeReception.h"
 
-#include "FunctionsReception.h"
+#include "line/SentFunctions.h"
 
 #include <charconv>
 #include <optional>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "FunctionsReception.h"
+#include "line/SentFunctions.h"
 
-#include "ProgrammerState.h"
+#include "model/FunctionRules.h"
 
 #include <algorithm>
 #include <charconv>
@@ -89,7 +89,7 @@ std::optional<FunctionsBlock> Read(const std::vector<std::string>& records, int 
   const auto next = [&record, &records]() {
     return record == records.end() ? std::string() : *record++;
   };
-  if (cams == ProgrammerState::FullCams) {
+  if (HasGroups(cams)) {
     if (!TakeFlags(next(), f)) return std::nullopt;
     if (f.AdvanceOn == 1 && !TakeAdvances(next(), cams, f)) return std::nullopt;
     if (f.DelayOn == 1 && !TakeDelays(next(), f)) return std::nullopt;
