@@ -109,16 +109,6 @@ int SaveCamFile(const Console& console, const QString& from, const QString& to,
   return Console::Good;
 }
 
-CamProgram ReadBack(const CamProgram& program) {
-  const std::string bytes = WriteCamFile(program);
-  LineReader lines{std::string_view(bytes)};
-  CamProgram back;
-  back.SetLimits(program.NumSizes(), program.NumCams(), program.NumMessages());
-  // What the reader refuses of its own writer's lines stays as far as it was read.
-  static_cast<void>(ReadCamFile(back, lines));
-  return back;
-}
-
 QString FaultWords(const Fault& fault) {
   const QString reason = fault.Text.isEmpty() ? QStringLiteral("is not a file") : fault.Text;
   switch (fault.What) {

@@ -38,9 +38,6 @@ int SaveCamFile(const Console& console, const QString& from, const QString& to,
 /// Asks before a file other than `from` is replaced by `to`, as the windows do.
 bool MayReplace(const Console& console, const QString& from, const QString& to);
 
-/// What the program comes back as from its cam file: without what the file's layout loses.
-CamProgram ReadBack(const CamProgram& program);
-
 /// What a fault says, without its place.
 QString FaultWords(const Fault& fault);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CamFileAccess.h"
 #include "Commands.h"
+#include "DifferenceWords.h"
 #include "FirmwareCheck.h"
 #include "MessageCheck.h"
 #include "Printable.h"
@@ -12,7 +13,16 @@ namespace nira {
 
 namespace {
 
-bool CheckCamFile(const Console& console, const QString& file) {
+/// Names what the program would lose on its way; false when there is anything.
+bool TellLosses(const Console& console, const QString& file, const CamProgram& program) {
+  const QStringList lost = NotKeptInFile(program) + NotKeptOnLine(program);
+  for (const QString& words : lost) {
+    console.Out << Printable(file) << ": " << Printable(words) << '\n';
+  }
+  return lost.isEmpty();
+}
+
+bool CheckCamFile(const Console& console, const QString& file, bool survive) {
   CamProgram program;
   const auto loaded = ReadCamFile(console, file, {}, program);
   if (!loaded) {
@@ -22,7 +32,7 @@ bool CheckCamFile(const Console& console, const QString& file) {
   console.Out << Printable(file) << ": good: " << Summary(program);
   if (loaded->WithoutEnd) console.Out << "; " << WithoutEnd;
   console.Out << '\n';
-  return true;
+  return !survive || TellLosses(console, file, program);
 }
 
 bool CheckScriptOf(const Console& console, const QString& file) {
@@ -38,9 +48,9 @@ bool CheckScriptOf(const Console& console, const QString& file) {
   return true;
 }
 
-bool CheckFile(const Console& console, const QString& file) {
+bool CheckFile(const Console& console, const QString& file, bool survive) {
   const QString extension = QFileInfo(file).suffix().toLower();
-  if (extension == QStringLiteral("cam")) return CheckCamFile(console, file);
+  if (extension == QStringLiteral("cam")) return CheckCamFile(console, file, survive);
   if (extension == QStringLiteral("scr")) return CheckScriptOf(console, file);
   if (extension == QStringLiteral("msg")) return CheckMessages(console, file);
   if (extension == QStringLiteral("abs")) return CheckFirmware(console, file);
@@ -52,7 +62,7 @@ bool CheckFile(const Console& console, const QString& file) {
 int RunCheck(Console& console, const Arguments& arguments) {
   bool good = true;
   for (const QString& file : arguments.Words) {
-    good = CheckFile(console, file) && good;
+    good = CheckFile(console, file, arguments.Has("survive")) && good;
     console.Out.flush();
   }
   return good ? Console::Good : Console::Failed;
@@ -61,11 +71,14 @@ int RunCheck(Console& console, const Arguments& arguments) {
 }  // namespace
 
 Command CheckCommand() {
-  return {.name = "check",
-          .synopsis = "FILE...",
-          .summary = "read each .cam, .scr, .msg or .abs file and name its first fault",
-          .most = Command::Any,
-          .run = RunCheck};
+  return {
+      .name = "check",
+      .synopsis = "FILE... [--survive]",
+      .summary = "read each .cam, .scr, .msg or .abs file and name its first fault",
+      .most = Command::Any,
+      .options = {{"survive", Option::Kind::Flag, "",
+                   "name what of a cam program a saved file and the programmer would not hold"}},
+      .run = RunCheck};
 }
 
 }  // namespace nira

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CamFileAccess.h"
 #include "Commands.h"
+#include "DifferenceWords.h"
 #include "EditOperations.h"
 #include "Printable.h"
 #include "ProgramEdit.h"
@@ -37,8 +38,8 @@ int RunEdit(Console& console, const Arguments& arguments) {
   for (const QString& remark : edit.Remarks) console.Err << Printable(remark) << '\n';
   const int status = SaveCamFile(console, from, to, program);
   if (status != Console::Good) return status;
-  for (const QString& lost : NotKept(program, ReadBack(program))) {
-    console.Err << Printable(to) << ": " << lost << '\n';
+  for (const QString& lost : NotKeptInFile(program)) {
+    console.Err << Printable(to) << ": " << Printable(lost) << '\n';
   }
   return Console::Good;
 }

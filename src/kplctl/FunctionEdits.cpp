@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "FunctionEdits.h"
 
-#include "CamFileAccess.h"
+#include "line/Survival.h"
 #include "model/FunctionRules.h"
 
 #include <algorithm>
@@ -131,7 +131,7 @@ Refusal FunctionEdits::Contradiction() const {
 /// Writes the program as a cam file, reads it back and compares what was set.
 Refusal FunctionEdits::Lost() const {
   const FunctionsBlock& block = program_.Functions();
-  const FunctionsBlock back = ReadBack(program_).Functions();
+  const FunctionsBlock back = ThroughFile(program_).Functions();
   for (const Setting& setting : settings_) {
     const int kept = setting.field->Value(back, setting.cam);
     if (kept == setting.field->Value(block, setting.cam)) continue;

@@ -116,23 +116,4 @@ Refusal ProgramEdit::SetFunction(const EditOperation& operation) {
   return functions_.Set(operation);
 }
 
-QStringList NotKept(const CamProgram& program, const CamProgram& readBack) {
-  QStringList lost;
-  for (int cam = 0; cam < program.NumCams(); ++cam) {
-    const QString named = QStringLiteral("cam ") + QString::number(cam + 1);
-    for (int size = 1; size <= program.NumSizes(); ++size) {
-      if (program.CamMap(size, cam) == readBack.CamMap(size, cam)) continue;
-      lost.append(QStringLiteral("size ") + QString::number(size) + QStringLiteral(", ") + named +
-                  QStringLiteral(": reading the file will erase the phase that begins one degree "
-                                 "behind the one across 359/0"));
-    }
-    if (!TrimLeft(program.CamText(cam)).isEmpty() && readBack.CamText(cam).isEmpty()) {
-      lost.append(
-          named +
-          QStringLiteral(": its description is not kept, because it has no phase in any size"));
-    }
-  }
-  return lost;
-}
-
 }  // namespace nira

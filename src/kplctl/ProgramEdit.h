@@ -39,8 +39,4 @@ class ProgramEdit {
   FunctionEdits functions_;
 };
 
-/// What the cam file of the program will not hold, in words for the operator: phases that its
-/// reader erases, descriptions of cams without a phase.
-QStringList NotKept(const CamProgram& program, const CamProgram& readBack);
-
 }  // namespace nira

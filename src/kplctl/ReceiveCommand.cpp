@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "CamFileAccess.h"
 #include "Commands.h"
+#include "DifferenceWords.h"
 #include "Printable.h"
-#include "ProgramEdit.h"
 #include "ProgramTransfer.h"
 #include "line/SizeTransfer.h"
 #include "line/TransferJobs.h"
@@ -43,7 +43,7 @@ int ReceiveProgram(LineSession& session, const Arguments& arguments) {
     return status;
   }
   session.Remark(file, transfer.Remark());
-  for (const QString& lost : NotKept(session.Program, ReadBack(session.Program))) {
+  for (const QString& lost : NotKeptInFile(session.Program)) {
     session.Remark(file, lost);
   }
   return Console::Good;

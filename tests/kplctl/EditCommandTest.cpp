@@ -237,12 +237,12 @@ class EditCommandTest : public QObject {
     f.Edit(u"describe 5 ARM set-phase 2 2 6 9"_qs);
     QCOMPARE(f.status, 0);
     const QString file = f.Path("out.cam");
-    QCOMPARE(f.err, file +
-                        u": size 2, cam 2: reading the file will erase the phase that begins one "
-                        "degree behind the one across 359/0\n" +
-                        file +
-                        u": cam 5: its description is not kept, because it has no phase in any "
-                        "size\n");
+    const QString told = file + u": description of cam 5: \"ARM\" now, none from the file\n" +
+                         file + u": size 2, cam 2: 006-009 now, nothing from the file\n";
+    QCOMPARE(f.err, told);
+    f.Run({u"check"_qs, u"--survive"_qs, Sample("press.CAM")});
+    QCOMPARE(f.status, 1);
+    QVERIFY(f.out.contains(u"cam 13: \"BLOW OFF DIE 3\" now, none in the programmer\n"_qs));
   }
 
   void FunctionsCommand() {
