@@ -19,6 +19,9 @@ if(NIRA_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
+if(NIRA_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
 
 # It links the test programs several times as fast as the default linker.
 if(NIRA_LLD)
