@@ -61,7 +61,9 @@ Monit_Com::Monit_Com(Comm& comm, QWidget* parent)
   picture1_->setObjectName(QStringLiteral("Picture1"));
   auto* counts = new QHBoxLayout;
   counts->setSpacing(8);
-  for (QLabel* count : {items_, frames_, seconds_}) counts->addWidget(count);
+  counts->addWidget(items_, 5);  // "MESSAGGIO 255 DI 255" is the longest
+  counts->addWidget(frames_, 3);
+  counts->addWidget(seconds_, 4);
 
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(24, 16, 24, 24);

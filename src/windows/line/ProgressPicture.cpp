@@ -15,7 +15,7 @@ ProgressPicture::ProgressPicture(QWidget* parent) : QWidget(parent) {
 
 QSize ProgressPicture::sizeHint() const {
   const QFontMetrics metrics(font());
-  return {metrics.averageCharWidth() * 64, metrics.height() + 16};
+  return {metrics.averageCharWidth() * 72, metrics.height() + 16};
 }
 
 void ProgressPicture::Show(int percent) {
