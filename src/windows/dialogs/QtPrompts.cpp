@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTimer>
 
 namespace nira {
@@ -84,6 +85,12 @@ Answer AnswerOf(int button) {
   }
 }
 
+/// Every answer takes one key, also where the return key gives the harmless one: Qt leaves "OK"
+/// without.
+void GiveKey(QPushButton* button) {
+  if (button->text() == QStringLiteral("OK")) button->setText(QStringLiteral("&OK"));
+}
+
 /// An answer that was refused and comes back is shown with the offending character selected.
 void MarkRefused(QLineEdit* text) {
   const auto refused = FirstUntypable(text->text());
@@ -113,7 +120,7 @@ Answer QtPrompts::MsgBox(const QString& text, Buttons buttons, Icon icon, const 
   box.setWindowIcon(ProgramIcon());
   box.setTextFormat(Qt::PlainText);
   const auto offered = Offered(buttons);
-  for (const QMessageBox::StandardButton button : offered) box.addButton(button);
+  for (const QMessageBox::StandardButton button : offered) GiveKey(box.addButton(button));
   box.setDefaultButton(offered.constFirst());
   return AnswerOf(box.exec());
 }
