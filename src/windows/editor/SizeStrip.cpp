@@ -147,7 +147,9 @@ void SizeStrip::PaintCell(QPainter& painter, int size) const {
     painter.setPen(number);
     painter.drawText(cell, Qt::AlignCenter, ZeroFilled(size, 2));
   } else if (used) {  // where there is no room for its number
-    painter.fillRect(QRect(cell.center() - QPoint(0, 3), QSize(2, 7)), number);
+    QRect mark(0, 0, 2, std::min(7, cell.height()));
+    mark.moveCenter(cell.center());
+    painter.fillRect(mark, number);
   }
 }
 
