@@ -20,6 +20,9 @@ class Manual : public QWidget {
   /// Opens the manual of a window, which is made the first time, or brings it to the front.
   static void Open(QWidget* window, const MessageTable& texts);
 
+  /// Also after another language was chosen.
+  void ShowTexts();
+
  private:
   Manual(const MessageTable& texts, QWidget* window);
 
@@ -27,7 +30,6 @@ class Manual : public QWidget {
   void BuildLayout();
   void Typeset();
   void ListHeadings();
-  void ShowTexts();
   void GoTo(int row);
   void Find();
 

@@ -297,6 +297,7 @@ bool MainWindow::LoadTexts() {
                       instance_.Text(TextNumber::PhasesWord), instance_.Text(TextNumber::NoPhase)});
   extras_->ShowTexts(instance_.Texts);
   start_->ShowTexts();
+  if (auto* manual = findChild<Manual*>()) manual->ShowTexts();
   device_->ShowPort();
   instance_.Dialog.FolderNotFound = instance_.Text(TextNumber::FolderNotFound);
   return true;

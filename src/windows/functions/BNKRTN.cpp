@@ -158,6 +158,8 @@ QGridLayout* BNKRTN::BuildLamps() {
   for (int cam = 0; cam < program_.NumCams(); ++cam) {
     auto* lamp = new CamLamp(cam, program_.CamText(cam));
     connect(lamp, &CamLamp::DblClick, this, [this, cam] { Label1_DblClick(cam); });
+    connect(lamp, &CamLamp::Moved, this,
+            [this, cam](int columns, int rows) { FocusLamp(cam + columns + rows * lampColumns); });
     grid->addWidget(lamp, cam / lampColumns, cam % lampColumns);
     label1_.push_back(lamp);
   }
@@ -189,6 +191,9 @@ void BNKRTN::BuildLayout() {
   setTabOrder(strt_, stp_);
   setTabOrder(stp_, command1_);
   setTabOrder(command1_, circle_);
+  CamLamp* lamp = label1_.at(static_cast<std::size_t>(program_.CurrentCam()));
+  lamp->setFocusPolicy(Qt::TabFocus);  // one of them; the arrow keys lead to the others
+  setTabOrder(circle_, lamp);
   constexpr QSize frame(8, 40);  // what borders and title bar take, on the generous side
   resize(QSize(1100, 860).boundedTo(screen()->availableSize() - frame));
 }
@@ -309,6 +314,11 @@ void BNKRTN::Circle_Asked(int degree) {
 void BNKRTN::Label1_DblClick(int cam) {
   program_.SelectCam(cam);
   close();
+}
+
+void BNKRTN::FocusLamp(int cam) {
+  if (cam < 0 || cam >= static_cast<int>(label1_.size())) return;
+  label1_[static_cast<std::size_t>(cam)]->setFocus();
 }
 
 void BNKRTN::hideEvent(QHideEvent* event) {

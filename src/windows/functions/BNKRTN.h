@@ -50,6 +50,7 @@ class BNKRTN : public QDialog {
   void Timer1_Timer();
   void Timer2_Timer();
   void Label1_DblClick(int cam);
+  void FocusLamp(int cam);
   void Circle_Asked(int degree);
 
   bool IsTurning() const;

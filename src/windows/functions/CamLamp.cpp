@@ -4,6 +4,7 @@
 #include "controls/CamBar.h"
 #include "controls/PlainTip.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -61,6 +62,10 @@ QRect CamLamp::LampPlace() const {
 
 void CamLamp::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
+  if (hasFocus()) {
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+  }
   const QRect place = LampPlace();
   if (event->region().intersects(place)) PaintLamp(painter, place);
   const QRect below(0, place.bottom() + 1 + lampGap, width(), height());
@@ -87,6 +92,25 @@ void CamLamp::PaintLamp(QPainter& painter, const QRect& place) const {
 
 void CamLamp::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) Q_EMIT DblClick();
+}
+
+void CamLamp::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Left:
+      return Q_EMIT Moved(-1, 0);
+    case Qt::Key_Right:
+      return Q_EMIT Moved(1, 0);
+    case Qt::Key_Up:
+      return Q_EMIT Moved(0, -1);
+    case Qt::Key_Down:
+      return Q_EMIT Moved(0, 1);
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+      return Q_EMIT DblClick();
+    default:
+      QWidget::keyPressEvent(event);
+  }
 }
 
 }  // namespace nira

@@ -28,9 +28,15 @@ class CamLamp : public QWidget {
  Q_SIGNALS:
   void DblClick();
 
+  /// An arrow key: the lamp so many places further on is meant.
+  void Moved(int columns, int rows);
+
  protected:
   void paintEvent(QPaintEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent*) override { update(); }
+  void focusOutEvent(QFocusEvent*) override { update(); }
 
  private:
   QFont TextFont() const;

@@ -195,7 +195,11 @@ class BNKRTNTest : public QObject {
     WhenOpens<BNKRTN>([](BNKRTN* demo) {
       QTest::mouseClick(demo->findChild<QPushButton*>(u"Strt"_qs), Qt::LeftButton);
       demo->findChild<QScrollBar*>(u"VScrForm"_qs)->setValue(3);
-      QTest::mouseDClick(demo->findChild<QWidget*>(u"Label1_6"_qs), Qt::LeftButton);
+      demo->findChild<QWidget*>(u"Label1_0"_qs)->setFocus();
+      for (const auto key :
+           {Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Left, Qt::Key_Return}) {
+        QTest::keyClick(demo->focusWidget(), key);
+      }
     });
     f.Choose("O_Rot");
     QCOMPARE(f.Text("SizeCam"), u"F03 C07"_qs);
