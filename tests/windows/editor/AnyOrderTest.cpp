@@ -11,6 +11,19 @@ namespace {
 
 using Action = std::function<void(WindowFixture&)>;
 
+/// Presses where the bar of the selected cam is ON for the first time, and drags from there.
+void Drag(const WindowFixture& f, int pixels) {
+  auto* bar = f.Find<CamBar>(u"Barra_%1"_qs.arg(f.program.CurrentCam()));
+  if (bar->Shown().runs.empty()) return;
+  const QPoint from = bar->BoxOf(bar->Shown().runs.front()).center();
+  QTest::mouseClick(bar, Qt::LeftButton, {}, from);
+  QTest::mousePress(bar, Qt::LeftButton, {}, from);
+  const QPoint to = from + QPoint(pixels, 0);
+  QMouseEvent move(QEvent::MouseMove, to, bar->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
+  QApplication::sendEvent(bar, &move);
+  QTest::mouseRelease(bar, Qt::LeftButton, {}, to);
+}
+
 /// The first of the actions may be no commands: they write into a box, or do nothing.
 constexpr qsizetype writing = 12;
 
@@ -42,6 +55,9 @@ const QList<std::pair<const char*, Action>>& Actions() {
       {"save", [](auto& f) { f.Click(u"Sv_Fil"_qs); }},
       {"drop", [](auto& f) { f.Drop({QUrl::fromLocalFile(f.Path(u"press.CAM"_qs))}); }},
       {"recent", [](auto& f) { f.Choose("F_Mnu_oldF_1"); }},
+      {"drag", [](auto& f) { Drag(f, 97); }},
+      {"drag back", [](auto& f) { Drag(f, -301); }},
+      {"size by key", [](auto& f) { f.Press(Qt::Key_PageUp, Qt::ControlModifier); }},
       {"list",
        [](auto& f) {
          const auto* list = f.template Find<QListWidget>(u"Fase"_qs);
