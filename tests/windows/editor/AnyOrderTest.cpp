@@ -25,7 +25,7 @@ void Drag(const WindowFixture& f, int pixels) {
 }
 
 /// The first of the actions may be no commands: they write into a box, or do nothing.
-constexpr qsizetype writing = 12;
+constexpr qsizetype writing = 15;
 
 const QList<std::pair<const char*, Action>>& Actions() {
   static const QList<std::pair<const char*, Action>> actions = {
@@ -43,6 +43,13 @@ const QList<std::pair<const char*, Action>>& Actions() {
        [](auto& f) {
          if (f.Find(u"GRADIOFF"_qs)->isVisible()) f.Click(u"GRADIOFF"_qs);
        }},
+      {"drag", [](auto& f) { Drag(f, 97); }},
+      {"drag back", [](auto& f) { Drag(f, -301); }},
+      {"list",
+       [](auto& f) {
+         const auto* list = f.template Find<QListWidget>(u"Fase"_qs);
+         if (list->count() > 0) f.ClickLine(list->count() / 2);
+       }},
       {"Undo", [](auto& f) { f.Choose("o_Undo"); }},
       {"Enter", [](auto& f) { f.Type(u"\r"_qs); }},
       {"Ins", [](auto& f) { f.Press(Qt::Key_Insert); }},
@@ -55,14 +62,7 @@ const QList<std::pair<const char*, Action>>& Actions() {
       {"save", [](auto& f) { f.Click(u"Sv_Fil"_qs); }},
       {"drop", [](auto& f) { f.Drop({QUrl::fromLocalFile(f.Path(u"press.CAM"_qs))}); }},
       {"recent", [](auto& f) { f.Choose("F_Mnu_oldF_1"); }},
-      {"drag", [](auto& f) { Drag(f, 97); }},
-      {"drag back", [](auto& f) { Drag(f, -301); }},
       {"size by key", [](auto& f) { f.Press(Qt::Key_PageUp, Qt::ControlModifier); }},
-      {"list",
-       [](auto& f) {
-         const auto* list = f.template Find<QListWidget>(u"Fase"_qs);
-         if (list->count() > 0) f.ClickLine(list->count() / 2);
-       }},
   };
   return actions;
 }
