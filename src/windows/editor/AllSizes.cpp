@@ -9,6 +9,7 @@
 #include "model/Switching.h"
 
 #include <QCheckBox>
+#include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -64,8 +65,6 @@ void AllSizes::BuildControls() {
   diagram_->SetWords({instance_.Text(TextNumber::SizeWord), instance_.Text(TextNumber::PhaseWord),
                       instance_.Text(TextNumber::PhasesWord), instance_.Text(TextNumber::NoPhase)});
   diagram_->setFocusPolicy(Qt::StrongFocus);
-  diagram_->SetWords({instance_.Text(TextNumber::SizeWord), instance_.Text(TextNumber::PhaseWord),
-                      instance_.Text(TextNumber::PhasesWord), instance_.Text(TextNumber::NoPhase)});
   constexpr int scalePixels = 12;
   diagram_->Rescale(scalePixels);
   scroll_ = new QScrollBar(Qt::Vertical);
@@ -108,7 +107,8 @@ void AllSizes::BuildLayout() {
   QFont bold = title->font();
   bold.setBold(true);
   title->setFont(bold);
-  auto* close = new QPushButton(QStringLiteral("&Close"));
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);  // in the script's language
+  QPushButton* close = buttons->button(QDialogButtonBox::Close);
   close->setObjectName(QStringLiteral("SizesClose"));
   close->setAutoDefault(false);  // Enter is for the size
   connect(close, &QPushButton::clicked, this, &QDialog::close);
@@ -122,7 +122,7 @@ void AllSizes::BuildLayout() {
   rows->addWidget(scroll_);
   auto* foot = new QHBoxLayout;
   foot->addWidget(reading_, 1);
-  foot->addWidget(close);
+  foot->addWidget(buttons);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(12, 12, 12, 12);
   layout->setSpacing(8);
