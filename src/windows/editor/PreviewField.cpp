@@ -71,6 +71,8 @@ void PreviewField::ShowPreview(const PhasePreview& preview, bool unasked, const 
   if (preview.neighbourGoes) minded.append(texts.Text(TextNumber::PreviewNeighbour));
   if (!preview.keptInFile) minded.append(texts.Text(TextNumber::PreviewNotKept));
   amber_ = !minded.isEmpty();
+  const bool one = preview.changes.size() == 1 && preview.comes.size() == 1;
+  length_ = one ? Length(preview.changes.front().after, speed) : QString();
   QStringList words;
   for (const PhaseChange& change : preview.changes) words.append(Words(change, texts, speed));
   if (words.isEmpty()) words.append(texts.Text(TextNumber::PreviewNothing));
@@ -94,16 +96,26 @@ void PreviewField::paintEvent(QPaintEvent*) {
   painter.setPen(amber_ ? QColor::fromRgb(amberText) : colours.color(QPalette::Text));
   const int half = height() / 2;
   const QRect first(edge + margin, 0, width() - edge - 2 * margin, half);
-  const QStringList lines = text().split(u'\n');
-  for (int line = 0; line < 2; ++line) {
-    QFont type = font();
-    type.setBold(line == 0);
+  QFont bold = font();
+  bold.setBold(true);
+  const QString heading = text().section(u'\n', 0, 0);
+  QString words = text().section(u'\n', 1);
+  const auto paint = [&](const QFont& type, const QRect& place, int side, const QString& line) {
     painter.setFont(type);
-    const QString shown =
-        QFontMetrics(type).elidedText(lines.value(line), Qt::ElideRight, first.width());
-    painter.drawText(first.translated(0, line * half), Qt::AlignVCenter | Qt::TextSingleLine,
-                     shown);
+    painter.drawText(place, side | Qt::AlignVCenter | Qt::TextSingleLine,
+                     QFontMetrics(type).elidedText(line, Qt::ElideRight, place.width()));
+  };
+  // Where the words leave no room for the length it stands beside the heading.
+  const QFontMetrics plain(font());
+  const bool fits = plain.horizontalAdvance(words) <= first.width();
+  const int above =
+      QFontMetrics(bold).horizontalAdvance(heading) + plain.horizontalAdvance(length_);
+  if (!fits && above <= first.width()) {
+    words.chop(length_.size());
+    paint(font(), first, Qt::AlignRight, length_);
   }
+  paint(bold, first, Qt::AlignLeft, heading);
+  paint(font(), first.translated(0, half), Qt::AlignLeft, words);
 }
 
 }  // namespace nira

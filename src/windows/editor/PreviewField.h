@@ -27,6 +27,7 @@ class PreviewField : public QLabel {
 
  private:
   bool amber_ = false;
+  QString length_;  // at the end of the words, of the one phase that comes
 };
 
 }  // namespace nira
