@@ -49,6 +49,11 @@ CamDiagram::CamDiagram(Kind kind, QWidget* parent)
   connect(drag_, &RunDrag::Dragged, this, &CamDiagram::Dragged);
   connect(drag_, &RunDrag::Dropped, this, &CamDiagram::Dropped);
   connect(drag_, &RunDrag::GivenUp, this, &CamDiagram::DragGivenUp);
+  // The flag of the end that is dragged is not covered by the degree of the pointer beside it.
+  connect(drag_, &RunDrag::Dragged, phaseMarks_, &QWidget::raise);
+  const auto over = [this] { phaseMarks_->stackUnder(line_); };
+  connect(drag_, &RunDrag::Dropped, this, over);
+  connect(drag_, &RunDrag::GivenUp, this, over);
   setMouseTracking(true);
   setFocusPolicy(Qt::TabFocus);
   BuildScale();
@@ -113,6 +118,7 @@ void CamDiagram::ShowRows(int numCams) {
     row.bar->setVisible(cam < numCams);
   }
   Arrange();
+  if (line_->Degree() >= 0) Read();
 }
 
 void CamDiagram::ShowNumber(int row, int number) {
@@ -161,6 +167,7 @@ void CamDiagram::ShowDescription(int cam, const QString& text) {
 void CamDiagram::SetWords(const std::array<QString, 4>& words) {
   words_ = words;
   for (int row = 0; row < kind_.most; ++row) NameRow(row);
+  if (line_->Degree() >= 0) Read();
 }
 
 /// "CAM 11 BLOW OFF DIE 1, 2 phases: 203-224, 247-260".
