@@ -55,7 +55,6 @@ class StartPanel : public QFrame {
   void BuildRecent(QVBoxLayout& layout);
   void AddButton(QVBoxLayout& layout, TextNumber caption, QAction* entry);
   void Place();
-  QString Model(TextNumber text, const QStringList& values) const;
 
   const Instance& instance_;
   Entries entries_;
