@@ -503,7 +503,6 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) return false;
   if (Blocked()) return false;
   if (static_cast<QWidget*>(watched)->window() != this) return false;
-  if (watched == strip_) return false;  // has keys of its own
   const auto* key = static_cast<QKeyEvent*>(event);
   if ((key->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return false;
   return KeyDown(key->key());

@@ -199,10 +199,6 @@ void SizeStrip::keyPressEvent(QKeyEvent* event) {
       return Q_EMIT Chosen(std::max(1, current_ - 1));
     case Qt::Key_Right:
       return Q_EMIT Chosen(std::min(numSizes_, current_ + 1));
-    case Qt::Key_Home:
-      return Q_EMIT Chosen(1);
-    case Qt::Key_End:
-      return Q_EMIT Chosen(numSizes_);
     default:
       QWidget::keyPressEvent(event);
   }

@@ -34,7 +34,7 @@ class SizeStrip : public QWidget {
   QSize minimumSizeHint() const override { return sizeHint(); }
 
  Q_SIGNALS:
-  /// A size (from 1), by a click or by the arrow keys, Home and End.
+  /// A size (from 1), by a click or by Left and Right.
   void Chosen(int size);
 
  protected:
