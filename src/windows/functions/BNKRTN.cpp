@@ -76,7 +76,6 @@ void BNKRTN::BuildControls() {
   lVeloc_->setText(QStringLiteral("00.00"));
   target_ = NumberLabel("LTarget", targetDigits, QStringLiteral("0000.00"));
   strt_ = DemoButton("Strt", "&START");
-  strt_->setDefault(true);
   stp_ = DemoButton("Stp", "S&TOP");
   command1_ = DemoButton("Command1", "&Close");
   turn_ = new QTimer(this);
@@ -186,6 +185,7 @@ void BNKRTN::BuildLayout() {
   const int rows = (program_.NumCams() + lampColumns - 1) / lampColumns;
   layout->addLayout(top, 6);
   layout->addLayout(BuildLamps(), rows);
+  strt_->setDefault(true);  // in the window: else another one would be chosen when it opens
   setTabOrder(vScrForm_, scrolVel_);
   setTabOrder(scrolVel_, strt_);
   setTabOrder(strt_, stp_);

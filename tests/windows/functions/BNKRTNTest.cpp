@@ -140,9 +140,10 @@ class BNKRTNTest : public QObject {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
     QCOMPARE(d.Text("Vgradi"), u"000"_qs);
     QVERIFY(d.Find("Label1_4")->accessibleName() == u"C5 , OFF"_qs);
-    QTest::mouseClick(circle, Qt::LeftButton, {}, QPoint(1, 1));  // beside the circle
-    d.Click("Strt");
+    QTest::mouseClick(circle, Qt::LeftButton, {}, QPoint(1, 1));   // beside the circle
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);  // START
     press(90);
+    QVERIFY(d.IsTurning());
     QCOMPARE(d.Degree(), u"000"_qs);
   }
 
