@@ -472,15 +472,21 @@ void CamDiagram::keyPressEvent(QKeyEvent* event) {
   if (line_->Pinned() && (left || event->key() == Qt::Key_Right)) {
     line_->Step(left ? -step : step);
     Read();
-  } else if (line_->Pinned() && event->key() == Qt::Key_Escape) {
-    line_->Free();
-    Read();
-    Q_EMIT Freed();
+  } else if (event->key() == Qt::Key_Escape && FreeLines()) {
+    return;
   } else if (event->key() == Qt::Key_Space || (enter && kind_.enterPins)) {
     PinAtLine();
   } else {
     QWidget::keyPressEvent(event);
   }
+}
+
+bool CamDiagram::FreeLines() {
+  if (!line_->Pinned()) return false;
+  line_->Free();
+  Read();
+  Q_EMIT Freed();
+  return true;
 }
 
 void CamDiagram::PointAt(const QPoint& place) {

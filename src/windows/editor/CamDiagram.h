@@ -72,6 +72,9 @@ class CamDiagram : public QWidget {
   /// each row then.
   void ShowSpeed(int speed, const std::vector<Switching>& rows);
 
+  /// Takes the pinned lines away; false when there is none.
+  bool FreeLines();
+
   /// What is being dragged is put back.
   void PutBack();
 

@@ -508,6 +508,12 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
   return KeyDown(key->key());
 }
 
+/// Escape where no control has a use for it frees the pinned lines.
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+  const bool freed = event->key() == Qt::Key_Escape && diagram_->FreeLines();
+  if (!freed) QMainWindow::keyPressEvent(event);
+}
+
 void MainWindow::SelectLanguage() {
   if (!languages_.ChooseScript(this)) return;
   // When they cannot be written the choice holds for this run.

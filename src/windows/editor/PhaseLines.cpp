@@ -41,6 +41,8 @@ void PhaseLines::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
       return Q_EMIT EnterPressed();
+    case Qt::Key_Escape:
+      return event->ignore();  // the window's
     default:
       if (digit) return Q_EMIT DigitTyped(text);
   }

@@ -250,6 +250,7 @@ class DiagramTest : public QObject {
     PinAt(f, 105);
     QCOMPARE(f.Text("StatusDegree"), u"grado 105  +106°  ON: 4"_qs);
     f.Press(Qt::Key_PageDown);
+    f.Find(u"Fase"_qs)->setFocus();
     f.Press(Qt::Key_Escape);
     QCOMPARE(f.Text("StatusDegree"), u"grado 020"_qs);
     QCOMPARE(f.Focus(), u"Fase"_qs);
