@@ -554,6 +554,7 @@ void PhaseEntry::StepCam(char16_t code) {
       break;
   }
   program.SelectCam(std::clamp(cam, 0, last));
+  Preview();  // a full box keeps its text
 }
 
 void PhaseEntry::GRADION_LostFocus() {

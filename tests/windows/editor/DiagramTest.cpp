@@ -425,6 +425,8 @@ class DiagramTest : public QObject {
     const QString both = u"nuova fase 350-014  24°; cancella F001 015-105"_qs;
     QCOMPARE(told(), u"! sparisce una fase vicina\n"_qs + both);
     QCOMPARE(f.Runs(1, 3), u"15-105"_qs);
+    f.Type(u"0#"_qs);  // to an empty cam; the box is full
+    QCOMPARE(told(), u"Invio, Invio:\nnuova fase 350-140  150°"_qs);
   }
 
   /// With a speed: times beside degrees, and below the drawn runs where the outputs really switch.
