@@ -188,6 +188,7 @@ void PhaseEntry::ShowPhases(const PhaseList& phases) {
   const bool sameCam = std::exchange(shown_, Selected()) == Selected();
   const Phase selected = sameCam ? Chosen().value_or(Phase{}) : Phase{};
   const int scrolled = sameCam ? fase_->verticalScrollBar()->value() : 0;
+  if (!sameCam && entered_ == Box::None) edited_ = false;  // what was typed was for another cam
   fase_->clear();
   fase_->addItems(phases.Lines());
   phases_ = phases.phases;

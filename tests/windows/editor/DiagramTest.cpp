@@ -426,7 +426,13 @@ class DiagramTest : public QObject {
     QCOMPARE(told(), u"! sparisce una fase vicina\n"_qs + both);
     QCOMPARE(f.Runs(1, 3), u"15-105"_qs);
     f.Type(u"0#"_qs);  // to an empty cam; the box is full
-    QCOMPARE(told(), u"Invio, Invio:\nnuova fase 350-140  150°"_qs);
+    const QString typed = u"nuova fase 350-140  150°"_qs;
+    QCOMPARE(told(), u"Invio, Invio:\n"_qs + typed);
+    f.Type(u"\r7"_qs);
+    f.Click(u"LabCam_9"_qs);
+    f.Find(u"Fase"_qs)->setFocus();
+    f.Press(Qt::Key_PageDown);  // what was typed was meant for another cam
+    QVERIFY(told().startsWith(u"! coppia non in elenco\nnuova fase 007-"_qs));
   }
 
   /// With a speed: times beside degrees, and below the drawn runs where the outputs really switch.
