@@ -31,6 +31,8 @@ constexpr int largestRowText = 18;
 constexpr int columnGap = 8;
 constexpr int lampColumn = DiagramPlace::LampSide + 2 * columnGap;  // the lamp between two gaps
 constexpr int tick = 5;
+// Of what is shown before it is arranged: Qt need not ask it how large it would like to be.
+constexpr QSize unarranged(64, 16);
 constexpr int longTick = DiagramPlace::Tick;
 
 QString Indexed(const char* name, int index) {
@@ -78,6 +80,7 @@ void CamDiagram::BuildRow(int cam) {
   for (QWidget* widget : {static_cast<QWidget*>(row.number), static_cast<QWidget*>(row.description),
                           static_cast<QWidget*>(row.bar)}) {
     widget->installEventFilter(this);
+    widget->resize(unarranged);
   }
   connect(row.number, &CamLabel::Click, this, [this, cam] { Q_EMIT LabCam_Click(cam); });
   connect(row.number, &CamLabel::DblClick, this, [this, cam] { Q_EMIT LabCam_DblClick(cam); });
@@ -92,6 +95,7 @@ void CamDiagram::BuildScale() {
     auto* mark = new QLabel(QString::number(i * 90), this);
     mark->setObjectName(QString::fromLatin1(names[static_cast<std::size_t>(i)]));
     mark->setAlignment(Qt::AlignCenter);
+    mark->resize(unarranged);
     marks_[static_cast<std::size_t>(i)] = mark;
   }
   // The four sides of the diagram, then the three quarters between the rows.
@@ -194,12 +198,8 @@ void CamDiagram::MarkPhase(int cam, const std::optional<Phase>& phase) {
 
 /// A number of the scale that a flag would cover half is not shown; the lower scale has it.
 void CamDiagram::ClearFlags() {
-  const QFontMetrics metrics(ScaleFont());
-  for (QLabel* mark : marks_) {
-    QRect digits = metrics.boundingRect(mark->text());
-    digits.moveCenter(mark->geometry().center());
-    mark->setVisible(!phaseMarks_->Covers(digits));
-  }
+  if (scalePixels_ == 0) return;
+  for (QLabel* mark : marks_) mark->setVisible(!phaseMarks_->Covers(mark->geometry()));
 }
 
 void CamDiagram::ShowPreview(int cam, const std::vector<Phase>& goes,
@@ -231,6 +231,7 @@ void CamDiagram::Rescale(int scalePixels) {
 }
 
 void CamDiagram::SetScale() {
+  if (scalePixels_ == 0) return;
   place_.unitsPerDegree = place_.bars.width() / 359.0;
   for (const Row& row : rows_) row.bar->SetScale(place_.unitsPerDegree);
   phaseMarks_->Arrange(place_, scalePixels_);
@@ -242,6 +243,7 @@ void CamDiagram::SetScale() {
 }
 
 void CamDiagram::Arrange() {
+  if (scalePixels_ == 0) return;
   const QFontMetrics scaleMetrics(ScaleFont());
   const int scaleHeight = ScaleHeight();
   const int room = std::max(0, height() - 2 * scaleHeight);
@@ -301,7 +303,7 @@ void CamDiagram::ArrangeScale() {
   const QFont scale = ScaleFont();
   const QFontMetrics metrics(scale);
   const QRect& bars = place_.bars;
-  const int markWidth = metrics.horizontalAdvance(QStringLiteral("0000"));
+  const int markWidth = metrics.horizontalAdvance(QStringLiteral("000")) + 2;
   for (int i = 0; i < Quarters; ++i) {
     QLabel* mark = marks_[static_cast<std::size_t>(i)];
     mark->setFont(scale);

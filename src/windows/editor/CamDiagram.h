@@ -173,7 +173,7 @@ class CamDiagram : public QWidget {
   RunDrag* drag_;
   SwitchingMarks* outputs_ = nullptr;  // made with the first speed
   int speed_ = 0;
-  int scalePixels_ = 11;
+  int scalePixels_ = 0;  // until it is known nothing is arranged
 };
 
 }  // namespace nira
