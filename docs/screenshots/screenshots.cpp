@@ -5,9 +5,9 @@
 // "bare" is a dark theme that leaves roles to Qt. Made for the platform "offscreen".
 
 #include "SimulatedSerial.h"
-#include "controls/ProgramStyle.h"
 #include "editor/CamDiagram.h"
 #include "support/DeviceFixture.h"
+#include "support/Themes.h"
 #include "support/WindowFixture.h"
 
 #include <QCommandLineParser>
@@ -22,37 +22,6 @@ struct Settings {
   QDir folder;
   QSize size;
   QString script;
-};
-
-QPalette DarkPalette(bool whole) {
-  QPalette dark;
-  const std::initializer_list<std::pair<QPalette::ColorRole, QRgb>> colours = {
-      {QPalette::Window, 0x2a2e32},    {QPalette::WindowText, 0xfcfcfc},
-      {QPalette::Base, 0x1b1e20},      {QPalette::Text, 0xfcfcfc},
-      {QPalette::Button, 0x31363b},    {QPalette::ButtonText, 0xfcfcfc},
-      {QPalette::Highlight, 0x3daee9}, {QPalette::HighlightedText, 0xfcfcfc},
-  };
-  for (const auto& [role, colour] : colours) dark.setColor(role, QColor(colour));
-  if (!whole) return dark;
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-    dark.setColor(QPalette::Disabled, role, QColor(0x6e, 0x71, 0x75));
-  }
-  dark.setColor(QPalette::AlternateBase, QColor(0x23, 0x26, 0x29));
-  dark.setColor(QPalette::Link, QColor(0x1d, 0x99, 0xf3));
-  return dark;
-}
-
-/// The style of the program on a desktop with colours of its own.
-class ThemedStyle : public ProgramStyle {
- public:
-  explicit ThemedStyle(const QPalette& colours) : colours_(colours) {}
-  void polish(QPalette& palette) override {
-    palette = colours_.resolve(palette);
-    ProgramStyle::polish(palette);
-  }
-
- private:
-  QPalette colours_;
 };
 
 void Take(const Settings& settings, const QString& name, QWidget* window) {
@@ -202,9 +171,10 @@ int main(int argc, char** argv) {
                           parser.value(script)};
   if (!QDir().mkpath(settings.folder.path())) return 1;
   const QString colours = parser.value(theme);
-  QApplication::setStyle(new ThemedStyle(colours == QLatin1String("light")
-                                             ? QPalette()
-                                             : DarkPalette(colours == QLatin1String("dark"))));
+  QPalette palette;
+  if (colours == QLatin1String("dark")) palette = Dark(true);
+  if (colours == QLatin1String("bare")) palette = Dark(false);
+  QApplication::setStyle(new ThemedStyle(palette));
   TakeMain(settings);
   TakeEmpty(settings);
   TakeOthers(settings);
