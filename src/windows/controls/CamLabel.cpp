@@ -13,10 +13,6 @@ CamLabel::CamLabel(QWidget* parent) : QLabel(parent) {
   setMouseTracking(true);
 }
 
-void CamLabel::ShowText(const QString& text) {
-  setText(text);
-}
-
 /// Measured once for a text, its type and its room.
 const QString& CamLabel::Shown() {
   const int room = contentsRect().width() - 2 * margin();

@@ -13,8 +13,6 @@ class CamLabel : public QLabel {
  public:
   explicit CamLabel(QWidget* parent);
 
-  void ShowText(const QString& text);
-
  Q_SIGNALS:
   void Click();
   void DblClick();

@@ -87,7 +87,7 @@ void AllSizes::ConnectAll() {
   connect(diagram_, &CamDiagram::Bar_DblClick, this, &QDialog::accept);
   connect(diagram_, &CamDiagram::LineRead, this,
           [this](int degree, int difference, const QString& on) {
-            reading_->ShowText(StatusLine::Reading(instance_, degree, difference, on));
+            reading_->setText(StatusLine::Reading(instance_, degree, difference, on));
           });
   connect(scroll_, &QScrollBar::valueChanged, this, &AllSizes::ShowRows);
   connect(hideEmpty_, &QCheckBox::toggled, this, [this] {

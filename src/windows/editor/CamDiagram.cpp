@@ -157,14 +157,14 @@ void CamDiagram::ShowCam(int cam, const PhaseList& phases, bool selected, const 
     palette.setColor(QPalette::WindowText, front);
     row.description->setPalette(palette);
   }
-  row.description->ShowText(text);
+  row.description->setText(text);
   if (outputs_ != nullptr) outputs_->Follow(cam);
   if (read) NameRow(cam);
   if (read && line_->Degree() >= 0) Read();
 }
 
 void CamDiagram::ShowDescription(int cam, const QString& text) {
-  rows_.at(static_cast<std::size_t>(cam)).description->ShowText(text);
+  rows_.at(static_cast<std::size_t>(cam)).description->setText(text);
   NameRow(cam);
 }
 

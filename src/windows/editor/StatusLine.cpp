@@ -116,7 +116,7 @@ void StatusLine::ShowFile() {
 }
 
 void StatusLine::ShowLine(int degree, int difference, const QString& on) {
-  degree_->ShowText(Reading(instance_, degree, difference, on));
+  degree_->setText(Reading(instance_, degree, difference, on));
 }
 
 QString StatusLine::Reading(const Comm& comm, int degree, int difference, const QString& on) {

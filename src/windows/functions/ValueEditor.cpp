@@ -94,7 +94,7 @@ void ValueEditor::ShowUnit(FunctionValue value) {
 
 void ValueEditor::ShowCam(int cam, const QString& description) {
   const QString number = texts_.Text(TextNumber::CamWord).left(1) + ZeroFilled(cam + 1, 2);
-  description_->ShowText(QString(number + u' ' + description).trimmed());
+  description_->setText(QString(number + u' ' + description).trimmed());
 }
 
 QString ValueEditor::Title() const {

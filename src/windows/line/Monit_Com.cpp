@@ -3,6 +3,7 @@
 
 #include "controls/BusyPointer.h"
 #include "ground/ProgramTitle.h"
+#include "ground/Text.h"
 #include "line/TransferJobs.h"
 
 #include <QCloseEvent>
@@ -117,12 +118,9 @@ void Monit_Com::Progress(int percent) {
 
 void Monit_Com::Count(const TransferCount& count) {
   const auto text = [this](TextNumber number, std::initializer_list<int> values) {
-    QString filled = comm_.Text(number);
-    int place = 0;
-    for (const int value : values) {
-      filled.replace(u'%' + QString::number(++place), QString::number(value));
-    }
-    return filled;
+    QStringList numbers;
+    for (const int value : values) numbers.append(QString::number(value));
+    return Filled(comm_.Text(number), numbers);
   };
   const auto item = count.Sizes ? TextNumber::SizeOfSizes : TextNumber::MessageOfMessages;
   Write(items_, count.Item > 0 ? text(item, {count.Item, count.Items}) : QString());
